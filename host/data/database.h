@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+
+#include "collab/ado.h"
+
+/// The reference host's drivers behind the data-access contract.
+namespace kt7::data {
+
+/// A closed connection; Open takes one from the pool of its connection string.
+std::unique_ptr<ado::Connection> createConnection();
+std::unique_ptr<ado::Recordset> createRecordset();
+
+/// First column of the first row of a SELECT whose "?" are bound to the texts; null without a row.
+Value askOne(const ado::ActiveConnection& on, const std::string& sql,
+             std::span<const std::string> parameters);
+
+/// "SQLITE", "MYSQL", "POSTGRESQL" or what the driver answers; a database error for a connection
+/// string without a known driver.
+std::string databaseType(const std::string& connectionString);
+
+/// Makes the empty database that the connection string names where its engine keeps it in a file;
+/// a database error when it cannot be made. Opening never makes one.
+void createDatabase(const std::string& connectionString);
+
+/// The connection string without its password, for messages.
+std::string shownConnectionString(const std::string& connectionString);
+
+/// A connection that forwards to another (a trace, a fault injector). Recordsets and lookups look
+/// through it.
+class WrappedConnection : public ado::Connection {
+ public:
+  virtual ado::Connection& inner() = 0;
+};
+
+}  // namespace kt7::data
