@@ -1,0 +1,121 @@
+#include "run.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <vector>
+
+#include "base/error.h"
+#include "nearest_name.h"
+
+namespace kt7::cli {
+
+namespace {
+
+constexpr std::array kCommands{&addInit, &addImport, &addCall, &addRpc, &addSetting};
+
+constexpr const char* kVersionText = "kt7hr " KT7HR_VERSION;
+
+constexpr const char* kFirstSteps = R"(kt7hr runs payroll and personnel rules on a company's own database.
+
+Try first:
+  export KT7HR_DB='Driver=SQLite;Database=company.db'
+  kt7hr init --sample              a database with a sample company
+  kt7hr payroll --month 2026-01    the pay of January 2026
+  kt7hr call GETDAYRATE '{"EmployeeCode":"E0001"}'
+
+All commands: kt7hr --help
+)";
+
+constexpr const char* kExample = R"(Example:
+  kt7hr init --sample --db 'Driver=SQLite;Database=company.db'
+
+Every command takes --db, or the variable KT7HR_DB, and has a --help of its own.
+Exit codes: 0 done, 1 failed, 2 wrong use.)";
+
+void say(Console& console, std::string text) {
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  console.err << "kt7hr: " << text << '\n';
+}
+
+void refuseUnknownCommand(const CLI::App& app, const std::string& word) {
+  if (word.empty() || word.front() == '-') return;
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
+  if (std::find(names.begin(), names.end(), word) != names.end()) return;
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  throw WrongUse("no command '" + word + "'" + didYouMean(word, views) +
+                 "; kt7hr --help shows all commands");
+}
+
+/// The innermost subcommand that the line named, for the hint below an error.
+const CLI::App* chosenCommand(const CLI::App& app) {
+  const CLI::App* chosen = &app;
+  while (!chosen->get_subcommands().empty()) chosen = chosen->get_subcommands().front();
+  return chosen;
+}
+
+std::string fullName(const CLI::App* command) {
+  const std::string own = command->get_name();
+  return command->get_parent() == nullptr ? own : fullName(command->get_parent()) + " " + own;
+}
+
+std::string nearestOption(const CLI::App* command, const std::string& message) {
+  const std::size_t at = message.rfind("--");
+  if (at == std::string::npos) return {};
+  std::vector<std::string> names;
+  for (const CLI::Option* option : command->get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  return didYouMean(message.substr(at, message.find_first_of(" =", at) - at), views);
+}
+
+int explain(const CLI::App& app, const CLI::ParseError& error, Console& console) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+    return app.exit(error, console.out, console.err);
+  }
+  const CLI::App* command = chosenCommand(app);
+  const bool unknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+  say(console, error.what() + (unknown ? nearestOption(command, error.what()) : "") + "; " +
+                   fullName(command) + " --help shows how");
+  return kWrongUse;
+}
+
+int runChosen(CommandLine& line) {
+  const int exitCode = line.chosen();
+  line.console.out.flush();
+  if (!line.console.out) throw std::runtime_error("the output could not be written");
+  return exitCode;
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv, Console& console) {
+  if (argc <= 1) {
+    console.out << kFirstSteps;
+    return kDone;
+  }
+  CommandLine line{console, {}};
+  CLI::App app("Payroll and personnel rules on a company's own database.", "kt7hr");
+  app.set_version_flag("--version", kVersionText, "Print the version and stop");
+  app.require_subcommand(1);
+  app.footer(kExample);
+  for (const auto add : kCommands) add(app, line);
+  try {
+    refuseUnknownCommand(app, argv[1]);
+    app.parse(argc, argv);
+    return runChosen(line);
+  } catch (const CLI::ParseError& error) {
+    return explain(app, error, console);
+  } catch (const WrongUse& error) {
+    say(console, error.what());
+    return kWrongUse;
+  } catch (const std::exception& error) {
+    say(console, error.what());
+    return kFailed;
+  }
+}
+
+}  // namespace kt7::cli
