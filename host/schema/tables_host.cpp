@@ -1,0 +1,28 @@
+#include "host/schema/table_groups.h"
+
+namespace kt7::schema {
+
+std::vector<Table> hostTables() {
+  return {
+      table("KT7TUserEmpType", "TUET",
+            {code("TUETTCmGAlias"), whole("TUETTUsrID"), code("TUETTEmTCode"), text("TUETWelfare"),
+             text("TUETSalary")},
+            {unique("TUETTCmGAlias, TUETTUsrID, TUETTEmTCode")}),
+      table("KT7TUserBranch", "TUsB",
+            {code("TUsBTCmGAlias"), whole("TUsBTUsrID"), code("TUsBTBraCode")},
+            {unique("TUsBTCmGAlias, TUsBTUsrID, TUsBTBraCode")}),
+      table("KT7TUser", "TUsr", {whole("TUsrID"), text("TUsrName"), small("TUsrIsAdministrator")},
+            {unique("TUsrID")}),
+      table("KT7TUserModule", "TUMd",
+            {whole("TUMdTUsrID"), code("TUMdTCmGAlias"), small("TUMdIsAdministrator")},
+            {unique("TUMdTUsrID, TUMdTCmGAlias")}),
+      table("KT7TUserRight", "TUsR", {whole("TUsRTUsrID"), code("TUsRKey")},
+            {unique("TUsRTUsrID, TUsRKey")}),
+      table("KT7TSetting", "TSet",
+            {code("TSetKey"), number("TSetNumber"), text("TSetText", kNoteLength)},
+            {unique("TSetKey")}),
+      table("KT7TSchema", "TSch", {whole("TSchVersion")}, {}),
+  };
+}
+
+}  // namespace kt7::schema
