@@ -1,0 +1,58 @@
+#include "host/roles/host_platform.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+#include "host/data/database.h"
+#include "host/roles/host_data_tool.h"
+#include "host/roles/host_setting_store.h"
+#include "host/roles/host_utility_object.h"
+
+namespace kt7::host {
+
+namespace {
+
+Date localTime() {
+  const std::time_t seconds = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&seconds, &local);
+  constexpr int kFirstTmYear = 1900;
+  return Date::fromYmdHms(local.tm_year + kFirstTmYear, local.tm_mon + 1, local.tm_mday,
+                          local.tm_hour, local.tm_min, std::min(local.tm_sec, 59));
+}
+
+void writeOneLine(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  text += '\n';
+  std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+}  // namespace
+
+std::unique_ptr<ado::Connection> HostPlatform::createConnection() {
+  return data::createConnection();
+}
+std::unique_ptr<ado::Recordset> HostPlatform::createRecordset() { return data::createRecordset(); }
+std::unique_ptr<UtilityObject> HostPlatform::createUtilityObject() {
+  return std::make_unique<HostUtilityObject>(*this);
+}
+std::unique_ptr<DataTool> HostPlatform::createDataTool() {
+  return std::make_unique<HostDataTool>(picker_);
+}
+std::unique_ptr<SettingStore> HostPlatform::createSettingStore() {
+  return std::make_unique<HostSettingStore>();
+}
+
+Date HostPlatform::now() { return fixedNow_ ? *fixedNow_ : localTime(); }
+
+void HostPlatform::showMessage(const std::string& text) {
+  if (messageView_) {
+    messageView_(text);
+  } else {
+    writeOneLine(text);
+  }
+}
+
+}  // namespace kt7::host
