@@ -1,5 +1,6 @@
 #include "base/date.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
@@ -15,6 +16,7 @@ using std::chrono::month;
 using std::chrono::sys_days;
 using std::chrono::year;
 using std::chrono::year_month_day;
+using std::chrono::year_month_day_last;
 
 constexpr sys_days kDayZero{year_month_day{year{1899}, month{12}, day{30}}};
 constexpr int kSecondsPerDay = 86400;
@@ -23,6 +25,10 @@ constexpr int kLastYear = 9999;
 
 year_month_day calendarOf(std::int32_t dayNumber) {
   return year_month_day{kDayZero + std::chrono::days{dayNumber}};
+}
+
+year_month_day calendarDate(int y, int m, int d) {
+  return {year{y}, month{static_cast<unsigned>(m)}, day{static_cast<unsigned>(d)}};
 }
 
 std::int32_t numberOf(year_month_day date) {
@@ -49,14 +55,12 @@ Date Date::fromSerial(double serial) {
 
 bool Date::isCalendarDay(int y, int m, int d) {
   if (y < kFirstYear || y > kLastYear || m < 1 || m > 12 || d < 1 || d > 31) return false;
-  return year_month_day{year{y}, month{static_cast<unsigned>(m)}, day{static_cast<unsigned>(d)}}
-      .ok();
+  return calendarDate(y, m, d).ok();
 }
 
 Date Date::fromYmd(int y, int m, int d) {
   if (!isCalendarDay(y, m, d)) raiseOverflow();
-  return Date(numberOf(
-      year_month_day{year{y}, month{static_cast<unsigned>(m)}, day{static_cast<unsigned>(d)}}));
+  return Date(numberOf(calendarDate(y, m, d)));
 }
 
 Date Date::fromYmdHms(int y, int m, int d, int hour, int minute, int second) {
@@ -116,9 +120,11 @@ Date Date::plusMonths(std::int64_t months) const {
       std::int64_t{int{from.year()}} * 12 + static_cast<int>(unsigned{from.month()}) - 1 + months;
   const std::int64_t y = index >= 0 ? index / 12 : -1;
   if (y < kFirstYear || y > kLastYear) raiseOverflow();
-  const auto target = year{static_cast<int>(y)} / month{static_cast<unsigned>(index % 12 + 1)};
-  const auto last = (target / std::chrono::last).day();
-  return fromDayAndTime(numberOf(target / std::min(from.day(), last)), timeOfDay());
+  const year_month_day first =
+      calendarDate(static_cast<int>(y), static_cast<int>(index % 12) + 1, 1);
+  const year_month_day_last last{first.year(), std::chrono::month_day_last{first.month()}};
+  return fromDayAndTime(numberOf({first.year(), first.month(), std::min(from.day(), last.day())}),
+                        timeOfDay());
 }
 
 std::string Date::isoDateText() const { return isoText(calendarOf(dayNumber())); }

@@ -1,0 +1,79 @@
+#include "calendar/service_length.h"
+
+#include "base/arithmetic.h"
+#include "base/error.h"
+#include "base/text.h"
+#include "interface/hr_object.h"
+
+namespace kt7 {
+
+namespace calendar {
+
+std::int16_t monthsBetween(Date start, Date end) {
+  std::int16_t months = 0;
+  Date cursor = start.plusMonths(1);
+  const Date limit = end.plusDays(1);
+  while (limit > cursor) {
+    months = add16(months, 1);
+    cursor = cursor.plusMonths(1);
+  }
+  return months;
+}
+
+}  // namespace calendar
+
+namespace {
+
+constexpr int16_t kMonthsPerYear = 12;
+constexpr const char* kNoService = "0-0-0";
+
+int16_t serviceNumber(const std::string& service, std::size_t piece, UtilityObject& utility) {
+  const std::vector<std::string> pieces = split(service, '-');
+  if (piece >= pieces.size()) raiseSubscript();
+  return utility.TextToInteger(pieces[piece], true);
+}
+
+}  // namespace
+
+std::string HRObject::DateDifText(Date StartDate, Date ToDate) {
+  const int16_t months = calendar::monthsBetween(StartDate, ToDate);
+  // Intended: the day field is counted from the anchor to itself and always 0.
+  return std::to_string(months / kMonthsPerYear) + "-" + std::to_string(months % kMonthsPerYear) +
+         "-0";
+}
+
+std::string HRObject::CountWorkDayString(DataObj& dataObj, const std::string& EmployeeCode,
+                                         Date iDate) {
+  const std::string sql =
+      dataTool().PrepareSql("SELECT TEmpSignDate from KT7TEmployee WHERE TEmpCode='" +
+                                EmployeeCode + "' ORDER BY TEmpCode",
+                            dataObj.DatabaseType());
+  dataObj.OpenConnection();
+  const std::unique_ptr<ado::Recordset> employee = platform_.createRecordset();
+  employee->Open(sql, dataObj.Connection(), ado::kStatic, ado::kReadOnly, ado::kUnspecified);
+  std::string service = kNoService;
+  if (!employee->Eof()) {
+    const Value signDate = employee->get("TEmpSignDate");
+    if (!signDate.isNull() && !utility().IsBlankDate(signDate.toDate())) {
+      service = self().DateDifText(signDate.toDate(), iDate);
+    }
+  }
+  dataObj.CloseConnection();
+  return service;
+}
+
+int16_t HRObject::CountWorkCompletedMonth(DataObj& dataObj, const std::string& EmployeeCode,
+                                          Date iDate) {
+  const std::string service = self().CountWorkDayString(dataObj, EmployeeCode, iDate);
+  const int16_t years = serviceNumber(service, 0, utility());
+  const int16_t months = serviceNumber(service, 1, utility());
+  return add16(multiply16(years, kMonthsPerYear), months);
+}
+
+int16_t HRObject::CountWorkCompletedYear(DataObj& dataObj, const std::string& EmployeeCode,
+                                         Date iDate) {
+  const std::string service = self().CountWorkDayString(dataObj, EmployeeCode, iDate);
+  return serviceNumber(service, 0, utility());
+}
+
+}  // namespace kt7

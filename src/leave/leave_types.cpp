@@ -1,0 +1,52 @@
+#include <exception>
+
+#include "base/arithmetic.h"
+#include "collab/opened.h"
+#include "collab/sql_text.h"
+#include "interface/hr_object.h"
+
+namespace kt7 {
+
+namespace {
+
+std::string listItem(ado::Recordset& leaveType, bool nameOnly) {
+  const std::string name = leaveType.get("TLvtName").joinedText();
+  return nameOnly ? name : "Leave" + leaveType.get("TLvtCode").joinedText() + ";" + name;
+}
+
+/// Intended: a leave type that cannot be read is left out and the list goes on.
+void addItem(std::string& list, ado::Recordset& leaveType, bool nameOnly) {
+  try {
+    const std::string item = listItem(leaveType, nameOnly);
+    list += (list.empty() ? "" : ",") + item;
+  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): see above
+  }
+}
+
+}  // namespace
+
+std::string HRObject::GetLeaveName(const std::string& ConnectionString, bool NameOnly) {
+  std::string list;
+  try {
+    OwnConnection connection(platform_, ConnectionString);
+    OpenRecordset leaveTypes(platform_, "SELECT * FROM KT7TEmpLeaveType Order by tLvtCode",
+                             *connection);
+    for (; !leaveTypes->Eof(); leaveTypes->MoveNext()) addItem(list, *leaveTypes, NameOnly);
+    leaveTypes.close();
+    connection.close();
+  } catch (const std::exception&) {
+    // Intended: whatever fails, the answer is what had been gathered so far.
+  }
+  return list;
+}
+
+int16_t HRObject::GetEmployeeLeaveYear(DataObj& dataObj, Date iDate) {
+  const std::string date = dateLiteral(utility().SqlDateText(iDate));
+  const std::string sql =
+      dataTool().PrepareSql("SELECT TLPDID FROM KT7TEmpLeavePeriod WHERE TLPDStartDate<=" + date +
+                                " AND TLPDEndDate >=" + date,
+                            dataObj.DatabaseType());
+  return toInt16(dataTool().QueryDouble("TLPDID", sql, dataObj.ConnectionString()));
+}
+
+}  // namespace kt7

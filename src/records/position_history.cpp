@@ -1,0 +1,117 @@
+#include "base/arithmetic.h"
+#include "base/error.h"
+#include "collab/opened.h"
+#include "collab/sql_text.h"
+#include "interface/hr_object.h"
+
+namespace kt7 {
+
+namespace {
+
+constexpr int16_t kInUse = 1;
+
+/// Lookups of one employee by code on the data object's connection.
+class EmployeeLookups {
+ public:
+  EmployeeLookups(DataTool& dataTool, DataObj& dataObj, const std::string& employee)
+      : dataTool_(dataTool), dataObj_(dataObj), employee_(employee) {}
+
+  std::string text(const char* column, const char* table) {
+    return dataTool_.LookupFieldText("", 0, 0, "TEmpCode", employee_, column, table,
+                                     dataObj_.Connection());
+  }
+  std::string viewText(const char* column) { return text(column, "Kt7VEmployee"); }
+  double number(const char* column) {
+    return dataTool_.LookupNumber("", 0, 0, "TEmpCode", employee_, column, "Kt7TEmployee",
+                                  dataObj_.Connection());
+  }
+  Date date(const char* column) {
+    return dataTool_.LookupDate("", 0, 0, "TEmpCode", employee_, column, "Kt7TEmployee",
+                                dataObj_.Connection());
+  }
+
+ private:
+  DataTool& dataTool_;
+  DataObj& dataObj_;
+  const std::string& employee_;
+};
+
+void writeOrganisation(ado::Recordset& history, EmployeeLookups& employee) {
+  history.set("TEHPBranch", employee.viewText("TBraName"));
+  history.set("TEHPDivision", employee.viewText("TDivName"));
+  history.set("TEHPDepartment", employee.viewText("TDepName"));
+  history.set("TEHPSection", employee.viewText("TSecName"));
+}
+
+void writeEnd(ado::Recordset& history, double salary, double custom, Date now) {
+  history.set("TEHPSalary", salary);
+  history.set("TEHPCustom", custom);
+  history.set("TEHPDependCode", "");
+  history.set("TEHPDependOn", "");
+  history.set("TEHPFlag1", kInUse);
+  history.set("TEHPFlag3", now);
+  history.Update();
+}
+
+int32_t nextLine(double highest) {
+  const int32_t line = toInt32(highest);
+  return toInt32(line + 1.0);
+}
+
+}  // namespace
+
+int16_t HRObject::BackupBlankPostionTR(DataObj& dataObj, const std::string& TEmpCode) {
+  const int32_t line = toInt32(dataTool().LookupNumber("", 0, 0, "TEHPTEmpCode", TEmpCode, "TEHPLn",
+                                                       "Kt7TEmpHisPosition", dataObj.Connection()));
+  EmployeeLookups employee(dataTool(), dataObj, TEmpCode);
+  if (employee.text("TEmpCode", "Kt7TEmployee").empty() || line != 0) return narrow16(line);
+
+  constexpr int32_t kFirstLine = 1;
+  const std::string sql = dataTool().PrepareSql(
+      "SELECT * FROM KT7TEmpHisPosition WHERE TEHPTEmpCode='" + TEmpCode + "'",
+      dataObj.DatabaseType());
+  OpenRecordset history(platform_, sql, dataObj.Connection(), ado::kOptimistic);
+  history->AddNew();
+  history->set("TEHPTEmpCode", TEmpCode);
+  history->set("TEHPStartDate", employee.date("TEmpLastSalaryDate"));
+  history->set("TEHPLn", kFirstLine);
+  history->set("TEHPPosition", employee.viewText("TPstName"));
+  history->set("TEHPTPstCode", employee.viewText("TEmpTPstCode"));
+  writeOrganisation(*history, employee);
+  const double salary = employee.number("TEmpSalary");
+  writeEnd(*history, salary, employee.number("TEmpCustom"), platform_.now());
+  history.close();
+  return kFirstLine;
+}
+
+int16_t HRObject::UpdatePostionTR(DataObj& dataObj, const std::string& TEmpCode, Date StartDate,
+                                  const std::string& /*PositionCode*/,
+                                  const std::string& /*Position*/, const std::string& /*Branch*/,
+                                  const std::string& /*Division*/, std::string& /*Department*/,
+                                  const std::string& /*Section*/, double Salary, double Custom) {
+  const int32_t line = nextLine(dataTool().QueryValue(
+      "A", "SELECT MAX(TEHPLn) as A FROM Kt7TEmpHisPosition WHERE TEHPTEmpCode='" + TEmpCode + "'",
+      dataObj.Connection()));
+  const std::string sql = dataTool().PrepareSql(
+      "SELECT * FROM KT7TEmpHisPosition WHERE TEHPTEmpCode='" + TEmpCode +
+          "' AND TEHPStartDate=" + dateLiteral(utility().SqlDateText(StartDate)),
+      dataObj.DatabaseType());
+  OpenRecordset history(platform_, sql, dataObj.Connection(), ado::kOptimistic);
+  if (history->Eof()) {
+    history->AddNew();
+    history->set("TEHPLn", line);
+  }
+  history->set("TEHPTEmpCode", TEmpCode);
+  history->set("TEHPStartDate", StartDate);
+  // Intended: the snapshot is the employee's stored record; the text arguments have no effect.
+  EmployeeLookups employee(dataTool(), dataObj, TEmpCode);
+  const std::string position = employee.viewText("TPstName");
+  history->set("TEHPTPstCode", employee.viewText("TEmpTPstCode"));
+  history->set("TEHPPosition", position);
+  writeOrganisation(*history, employee);
+  writeEnd(*history, Salary, Custom, platform_.now());
+  history.close();
+  return narrow16(line);
+}
+
+}  // namespace kt7
