@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "base/date.h"
 
@@ -34,6 +35,9 @@ struct Console {
   bool errIsTerminal = false;
 };
 
+/// "kt7hr: text" on the error stream, in one line.
+void say(Console& console, std::string text);
+
 /// What reading the command line leaves to do; answers the exit code. Errors leave as exceptions.
 struct CommandLine {
   Console& console;
@@ -56,10 +60,15 @@ struct DatabaseOptions {
 struct WorkplaceOptions {
   std::int32_t user = 0;
   std::string branch;
-  std::string pick;
+  std::optional<std::vector<std::string>> pick;
 
   void addTo(CLI::App& command);
 };
+
+struct SessionOptions;
+/// What a session needs to know; its messages go to the console's error stream.
+SessionOptions sessionOptions(const DatabaseOptions& database, const WorkplaceOptions& workplace,
+                              Console& console);
 
 /// A subcommand with an example below its help.
 CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& does,

@@ -1,8 +1,12 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <fstream>
+#include <ostream>
 
 #include "base/text.h"
 #include "command.h"
+#include "host/data/connection_string.h"
+#include "session.h"
 
 namespace kt7::cli {
 
@@ -17,13 +21,19 @@ std::string firstLineOf(const std::string& path) {
     throw std::runtime_error("cannot read the password file '" + path + "' that PwdFile names");
   }
   if (!line.empty() && line.back() == '\r') line.pop_back();
-  if (line.find(';') != std::string::npos) {
-    throw std::runtime_error("the password in '" + path + "' must not contain a semicolon");
-  }
   return line;
 }
 
+bool isPasswordFile(std::string_view part) {
+  return equalNoCase(trimmedBlanks(part.substr(0, part.find('='))), kPasswordFile);
+}
+
 }  // namespace
+
+void say(Console& console, std::string text) {
+  std::replace_if(text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  console.err << "kt7hr: " << text << std::endl;
+}
 
 CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& does,
                      const std::string& example) {
@@ -52,14 +62,11 @@ std::string DatabaseOptions::connectionString() const {
     throw WrongUse("'" + database + "' is no connection string; use --db 'Driver=SQLite;Database=" +
                    database + "'");
   }
-  std::string resolved;
+  const std::string path(data::ConnectionString(database).value(kPasswordFile));
+  if (path.empty()) return database;
+  std::string resolved = "Pwd={" + replaceAll(firstLineOf(path), "}", "}}") + "}";
   for (const std::string& part : split(database, ';')) {
-    const std::size_t equals = part.find('=');
-    const bool named = equalNoCase(trimmedBlanks(part.substr(0, equals)), kPasswordFile);
-    if (!resolved.empty()) resolved += ';';
-    resolved += named && equals != std::string::npos
-                    ? "Pwd=" + firstLineOf(std::string(trimmedBlanks(part.substr(equals + 1))))
-                    : part;
+    if (!isPasswordFile(part)) resolved.append(";").append(part);
   }
   return resolved;
 }
@@ -76,8 +83,23 @@ std::optional<Date> DatabaseOptions::clock() const {
 void WorkplaceOptions::addTo(CLI::App& command) {
   command.add_option("--user", user, "The number of the user who works")->type_name("NUMBER");
   command.add_option("--branch", branch, "The code of the branch worked at")->type_name("CODE");
-  command.add_option("--pick", pick, "What a record picker answers, as E0001,E0002")
+  command
+      .add_option_function<std::string>(
+          "--pick", [this](const std::string& codes) { pick = split(codes, ','); },
+          "What a record picker answers, as E0001,E0002; \"\" for nothing")
       ->type_name("CODES");
+}
+
+SessionOptions sessionOptions(const DatabaseOptions& database, const WorkplaceOptions& workplace,
+                              Console& console) {
+  SessionOptions options;
+  options.connectionString = database.connectionString();
+  options.now = database.clock();
+  options.user = workplace.user;
+  options.branch = workplace.branch;
+  options.pick = workplace.pick;
+  options.showMessage = [&console](const std::string& text) { say(console, text); };
+  return options;
 }
 
 }  // namespace kt7::cli

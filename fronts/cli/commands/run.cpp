@@ -34,11 +34,6 @@ constexpr const char* kExample = R"(Example:
 Every command takes --db, or the variable KT7HR_DB, and has a --help of its own.
 Exit codes: 0 done, 1 failed, 2 wrong use.)";
 
-void say(Console& console, std::string text) {
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  console.err << "kt7hr: " << text << '\n';
-}
-
 void refuseUnknownCommand(const CLI::App& app, const std::string& word) {
   if (word.empty() || word.front() == '-') return;
   std::vector<std::string> names;

@@ -1,0 +1,46 @@
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "command.h"
+#include "rpc_messages.h"
+#include "session.h"
+
+namespace kt7::cli {
+
+namespace {
+
+struct RpcOptions {
+  DatabaseOptions database;
+  WorkplaceOptions workplace;
+  bool trace = false;
+};
+
+int serve(const RpcOptions& given, Console& console) {
+  SessionOptions options = sessionOptions(given.database, given.workplace, console);
+  options.trace = given.trace;
+  Session session(options);
+  RpcMessages messages(session);
+  for (std::string line; console.out && std::getline(console.in, line);) {
+    const std::string answer = messages.answer(line);
+    if (!answer.empty()) console.out << answer << std::endl;
+  }
+  return kDone;
+}
+
+}  // namespace
+
+void addRpc(CLI::App& app, CommandLine& line) {
+  const auto given = std::make_shared<RpcOptions>();
+  CLI::App& command = addCommand(
+      app, "rpc", "Answer JSON-RPC 2.0 requests for operations, one a line, until the input ends",
+      R"(echo '{"jsonrpc":"2.0","id":1,"method":"GETDAYRATE","params":{"EmployeeCode":"E0001"}}' |
+    kt7hr rpc --db 'Driver=SQLite;Database=company.db')");
+  given->database.addTo(command);
+  given->workplace.addTo(command);
+  command.add_flag("--trace", given->trace, "Show with each answer what it did on the database");
+  command.callback([given, &line] {
+    line.chosen = [given, &line] { return serve(*given, line.console); };
+  });
+}
+
+}  // namespace kt7::cli

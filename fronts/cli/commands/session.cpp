@@ -1,0 +1,104 @@
+#include "session.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/error.h"
+#include "nearest_name.h"
+#include "operation_calls.h"
+#include "protocol_error.h"
+
+namespace kt7::cli {
+
+namespace {
+
+struct DataObjMethod {
+  std::string_view name;
+  void (*call)(host::HostDataObj& dataObj);
+};
+
+constexpr std::array<DataObjMethod, 5> kDataObjMethods{{
+    {"DataObj.BeginTransaction", [](host::HostDataObj& data) { data.BeginTransaction(); }},
+    {"DataObj.CommitTransaction", [](host::HostDataObj& data) { data.CommitTransaction(); }},
+    {"DataObj.RollbackTransaction", [](host::HostDataObj& data) { data.RollbackTransaction(); }},
+    {"DataObj.OpenConnection", [](host::HostDataObj& data) { data.OpenConnection(); }},
+    {"DataObj.CloseConnection", [](host::HostDataObj& data) { data.CloseConnection(); }},
+}};
+
+template <typename Rows>
+auto findByName(const Rows& rows, std::string_view name) -> decltype(&*rows.begin()) {
+  const auto at =
+      std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.name == name; });
+  return at != rows.end() ? &*at : nullptr;
+}
+
+[[noreturn]] void raiseUnknown(const std::string& method) {
+  std::vector<std::string_view> names;
+  const auto add = [&](const auto& rows) {
+    for (const auto& row : rows) names.push_back(row.name);
+  };
+  add(operationCalls());
+  add(ProfileCalls::methods());
+  add(kDataObjMethods);
+  throw ProtocolError(ProtocolError::kMethodNotFound,
+                      "no operation '" + method + "'" + didYouMean(method, names));
+}
+
+}  // namespace
+
+Session::Session(const SessionOptions& options)
+    : dataObj_(options.connectionString),
+      appObj_(options.connectionString),
+      clientObj_(options.user, options.branch),
+      hrObject_(platform_),
+      profiles_(platform_, dataObj_),
+      trace_(options.trace) {
+  platform_.setNow(options.now);
+  if (options.pick) platform_.setPicker(host::pickAlways(*options.pick));
+  if (options.showMessage) platform_.setMessageView(options.showMessage);
+  dataObj_.OpenConnection();
+  opens_ = dataObj_.opens();
+}
+
+Json Session::call(const std::string& method, const Json& params) {
+  const bool callersTransaction = dataObj_.inTransaction();
+  // A connection that was lost and could not be taken again when it failed is tried anew.
+  if (dataObj_.opens() < opens_) dataObj_.reset(opens_);
+  try {
+    Json result = dispatch(method, params);
+    opens_ = dataObj_.opens();
+    return result;
+  } catch (...) {
+    recover(callersTransaction, opens_);
+    throw;
+  }
+}
+
+Json Session::dispatch(const std::string& method, const Json& params) {
+  if (const OperationCall* operation = findOperation(method)) {
+    return operation->call(params, {hrObject_, dataObj_, appObj_, clientObj_});
+  }
+  if (const auto* profileMethod = findByName(ProfileCalls::methods(), method)) {
+    return profiles_.call(*profileMethod, params);
+  }
+  if (const auto* dataObjMethod = findByName(kDataObjMethods, method)) {
+    Parameters(params, {});
+    dataObjMethod->call(dataObj_);
+    return Json{{"value", nullptr}, {"out", Json::object()}};
+  }
+  raiseUnknown(method);
+}
+
+void Session::recover(bool callersTransaction, int opens) {
+  if (callersTransaction) {
+    dataObj_.closeDownTo(opens);
+    return;
+  }
+  try {
+    dataObj_.reset(opens);
+  } catch (const Error&) {
+    // The caller hears of the failure that came first; the next call tries again.
+  }
+}
+
+}  // namespace kt7::cli

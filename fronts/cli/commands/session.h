@@ -1,0 +1,60 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/roles/host_application.h"
+#include "host/roles/host_data_obj.h"
+#include "host/roles/host_platform.h"
+#include "interface/hr_object.h"
+#include "json_values.h"
+#include "profile_calls.h"
+
+namespace kt7::cli {
+
+struct SessionOptions {
+  std::string connectionString;
+  /// The moment that the session takes for now; without one the machine's clock goes.
+  std::optional<Date> now;
+  std::int32_t user = 0;
+  std::string branch;
+  /// What pickers answer; without it a picker is an error.
+  std::optional<std::vector<std::string>> pick;
+  /// Takes what the library shows as a message; without it one line on standard error.
+  host::HostPlatform::MessageView showMessage;
+  bool trace = false;
+};
+
+/// One caller's work on a database: an HRObject and the caller's profiles, a data object whose
+/// connection is open, and the transaction that the caller plays with DataObj.BeginTransaction.
+/// Making one opens the database; a database error where that fails.
+class Session {
+ public:
+  explicit Session(const SessionOptions& options);
+
+  /// One method by its published name with named parameters; {"value": ..., "out": {...}}.
+  /// Raises ProtocolError for an unknown method and for parameters that do not fit, and what the
+  /// method raises. After a failure outside the caller's transaction everything begun is rolled
+  /// back; inside it the transaction stands.
+  Json call(const std::string& method, const Json& params);
+
+  bool traces() const { return trace_; }
+  /// The steps since the last call of it.
+  Json takeTrace();
+
+ private:
+  Json dispatch(const std::string& method, const Json& params);
+  void recover(bool callersTransaction, int opens);
+
+  host::HostPlatform platform_;
+  host::HostDataObj dataObj_;
+  host::HostAppObj appObj_;
+  host::HostClientObj clientObj_;
+  HRObject hrObject_;
+  ProfileCalls profiles_;
+  bool trace_;
+  int opens_ = 0;
+};
+
+}  // namespace kt7::cli

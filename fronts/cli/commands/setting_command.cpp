@@ -1,0 +1,75 @@
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <iostream>
+
+#include "base/text.h"
+#include "command.h"
+#include "host/data/database.h"
+
+namespace kt7::cli {
+
+namespace {
+
+struct SettingOptions {
+  DatabaseOptions database;
+  std::string key;
+  std::string value;
+};
+
+/// The number that the whole text writes in plain decimals; null for any other text.
+Value numberIn(const std::string& text) {
+  double number = 0;
+  const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number,
+                                           std::chars_format::fixed);
+  const bool plain = text.find_first_not_of("-.0123456789") == std::string::npos;
+  return plain && code == std::errc{} && end == text.data() + text.size() ? Value(number) : Value();
+}
+
+/// On the row of that key, or on a new one. The key is compared here, so that it may hold any
+/// character.
+void moveToRow(ado::Recordset& settings, const std::string& key) {
+  for (; !settings.Eof(); settings.MoveNext()) {
+    if (settings.get("TSetKey").joinedText() == key) return;
+  }
+  settings.AddNew();
+  settings.set("TSetKey", key);
+}
+
+int setSetting(const SettingOptions& given, Console& console) {
+  if (given.key.empty()) throw WrongUse("a setting needs a key: kt7hr setting set KEY VALUE");
+  const std::string connectionString = given.database.connectionString();
+  given.database.clock();
+  const Value number = numberIn(given.value);
+  const auto settings = data::createRecordset();
+  settings->Open("SELECT * FROM KT7TSetting", connectionString, ado::kStatic, ado::kOptimistic);
+  moveToRow(*settings, given.key);
+  settings->set("TSetNumber", number);
+  settings->set("TSetText", given.value);
+  settings->Update();
+  settings->Close();
+  console.out << given.key << " is now " << (number.isNull() ? "the text '" : "the number ")
+              << given.value << (number.isNull() ? "'\n" : "\n");
+  return kDone;
+}
+
+}  // namespace
+
+void addSetting(CLI::App& app, CommandLine& line) {
+  CLI::App& group = addCommand(app, "setting", "Change the company's settings",
+                               "kt7hr setting set STAXMaxRate 17500");
+  group.require_subcommand(1);
+  const auto given = std::make_shared<SettingOptions>();
+  CLI::App& command =
+      addCommand(group, "set", "Set one setting: a number where the value is one, and a text",
+                 "kt7hr setting set STAXMaxRate 17500");
+  command.add_option("key", given->key, "The setting, as STAXMaxRate")
+      ->required()
+      ->type_name("KEY");
+  command.add_option("value", given->value, "Its new value")->required()->type_name("VALUE");
+  given->database.addTo(command);
+  command.callback([given, &line] {
+    line.chosen = [given, &line] { return setSetting(*given, line.console); };
+  });
+}
+
+}  // namespace kt7::cli
