@@ -1,0 +1,31 @@
+#include "host/trace/fault_injector.h"
+
+#include "base/error.h"
+
+namespace kt7::trace {
+
+void FaultInjector::failAt(int step, When when) {
+  lines_.clear();
+  failAt_ = step;
+  when_ = when;
+  failed_ = false;
+}
+
+void FaultInjector::before(const Step& step) {
+  lines_.push_back(lineOf(step));
+  if (when_ == When::Before && steps() == failAt_) fail(step);
+}
+
+void FaultInjector::after(const Step& step) {
+  if (when_ == When::After && steps() == failAt_) fail(step);
+}
+
+void FaultInjector::fail(const Step& step) {
+  failed_ = true;
+  const std::string text =
+      "injected fault at step " + std::to_string(failAt_) + ": " + lines_.back();
+  if (step.kind == StepKind::Open) raiseConnectionFailed(text);
+  raiseStatementFailed(text);
+}
+
+}  // namespace kt7::trace
