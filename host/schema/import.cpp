@@ -1,0 +1,161 @@
+#include "host/schema/import.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/csv/reader.h"
+#include "host/data/database.h"
+#include "host/schema/cell.h"
+#include "host/schema/table.h"
+#include "host/schema/transaction.h"
+
+namespace kt7::schema {
+namespace {
+
+constexpr std::size_t kMostProblems = 10;
+constexpr std::size_t kRowsPerRecordset = 500;
+
+std::string joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
+  return text;
+}
+
+std::string atLine(std::size_t line) { return "line " + std::to_string(line); }
+
+const Table& importedTable(std::string_view name) {
+  if (const Table* table = findTable(name)) return *table;
+  const std::string shown = shownCell(std::string(name));
+  throw ImportError({findView(name) != nullptr ? shown + " is a view; rows are imported into tables"
+                                               : "there is no table " + shown});
+}
+
+using Columns = std::vector<const Column*>;
+using Problems = std::vector<std::string>;
+
+/// The next row; false after the last one and where the file is no CSV, which is a problem.
+bool nextRow(csv::Reader& reader, csv::Row& row, Problems& problems) {
+  try {
+    return reader.next(row);
+  } catch (const csv::CsvError& error) {
+    problems.push_back(atLine(error.line()) + ": " + error.what());
+    return false;
+  }
+}
+
+/// The columns that the first line names; every name that is unknown or repeated is a problem.
+Columns namedColumns(const Table& table, csv::Reader& reader) {
+  csv::Row header;
+  Columns columns;
+  Problems problems;
+  if (!nextRow(reader, header, problems) && problems.empty()) {
+    problems.push_back("the file is empty; its first line names the columns");
+  }
+  for (const std::string& name : header.cells) {
+    const Column* column = findColumn(table, name);
+    if (column == nullptr) {
+      problems.push_back(atLine(header.line) + ": " + table.name + " has no column " +
+                         shownCell(name));
+    } else if (std::ranges::find(columns, column) != columns.end()) {
+      problems.push_back(atLine(header.line) + ": column " + column->name + " stands there twice");
+    }
+    columns.push_back(column);
+  }
+  if (!problems.empty()) throw ImportError(std::move(problems));
+  return columns;
+}
+
+/// The values of a row, or what is wrong with it.
+std::vector<Value> readRow(const csv::Row& row, const Columns& columns, Problems& problems) {
+  std::vector<Value> values;
+  if (row.cells.size() != columns.size()) {
+    problems.push_back(atLine(row.line) + ": " + std::to_string(row.cells.size()) +
+                       " cells where the first line names " + std::to_string(columns.size()) +
+                       " columns");
+    return values;
+  }
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    auto cell = readCell(*columns[i], row.cells[i]);
+    if (const auto* problem = std::get_if<CellProblem>(&cell)) {
+      problems.push_back(atLine(row.line) + ", column " + columns[i]->name + ": " +
+                         shownCell(row.cells[i]) + " " + problem->text);
+    } else {
+      values.push_back(std::move(std::get<Value>(cell)));
+    }
+  }
+  return values;
+}
+
+/// Adds rows through recordsets of their own, so that no recordset grows with the file.
+class RowWriter {
+ public:
+  RowWriter(ado::Connection& connection, const Table& table, const Columns& columns)
+      : connection_(connection),
+        source_("SELECT * FROM " + table.name + " WHERE 1 = 0"),
+        columns_(columns) {}
+
+  void write(const std::vector<Value>& values) {
+    if (rows_++ % kRowsPerRecordset == 0) open();
+    recordset_->AddNew();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      // The database gives a row id that the file leaves out.
+      if (columns_[i]->type == ColumnType::RowId && values[i].isNull()) continue;
+      recordset_->set(columns_[i]->name, values[i]);
+    }
+    recordset_->Update();
+  }
+  std::size_t rows() const { return rows_; }
+
+ private:
+  void open() {
+    recordset_ = data::createRecordset();
+    recordset_->Open(source_, connection_, ado::kStatic, ado::kOptimistic);
+  }
+
+  ado::Connection& connection_;
+  std::string source_;
+  const Columns& columns_;
+  std::unique_ptr<ado::Recordset> recordset_;
+  std::size_t rows_ = 0;
+};
+
+std::size_t importRows(ado::Connection& connection, const Table& table, csv::Reader& reader) {
+  const Columns columns = namedColumns(table, reader);
+  RowWriter writer(connection, table, columns);
+  Problems problems;
+  for (csv::Row row; problems.size() < kMostProblems && nextRow(reader, row, problems);) {
+    const std::vector<Value> values = readRow(row, columns, problems);
+    if (!problems.empty()) continue;
+    try {
+      writer.write(values);
+    } catch (const Error& error) {
+      throw ImportError({atLine(row.line) + ": " + error.what()});
+    }
+  }
+  if (!problems.empty()) throw ImportError(std::move(problems));
+  return writer.rows();
+}
+
+}  // namespace
+
+ImportError::ImportError(std::vector<std::string> problems)
+    : std::runtime_error(joined(problems)), problems_(std::move(problems)) {}
+
+ImportResult importTableTR(ado::Connection& connection, std::string_view tableName,
+                           std::istream& stream) {
+  const Table& table = importedTable(tableName);
+  csv::Reader reader(stream);
+  return {table.name, importRows(connection, table, reader)};
+}
+
+ImportResult importTable(ado::Connection& connection, std::string_view tableName,
+                         std::istream& stream) {
+  Transaction transaction(connection);
+  ImportResult result = importTableTR(connection, tableName, stream);
+  transaction.commit();
+  return result;
+}
+
+}  // namespace kt7::schema
