@@ -78,9 +78,8 @@ void addCall(CLI::App& app, CommandLine& line) {
       ->type_name("JSON");
   given->database.addTo(command);
   given->workplace.addTo(command);
-  command.callback([given, &line] {
-    line.chosen = [given, &line] { return callOnce(*given, line.console); };
-  });
+  command.callback(
+      [given, &line] { line.chosen = [given, &line] { return callOnce(*given, line.console); }; });
 }
 
 }  // namespace kt7::cli

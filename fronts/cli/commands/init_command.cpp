@@ -18,14 +18,15 @@ struct InitOptions {
 int makeDatabase(const InitOptions& given, Console& console) {
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
-  const std::string shown = data::shownConnectionString(connectionString);
+  const std::string shown = data::shownConnectionString(given.database.database);
   data::createDatabase(connectionString);
   const auto connection = data::createConnection();
   connection->Open(connectionString);
   const schema::Engine engine = schema::engineOf(data::databaseType(connectionString));
   if (schema::hasSchema(*connection, engine)) {
-    throw std::runtime_error(shown + " holds a company already: nothing was changed; name a new "
-                                     "database or remove this one first");
+    throw std::runtime_error(shown +
+                             " holds a company already: nothing was changed; name a new "
+                             "database or remove this one first");
   }
   schema::createSchema(*connection, engine);
   if (given.sample) schema::loadSample(*connection);
@@ -36,7 +37,7 @@ int makeDatabase(const InitOptions& given, Console& console) {
               << "Next: "
               << (given.sample ? "kt7hr payroll --month 2026-01"
                                : "kt7hr import KT7TEmployeeType types.csv")
-              << " --db '" << given.database.database << "'\n";
+              << " --db '" << data::shownConnectionString(given.database.database) << "'\n";
   return kDone;
 }
 

@@ -103,8 +103,7 @@ Date fromJson<Date>(const Json& json, std::string_view parameter) {
   constexpr std::size_t kMoment = std::string_view("yyyy-mm-ddThh:mm:ss").size();
   if (json.is_string()) {
     const std::string& text = json.get_ref<const std::string&>();
-    const bool wellFormed =
-        text.size() == kDay || (text.size() == kMoment && text[kDay] == 'T');
+    const bool wellFormed = text.size() == kDay || (text.size() == kMoment && text[kDay] == 'T');
     Date date;
     if (wellFormed && Date::tryFromIsoText(text, date)) return date;
   }

@@ -37,8 +37,7 @@ template <>
 Date fromJson<Date>(const Json& json, std::string_view parameter);
 
 template <typename T>
-  requires std::is_enum_v<T>
-T fromJson(const Json& json, std::string_view parameter) {
+requires std::is_enum_v<T> T fromJson(const Json& json, std::string_view parameter) {
   return static_cast<T>(fromJson<std::underlying_type_t<T>>(json, parameter));
 }
 
@@ -48,13 +47,12 @@ Json toJson(Currency amount);
 Json toJson(Date date);
 Json toJson(float number);
 template <typename T>
-  requires(std::is_arithmetic_v<T> || std::same_as<T, std::string>)
-Json toJson(const T& value) {
+requires(std::is_arithmetic_v<T> || std::same_as<T, std::string>) Json toJson(const T& value) {
   return Json(value);
 }
 
-/// The JSON text; bytes that are no UTF-8 are shown as replacement characters. Indented over several
-/// lines on request.
+/// The JSON text; bytes that are no UTF-8 are shown as replacement characters. Indented over
+/// several lines on request.
 std::string jsonText(const Json& json, bool indented = false);
 
 }  // namespace kt7::cli

@@ -16,7 +16,7 @@ constexpr std::size_t kDescribed = std::tuple_size_v<decltype(kOperations)>;
 
 template <typename A>
 concept SessionObject = std::same_as<A, DataObj&> || std::same_as<A, AppObj&> ||
-                        std::same_as<A, ClientObj&> || std::same_as<A, ado::Connection&>;
+    std::same_as<A, ClientObj&> || std::same_as<A, ado::Connection&>;
 
 template <typename A>
 constexpr bool kOut = std::is_lvalue_reference_v<A> &&
@@ -51,8 +51,8 @@ void keepOut(Json& out, const Parameter& parameter, const Held<A>& held) {
 
 /// The names that a request may carry: all but the session's objects.
 template <typename... A>
-std::vector<std::string_view> namedParameters(
-    const std::array<Parameter, sizeof...(A)>& parameters, std::tuple<A...>*) {
+std::vector<std::string_view> namedParameters(const std::array<Parameter, sizeof...(A)>& parameters,
+                                              std::tuple<A...>*) {
   std::vector<std::string_view> names;
   std::size_t at = 0;
   ((SessionObject<A> ? void() : names.push_back(parameters[at].name), ++at), ...);
@@ -79,8 +79,7 @@ Json callDescribed(const Json& params, const OperationObjects& objects) {
   constexpr const auto& kOperation = std::get<Row>(kOperations);
   using Arguments = typename std::remove_cvref_t<decltype(kOperation)>::Arguments;
   constexpr Arguments* kTypes = nullptr;
-  static const std::vector<std::string_view> names =
-      namedParameters(kOperation.parameters, kTypes);
+  static const std::vector<std::string_view> names = namedParameters(kOperation.parameters, kTypes);
   return callMember(kOperation, Parameters(params, names), objects, kTypes,
                     std::make_index_sequence<std::tuple_size_v<Arguments>>());
 }
@@ -97,9 +96,8 @@ constexpr auto allCalls(std::index_sequence<D...>, std::index_sequence<U...>) {
       OperationCall{kUndescribedOperations[U].name, &callUndescribed<U>}...};
 }
 
-constexpr auto kCalls =
-    allCalls(std::make_index_sequence<kDescribed>(),
-             std::make_index_sequence<kUndescribedOperations.size()>());
+constexpr auto kCalls = allCalls(std::make_index_sequence<kDescribed>(),
+                                 std::make_index_sequence<kUndescribedOperations.size()>());
 
 }  // namespace
 

@@ -31,7 +31,8 @@ bool isPasswordFile(std::string_view part) {
 }  // namespace
 
 void say(Console& console, std::string text) {
-  std::replace_if(text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
   console.err << "kt7hr: " << text << std::endl;
 }
 
@@ -59,8 +60,8 @@ std::string DatabaseOptions::connectionString() const {
         "no database given; use --db 'Driver=SQLite;Database=company.db' or set KT7HR_DB");
   }
   if (database.find('=') == std::string::npos) {
-    throw WrongUse("'" + database + "' is no connection string; use --db 'Driver=SQLite;Database=" +
-                   database + "'");
+    throw WrongUse("'" + database +
+                   "' is no connection string; use --db 'Driver=SQLite;Database=" + database + "'");
   }
   const std::string path(data::ConnectionString(database).value(kPasswordFile));
   if (path.empty()) return database;

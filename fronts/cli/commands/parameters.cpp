@@ -29,7 +29,8 @@ Parameters::Parameters(const Json& params, std::span<const std::string_view> kno
   if (!params.is_object()) refuse("params must be an object of named parameters");
   for (const auto& [name, value] : params.items()) {
     if (contains(known, name)) continue;
-    if (contains(kSessionObjects, name)) refuse("leave out '" + name + "': the session supplies it");
+    if (contains(kSessionObjects, name))
+      refuse("leave out '" + name + "': the session supplies it");
     refuse("unknown parameter '" + name + "'" + didYouMean(name, known));
   }
 }

@@ -25,11 +25,12 @@ void withProperty(const std::string& name, Action action) {
     action(property);
     return true;
   };
-  const bool found = std::apply(
-      [&](const auto&... property) { return (tried(property) || ...); }, kProfileProperties);
+  const bool found = std::apply([&](const auto&... property) { return (tried(property) || ...); },
+                                kProfileProperties);
   if (found) return;
-  throw ProtocolError(ProtocolError::kInvalidParams, "no property '" + name + "' in EmployeeObject" +
-                                                         didYouMean(name, kPropertyNames));
+  throw ProtocolError(
+      ProtocolError::kInvalidParams,
+      "no property '" + name + "' in EmployeeObject" + didYouMean(name, kPropertyNames));
 }
 
 Json getProperty(const _EmployeeObject& profile, const Parameters& given) {

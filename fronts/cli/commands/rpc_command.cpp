@@ -38,9 +38,8 @@ void addRpc(CLI::App& app, CommandLine& line) {
   given->database.addTo(command);
   given->workplace.addTo(command);
   command.add_flag("--trace", given->trace, "Show with each answer what it did on the database");
-  command.callback([given, &line] {
-    line.chosen = [given, &line] { return serve(*given, line.console); };
-  });
+  command.callback(
+      [given, &line] { line.chosen = [given, &line] { return serve(*given, line.console); }; });
 }
 
 }  // namespace kt7::cli

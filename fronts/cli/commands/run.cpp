@@ -17,7 +17,8 @@ constexpr std::array kCommands{&addInit, &addImport, &addCall, &addRpc, &addSett
 
 constexpr const char* kVersionText = "kt7hr " KT7HR_VERSION;
 
-constexpr const char* kFirstSteps = R"(kt7hr runs payroll and personnel rules on a company's own database.
+constexpr const char* kFirstSteps =
+    R"(kt7hr runs payroll and personnel rules on a company's own database.
 
 Try first:
   export KT7HR_DB='Driver=SQLite;Database=company.db'

@@ -15,15 +15,21 @@ namespace {
 struct DataObjMethod {
   std::string_view name;
   void (*call)(host::HostDataObj& dataObj);
+  void (*callTraced)(trace::TracedDataObj& dataObj);
 };
 
-constexpr std::array<DataObjMethod, 5> kDataObjMethods{{
-    {"DataObj.BeginTransaction", [](host::HostDataObj& data) { data.BeginTransaction(); }},
-    {"DataObj.CommitTransaction", [](host::HostDataObj& data) { data.CommitTransaction(); }},
-    {"DataObj.RollbackTransaction", [](host::HostDataObj& data) { data.RollbackTransaction(); }},
-    {"DataObj.OpenConnection", [](host::HostDataObj& data) { data.OpenConnection(); }},
-    {"DataObj.CloseConnection", [](host::HostDataObj& data) { data.CloseConnection(); }},
-}};
+template <typename Act>
+constexpr DataObjMethod dataObjMethod(std::string_view name, Act act) {
+  return {name, act, act};
+}
+
+constexpr std::array kDataObjMethods{
+    dataObjMethod("DataObj.BeginTransaction", [](auto& data) { data.BeginTransaction(); }),
+    dataObjMethod("DataObj.CommitTransaction", [](auto& data) { data.CommitTransaction(); }),
+    dataObjMethod("DataObj.RollbackTransaction", [](auto& data) { data.RollbackTransaction(); }),
+    dataObjMethod("DataObj.OpenConnection", [](auto& data) { data.OpenConnection(); }),
+    dataObjMethod("DataObj.CloseConnection", [](auto& data) { data.CloseConnection(); }),
+};
 
 template <typename Rows>
 auto findByName(const Rows& rows, std::string_view name) -> decltype(&*rows.begin()) {
@@ -44,20 +50,36 @@ auto findByName(const Rows& rows, std::string_view name) -> decltype(&*rows.begi
                       "no operation '" + method + "'" + didYouMean(method, names));
 }
 
+template <typename Wrapper, typename Inner>
+std::optional<Wrapper> traced(const SessionOptions& options, Inner& inner, TraceLog& log) {
+  return options.trace ? std::make_optional<Wrapper>(inner, log) : std::nullopt;
+}
+
 }  // namespace
 
 Session::Session(const SessionOptions& options)
     : dataObj_(options.connectionString),
+      tracedPlatform_(traced<trace::TracedPlatform>(options, platform_, traceLog_)),
+      tracedDataObj_(traced<trace::TracedDataObj>(options, dataObj_, traceLog_)),
       appObj_(options.connectionString),
       clientObj_(options.user, options.branch),
-      hrObject_(platform_),
-      profiles_(platform_, dataObj_),
-      trace_(options.trace) {
+      hrObject_(platform()),
+      profiles_(platform(), dataObj()) {
   platform_.setNow(options.now);
   if (options.pick) platform_.setPicker(host::pickAlways(*options.pick));
   if (options.showMessage) platform_.setMessageView(options.showMessage);
   dataObj_.OpenConnection();
   opens_ = dataObj_.opens();
+}
+
+Platform& Session::platform() {
+  if (tracedPlatform_) return *tracedPlatform_;
+  return platform_;
+}
+
+DataObj& Session::dataObj() {
+  if (tracedDataObj_) return *tracedDataObj_;
+  return dataObj_;
 }
 
 Json Session::call(const std::string& method, const Json& params) {
@@ -76,14 +98,18 @@ Json Session::call(const std::string& method, const Json& params) {
 
 Json Session::dispatch(const std::string& method, const Json& params) {
   if (const OperationCall* operation = findOperation(method)) {
-    return operation->call(params, {hrObject_, dataObj_, appObj_, clientObj_});
+    return operation->call(params, {hrObject_, dataObj(), appObj_, clientObj_});
   }
   if (const auto* profileMethod = findByName(ProfileCalls::methods(), method)) {
     return profiles_.call(*profileMethod, params);
   }
-  if (const auto* dataObjMethod = findByName(kDataObjMethods, method)) {
+  if (const auto* played = findByName(kDataObjMethods, method)) {
     Parameters(params, {});
-    dataObjMethod->call(dataObj_);
+    if (tracedDataObj_) {
+      played->callTraced(*tracedDataObj_);
+    } else {
+      played->call(dataObj_);
+    }
     return Json{{"value", nullptr}, {"out", Json::object()}};
   }
   raiseUnknown(method);

@@ -7,9 +7,12 @@
 #include "host/roles/host_application.h"
 #include "host/roles/host_data_obj.h"
 #include "host/roles/host_platform.h"
+#include "host/trace/traced_data_obj.h"
+#include "host/trace/traced_platform.h"
 #include "interface/hr_object.h"
 #include "json_values.h"
 #include "profile_calls.h"
+#include "trace_log.h"
 
 namespace kt7::cli {
 
@@ -39,21 +42,26 @@ class Session {
   /// back; inside it the transaction stands.
   Json call(const std::string& method, const Json& params);
 
-  bool traces() const { return trace_; }
-  /// The steps since the last call of it.
-  Json takeTrace();
+  bool traces() const { return tracedDataObj_.has_value(); }
+  /// The steps since the last taking.
+  Json takeTrace() { return traceLog_.take(); }
 
  private:
   Json dispatch(const std::string& method, const Json& params);
   void recover(bool callersTransaction, int opens);
 
+  Platform& platform();
+  DataObj& dataObj();
+
+  TraceLog traceLog_;
   host::HostPlatform platform_;
   host::HostDataObj dataObj_;
+  std::optional<trace::TracedPlatform> tracedPlatform_;
+  std::optional<trace::TracedDataObj> tracedDataObj_;
   host::HostAppObj appObj_;
   host::HostClientObj clientObj_;
   HRObject hrObject_;
   ProfileCalls profiles_;
-  bool trace_;
   int opens_ = 0;
 };
 

@@ -19,8 +19,8 @@ struct SettingOptions {
 /// The number that the whole text writes in plain decimals; null for any other text.
 Value numberIn(const std::string& text) {
   double number = 0;
-  const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number,
-                                           std::chars_format::fixed);
+  const auto [end, code] =
+      std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
   const bool plain = text.find_first_not_of("-.0123456789") == std::string::npos;
   return plain && code == std::errc{} && end == text.data() + text.size() ? Value(number) : Value();
 }
