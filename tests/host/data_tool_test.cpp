@@ -1,0 +1,161 @@
+#include "company.h"
+#include "host/roles/date_text.h"
+#include "host/roles/lookup_statement.h"
+
+namespace kt7::host {
+namespace {
+
+TEST(DateMarkers, BecomeLiteralsAndNothingElseChanges) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"", ""},
+      {"SELECT 1", "SELECT 1"},
+      {"d<#$2026-01-31#$", "d<'2026-01-31'"},
+      {"d<#$2026-01-31#$ AND e>=#$2025-12-01#$ x", "d<'2026-01-31' AND e>='2025-12-01' x"},
+      {"#$2026-01-31 08:05:09#$#$2026-01-31T08:05#$", "'2026-01-31 08:05:09''2026-01-31 08:05:00'"},
+      {"SET d=#$#$, e=1", "SET d=NULL, e=1"},
+      {"a='#$' AND d=#$2026-01-31#$", "a='#$' AND d='2026-01-31'"},
+      {"a='#$b' AND d=#$#$", "a='#$b' AND d=NULL"},
+      {"a=#$x' OR 1#$", "a=#$x' OR 1#$"},
+      {"a=#$2026-02-30#$", "a=#$2026-02-30#$"},
+      {"open #$2026-01-31", "open #$2026-01-31"},
+      {"#$ # $ #", "#$ # $ #"},
+  };
+  for (const auto& [sql, prepared] : cases) EXPECT_EQ(resolveDateMarkers(sql), prepared);
+}
+
+TEST(LookupStatement, TheKeyJoinsTheConditionsOfTheTableText) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"T", "T WHERE K=?"},
+      {"T ORDER BY C DESC", "T WHERE K=? ORDER BY C DESC"},
+      {"T WHERE A=1 OR B=2", "T WHERE (K=?) AND (A=1 OR B=2)"},
+      {"T where A=1 order by C", "T WHERE (K=?) AND (A=1) order by C"},
+      {"T WHERE\nA=1\nGROUP BY C", "T WHERE (K=?) AND (A=1) GROUP BY C"},
+      {"T WHERE A='x ORDER BY y' AND B=1", "T WHERE (K=?) AND (A='x ORDER BY y' AND B=1)"},
+      {"T WHERE A='it''s' ORDER BY B", "T WHERE (K=?) AND (A='it''s') ORDER BY B"},
+      {"(SELECT * FROM T WHERE A=1 ORDER BY B) X",
+       "(SELECT * FROM T WHERE A=1 ORDER BY B) X WHERE K=?"},
+      {"(SELECT * FROM T WHERE A=1) X WHERE B IN (SELECT C FROM U ORDER BY C) ORDER BY D",
+       "(SELECT * FROM T WHERE A=1) X WHERE (K=?) AND (B IN (SELECT C FROM U ORDER BY C)) "
+       "ORDER BY D"},
+      {"T WHERE Orders=1 AND TWhere=2", "T WHERE (K=?) AND (Orders=1 AND TWhere=2)"},
+  };
+  std::string sql = "left over";
+  for (const auto& [table, statement] : cases) {
+    writeLookupStatement(sql, "R", "K", table);
+    EXPECT_EQ(sql, std::string("SELECT R FROM ") + statement);
+  }
+}
+
+class DataToolTest : public CompanyTest {
+ protected:
+  std::string text(const std::string& key, const std::string& column, const std::string& table) {
+    return tool_->LookupText("", 0, 0, "TBraCode", key, column, table, connectionString_);
+  }
+
+  HostPlatform platform_;
+  std::unique_ptr<DataTool> tool_ = platform_.createDataTool();
+};
+
+TEST_F(DataToolTest, LookupsAnswerTheKeyedRowOrTheDefault) {
+  EXPECT_EQ(text("01", "TBraName", "KT7TBranch"), "Bangkok");
+  EXPECT_EQ(text("01", "TBraRank", "KT7TBranch"), "3");
+  EXPECT_EQ(text("01", "TBraOpened", "KT7TBranch"), "1/5/2020");
+  EXPECT_EQ(text("02", "TBraName", "KT7TBranch"), "");
+  EXPECT_EQ(text("03", "TBraName", "KT7TBranch"), "");
+  EXPECT_EQ(text("0' OR '1'='1", "TBraName", "KT7TBranch"), "");
+  EXPECT_EQ(text("X", "TBraName", "KT7TBranch"), "");
+  EXPECT_EQ(text("x", "TBraName", "KT7TBranch WHERE TBraName='ORDER BY'"), "ORDER BY");
+  EXPECT_EQ(text("01", "TBraName", "KT7TBranch WHERE TBraRank>3 OR TBraRank=9"), "");
+
+  const auto number = [&](const std::string& key, const std::string& column) {
+    return tool_->LookupDouble("", 0, 0, "TBraCode", key, column, "KT7TBranch", connectionString_) +
+           tool_->LookupNumber("", 0, 0, "TBraCode", key, column, "KT7TBranch", connectionString_);
+  };
+  EXPECT_EQ(number("01", "TBraRank"), 6);
+  EXPECT_EQ(number("02", "TBraRank"), 0);
+  EXPECT_EQ(number("99", "TBraRank"), 0);
+  EXPECT_EQ(errorOf([&] { number("01", "TBraName"); }), error_number::kTypeMismatch);
+  EXPECT_EQ(errorOf([&] { number("01", "TBraNothing"); }), error_number::kStatementFailed);
+
+  const auto date = [&](const std::string& key) {
+    return tool_->LookupDate("", 0, 0, "TBraCode", key, "TBraOpened", "KT7TBranch",
+                             connectionString_);
+  };
+  EXPECT_EQ(date("01"), Date::fromYmd(2020, 5, 1));
+  EXPECT_EQ(date("02"), Date());
+  EXPECT_EQ(date("99"), Date());
+}
+
+TEST_F(DataToolTest, TheFirstRowInTheOrderOfTheTableTextAnswers) {
+  run({"CREATE TABLE Ranks (Code TEXT, Line INTEGER)", "INSERT INTO Ranks VALUES ('a', 1)",
+       "INSERT INTO Ranks VALUES ('a', 3)", "INSERT INTO Ranks VALUES ('a', 2)"});
+  const auto line = [&](const std::string& table) {
+    return tool_->LookupNumber("", 0, 0, "Code", "a", "Line", table, connectionString_);
+  };
+  EXPECT_EQ(line("Ranks ORDER BY Line"), 1);
+  EXPECT_EQ(line("Ranks ORDER BY Line DESC"), 3);
+  EXPECT_EQ(line("Ranks WHERE Line<3 ORDER BY Line DESC"), 2);
+}
+
+TEST_F(DataToolTest, RecordExistsAlsoForARowOfNulls) {
+  const auto exists = [&](const char* key) {
+    return tool_->RecordExists("TBraCode", 0, key, "KT7TBranch", connectionString_, "TBraName", "",
+                               true);
+  };
+  EXPECT_TRUE(exists("01"));
+  EXPECT_TRUE(exists("02"));
+  EXPECT_FALSE(exists("03"));
+  EXPECT_FALSE(exists("0'1"));
+}
+
+TEST_F(DataToolTest, QueriesAnswerTheNamedFieldOfTheFirstRow) {
+  const std::string all = "SELECT * FROM KT7TBranch ORDER BY TBraCode";
+  const std::string none = "SELECT * FROM KT7TBranch WHERE TBraCode='99'";
+  EXPECT_EQ(tool_->QueryText("tbraNAME", all, connectionString_), "Bangkok");
+  EXPECT_EQ(tool_->QueryDate("TBraOpened", all, connectionString_), Date::fromYmd(2020, 5, 1));
+  EXPECT_EQ(tool_->QueryDouble("TBraRank", all, connectionString_), 3);
+  EXPECT_EQ(tool_->QueryNumber("A", "SELECT COUNT(*) AS A FROM KT7TBranch", connectionString_), 3);
+  EXPECT_EQ(tool_->QueryValue("A", "SELECT MAX(TBraRank) AS A FROM KT7TBranch WHERE 1=0",
+                              connectionString_),
+            0);
+  EXPECT_EQ(tool_->QueryText("TBraName", none, connectionString_), "");
+  EXPECT_EQ(tool_->QueryDate("TBraOpened", none, connectionString_), Date());
+  EXPECT_EQ(tool_->QueryDouble("TBraRank", none, connectionString_), 0);
+  EXPECT_EQ(errorOf([&] { tool_->QueryText("Nothing", all, connectionString_); }),
+            error_number::kStatementFailed);
+  EXPECT_EQ(errorOf([&] { tool_->QueryDouble("TBraName", all, connectionString_); }),
+            error_number::kTypeMismatch);
+}
+
+TEST_F(DataToolTest, WorksInTheTransactionOfTheConnectionItIsGiven) {
+  HostDataObj dataObj(connectionString_);
+  dataObj.OpenConnection();
+  dataObj.BeginTransaction();
+  dataObj.ExecuteSql("UPDATE KT7TBranch SET TBraName='Chiang Mai' WHERE TBraCode='01'");
+  EXPECT_EQ(tool_->LookupFieldText("", 0, 0, "TBraCode", "01", "TBraName", "KT7TBranch",
+                                   dataObj.Connection()),
+            "Chiang Mai");
+  EXPECT_EQ(text("01", "TBraName", "KT7TBranch"), "Bangkok");
+  dataObj.RollbackTransaction();
+}
+
+TEST_F(DataToolTest, PickersAnswerWhatThePlatformIsTold) {
+  PickerRequest request;
+  request.title = "employees";
+  request.key = "TEmpCode";
+  EXPECT_EQ(errorOf([&] { tool_->ShowPicker(request, connectionString_); }),
+            error_number::kCallFailed);
+  platform_.setPicker(pickAlways({"E1", "E2"}));
+  EXPECT_EQ(tool_->ShowMultiPicker(request, connectionString_, true), "E1,E2");
+  platform_.setPicker(pickAlways({}));
+  EXPECT_EQ(tool_->ShowPicker(request, connectionString_), "");
+  platform_.setPicker([](const PickerRequest& asked, const std::string&, bool multi) {
+    return asked.title + (multi ? " several" : " one");
+  });
+  EXPECT_EQ(tool_->ShowPicker(request, connectionString_), "employees one");
+  EXPECT_EQ(tool_->ShowMultiPicker(request, connectionString_, false), "employees one");
+  EXPECT_EQ(tool_->ShowMultiPicker(request, connectionString_, true), "employees several");
+}
+
+}  // namespace
+}  // namespace kt7::host
