@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace kt7::data {
+
+/// "keyword=value;..." taken apart. Keywords are found without regard to letter case; a value may
+/// stand in braces, in which "}}" is a brace.
+class ConnectionString {
+ public:
+  /// A connection error for a part without "=".
+  explicit ConnectionString(std::string_view text);
+
+  /// "" where the keyword is missing; the first one counts.
+  std::string_view value(std::string_view keyword) const;
+  std::string_view driver() const { return value("Driver"); }
+  std::string_view database() const { return value("Database"); }
+
+  /// The text again with every password hidden.
+  std::string shown() const;
+
+ private:
+  std::vector<std::pair<std::string, std::string>> parts_;
+};
+
+}  // namespace kt7::data

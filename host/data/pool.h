@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "host/data/session.h"
+
+namespace kt7::data {
+
+struct PoolBucket;
+
+/// A session taken from the pool; it goes back, rolled back, when the lease ends.
+class Lease {
+ public:
+  Lease() = default;
+  Lease(PoolBucket& bucket, std::unique_ptr<Session> session)
+      : bucket_(&bucket), session_(std::move(session)) {}
+  Lease(Lease&&) = default;
+  Lease& operator=(Lease&&) = delete;
+  ~Lease();
+
+  Session& session() const { return *session_; }
+
+ private:
+  PoolBucket* bucket_ = nullptr;
+  std::unique_ptr<Session> session_;
+};
+
+/// An idle session of exactly that connection string, user and password, or a new one.
+Lease takeSession(std::string_view connectionString, std::string_view user = {},
+                  std::string_view password = {});
+
+/// Closes the idle sessions whose database is no longer the one they opened.
+void dropUnusableSessions();
+
+}  // namespace kt7::data

@@ -1,0 +1,203 @@
+#include "host/data/recordset.h"
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/data/connection.h"
+#include "host/data/database.h"
+#include "host/data/statement_text.h"
+
+namespace kt7::data {
+
+void Recordset::Open(const std::string& source, const ado::ActiveConnection& activeConnection, int,
+                     int lockType, int) {
+  if (rows_.shape() != nullptr) raiseStatementFailed("the recordset is already open");
+  try {
+    if (lockType == ado::kReadOnly && activeConnection.connection() == nullptr) {
+      // The rows are on the client at once, so that the connection can go back at once.
+      takeSession(activeConnection.connectionString()).session().query(source, rows_);
+    } else if (activeConnection.connection() != nullptr) {
+      openOn(ownConnection(*activeConnection.connection()).lease(), source);
+    } else {
+      ownLease_ = std::make_shared<Lease>(takeSession(activeConnection.connectionString()));
+      openOn(ownLease_, source);
+    }
+  } catch (...) {
+    release();
+    throw;
+  }
+  writable_ = lockType != ado::kReadOnly;
+}
+
+void Recordset::openOn(const std::shared_ptr<Lease>& lease, const std::string& source) {
+  lease->session().query(source, rows_);
+  source_ = source;
+  lease_ = lease;
+}
+
+void Recordset::release() {
+  discard();
+  rows_.clear();
+  fields_.fields_.clear();
+  position_ = 0;
+  writable_ = false;
+  table_.clear();
+  lease_.reset();
+  ownLease_.reset();
+}
+
+void Recordset::Close() {
+  requireOpen();
+  release();
+}
+
+bool Recordset::Eof() const {
+  requireOpen();
+  return position_ >= rows_.rowCount();
+}
+
+void Recordset::MoveNext() {
+  requireOpen();
+  discard();
+  requireRow();
+  ++position_;
+}
+
+ado::Fields& Recordset::Fields() {
+  requireOpen();
+  return fields_;
+}
+
+ado::Field& Recordset::RowFields::Item(std::string_view name) {
+  rows_.requireOpen();
+  const ResultShape& shape = *rows_.rows_.shape();
+  const int column = shape.find(name);
+  if (column < 0) raiseStatementFailed("the result has no column '" + std::string(name) + "'");
+  if (fields_.empty()) {
+    fields_.reserve(shape.size());
+    for (std::size_t i = 0; i < shape.size(); ++i) fields_.emplace_back(rows_, i);
+  }
+  return fields_[static_cast<std::size_t>(column)];
+}
+
+kt7::Value Recordset::read(std::size_t column) const {
+  requireOpen();
+  if (!assigned_.empty() && assigned_[column]) return *assigned_[column];
+  if (adding_) return {};
+  requireRow();
+  return rows_.value(position_, column);
+}
+
+void Recordset::assign(std::size_t column, const kt7::Value& value) {
+  requireOpen();
+  requireWritable();
+  if (!adding_) requireRow();
+  if (assigned_.empty()) assigned_.resize(rows_.shape()->size());
+  assigned_[column] = value;
+}
+
+void Recordset::discard() {
+  adding_ = false;
+  assigned_.clear();
+}
+
+void Recordset::AddNew() {
+  requireOpen();
+  requireWritable();
+  discard();
+  adding_ = true;
+}
+
+void Recordset::Update() {
+  requireOpen();
+  requireWritable();
+  if (!adding_) requireRow();
+  Session& target = session();
+  std::vector<std::size_t> columns;
+  std::vector<Stored> values;
+  for (std::size_t i = 0; i < assigned_.size(); ++i) {
+    if (!assigned_[i]) continue;
+    columns.push_back(i);
+    values.push_back(target.stored(*assigned_[i], (*rows_.shape())[i].kind));
+  }
+  if (columns.empty()) return;
+  if (adding_) {
+    insertRow(target, columns, values);
+  } else {
+    updateRow(target, columns, values);
+  }
+  for (std::size_t i = 0; i < columns.size(); ++i) rows_.put(position_, columns[i], values[i]);
+  discard();
+}
+
+void Recordset::insertRow(Session& target, std::span<const std::size_t> columns,
+                          std::span<const Stored> values) {
+  std::string names, places;
+  for (const std::size_t column : columns) {
+    names.append(names.empty() ? "" : ",").append(columnName(column));
+    places.append(places.empty() ? "?" : ",?");
+  }
+  target.change("INSERT INTO " + table() + "(" + names + ") VALUES(" + places + ")", values);
+  rows_.addRow();
+  position_ = rows_.rowCount() - 1;
+  const int key = keyColumn();
+  if (key < 0) return;
+  const ColumnKind kind = (*rows_.shape())[static_cast<std::size_t>(key)].kind;
+  if (kind == ColumnKind::Integer) {
+    rows_.put(position_, static_cast<std::size_t>(key), target.lastKey());
+  }
+}
+
+void Recordset::updateRow(Session& target, std::span<const std::size_t> columns,
+                          std::vector<Stored> values) {
+  const int key = keyColumn();
+  if (key < 0) {
+    raiseStatementFailed("the rows of " + table() +
+                         " cannot be written back: the result lacks their primary key");
+  }
+  std::string text;
+  for (const std::size_t column : columns) {
+    text.append(text.empty() ? "" : ",").append(columnName(column)).append("=?");
+  }
+  values.push_back(rows_.stored(position_, static_cast<std::size_t>(key)));
+  const std::string sql = "UPDATE " + table() + " SET " + text + " WHERE " +
+                          columnName(static_cast<std::size_t>(key)) + "=?";
+  if (target.change(sql, values) == 0) {
+    raiseStatementFailed("the row to write back is no longer there", {sql, 0, {}});
+  }
+}
+
+Session& Recordset::session() const {
+  const std::shared_ptr<Lease> lease = lease_.lock();
+  if (!lease) raiseStatementFailed("the connection of the recordset is closed");
+  return lease->session();
+}
+
+const std::string& Recordset::table() {
+  if (table_.empty()) table_ = tableOfSelect(source_);
+  if (table_.empty()) {
+    raiseStatementFailed("the rows cannot be written back: their table is not known",
+                         {source_, 0, {}});
+  }
+  return table_;
+}
+
+int Recordset::keyColumn() {
+  const std::string key = session().primaryKey(table());
+  return key.empty() ? -1 : rows_.shape()->find(key);
+}
+
+void Recordset::requireOpen() const {
+  if (rows_.shape() == nullptr) raiseStatementFailed("the recordset is closed");
+}
+
+void Recordset::requireWritable() const {
+  if (!writable_) raiseStatementFailed("the recordset was opened for reading only");
+}
+
+void Recordset::requireRow() const {
+  if (position_ >= rows_.rowCount()) raiseStatementFailed("the recordset has no current row");
+}
+
+std::unique_ptr<ado::Recordset> createRecordset() { return std::make_unique<Recordset>(); }
+
+}  // namespace kt7::data

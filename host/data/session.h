@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/data/connection_string.h"
+#include "host/data/snapshot.h"
+
+namespace kt7::data {
+
+/// One physical connection to one engine; a driver is an implementation of it. A session is used
+/// by one thread at a time. Failures are Error of kind database.
+class Session {
+ public:
+  virtual ~Session() = default;
+
+  /// Runs one statement and drops its rows; anything after it is refused before it runs.
+  virtual void execute(const std::string& sql) = 0;
+  /// All rows of one statement that answers rows.
+  virtual void query(const std::string& sql, Snapshot& rows) = 0;
+  /// First column of the first row; null without a row. The text is prepared once and kept.
+  virtual Value askOne(const std::string& sql, std::span<const std::string> parameters) = 0;
+
+  /// The form in which the engine keeps a value of a column of that kind; a database error for one
+  /// that it would not give back equal.
+  virtual Stored stored(const Value& value, ColumnKind kind) const = 0;
+  /// Runs a fixed text with its "?" bound and answers how many rows it changed.
+  virtual std::int64_t change(const std::string& sql, std::span<const Stored> values) = 0;
+  /// The key that the engine gave to the row of the last INSERT.
+  virtual std::int64_t lastKey() = 0;
+  /// The one column of the table's primary key; "" when it has none or several.
+  virtual std::string primaryKey(const std::string& table) = 0;
+
+  virtual void begin() = 0;
+  virtual void commit() = 0;
+  virtual void rollback() = 0;
+  virtual bool inTransaction() const = 0;
+
+  /// Asked after a time of idleness: false when the connection should be dropped.
+  virtual bool usable() = 0;
+};
+
+/// A connection with that user and password, which stand for those in the connection string where
+/// they are not empty. A connection error when the engine refuses or is not built in.
+std::unique_ptr<Session> openSession(const ConnectionString& where, std::string_view user,
+                                     std::string_view password);
+
+}  // namespace kt7::data

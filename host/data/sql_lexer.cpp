@@ -1,0 +1,158 @@
+#include "host/data/sql_lexer.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n\f";
+constexpr std::string_view kSingleSymbols = "()+-*/%,;.=<>&|~:[]";
+constexpr std::string_view kDoubleSymbols[] = {
+    "<=", ">=", "<>", "!=", "==", "||", "<<", ">>", "::"};
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool startsWord(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+         static_cast<unsigned char>(c) >= 0x80;
+}
+bool continuesWord(char c) { return startsWord(c) || isDigit(c) || c == '$'; }
+
+class Lexer {
+ public:
+  explicit Lexer(std::string_view sql) : sql_(sql) {}
+
+  /// Past blanks and comments; false for a comment that does not end.
+  bool skipBlanks() {
+    for (;;) {
+      while (at_ < sql_.size() && kBlanks.find(sql_[at_]) != std::string_view::npos) ++at_;
+      if (sql_.substr(at_, 2) == "--") {
+        at_ = std::min(sql_.find('\n', at_), sql_.size());
+      } else if (sql_.substr(at_, 2) == "/*") {
+        const std::size_t close = sql_.find("*/", at_ + 2);
+        if (close == std::string_view::npos) return false;
+        at_ = close + 2;
+      } else {
+        return true;
+      }
+    }
+  }
+
+  bool atEnd() const { return at_ == sql_.size(); }
+  bool take(char c) {
+    if (look(0) != c) return false;
+    ++at_;
+    return true;
+  }
+
+  bool next(Token& token) {
+    token.begin = at_;
+    if (!read(token.kind)) return false;
+    token.length = at_ - token.begin;
+    return true;
+  }
+
+ private:
+  char look(std::size_t ahead) const {
+    return at_ + ahead < sql_.size() ? sql_[at_ + ahead] : '\0';
+  }
+
+  bool read(TokenKind& kind) {
+    const char c = look(0);
+    if (startsWord(c)) return readWord(kind);
+    if (isDigit(c) || (c == '.' && isDigit(look(1)))) return readNumber(kind);
+    if (c == '\'' || c == '"' || c == '`') {
+      kind = c == '\'' ? TokenKind::Text : TokenKind::Name;
+      return readQuoted(c);
+    }
+    if (c == '?' || ((c == ':' || c == '@' || c == '$') && continuesWord(look(1)))) {
+      kind = TokenKind::Parameter;
+      ++at_;
+      skipWord();
+      return true;
+    }
+    return readSymbol(kind);
+  }
+
+  bool readWord(TokenKind& kind) {
+    const std::size_t begin = at_;
+    skipWord();
+    kind = TokenKind::Word;
+    if (look(0) != '\'') return true;
+    const std::string_view prefix = sql_.substr(begin, at_ - begin);
+    if (prefix == "e" || prefix == "E") return false;  // backslashes may escape quotes in it
+    if (prefix != "x" && prefix != "X") return true;
+    kind = TokenKind::Blob;
+    return readQuoted('\'');
+  }
+
+  bool readNumber(TokenKind& kind) {
+    kind = TokenKind::Number;
+    while (isDigit(look(0)) || look(0) == '.') ++at_;
+    if (look(0) == 'e' || look(0) == 'E') {
+      ++at_;
+      if (look(0) == '+' || look(0) == '-') ++at_;
+      while (isDigit(look(0))) ++at_;
+    }
+    return !continuesWord(look(0));
+  }
+
+  bool readQuoted(char quote) {
+    for (++at_; at_ < sql_.size(); ++at_) {
+      if (sql_[at_] == '\0') return false;
+      if (sql_[at_] != quote) continue;
+      ++at_;
+      if (look(0) != quote) return true;
+    }
+    return false;
+  }
+
+  bool readSymbol(TokenKind& kind) {
+    kind = TokenKind::Symbol;
+    for (const std::string_view symbol : kDoubleSymbols) {
+      if (sql_.substr(at_, 2) == symbol) {
+        at_ += 2;
+        return true;
+      }
+    }
+    if (look(0) == '[') {  // another way to quote a name; a server's array index is left alone
+      const std::size_t close = sql_.find(']', at_);
+      if (close == std::string_view::npos) return false;
+      kind = TokenKind::Name;
+      at_ = close + 1;
+      return true;
+    }
+    if (kSingleSymbols.find(look(0)) == std::string_view::npos) return false;
+    ++at_;
+    return true;
+  }
+
+  void skipWord() {
+    while (at_ < sql_.size() && continuesWord(sql_[at_])) ++at_;
+  }
+
+  std::string_view sql_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace
+
+bool lexSql(std::string_view sql, std::vector<Token>& tokens) {
+  tokens.clear();
+  Lexer lexer(sql);
+  for (;;) {
+    if (!lexer.skipBlanks()) return false;
+    if (lexer.atEnd()) return true;
+    Token token;
+    if (!lexer.next(token)) return false;
+    tokens.push_back(token);
+  }
+}
+
+bool isBlankSql(std::string_view rest) {
+  Lexer lexer(rest);
+  do {
+    if (!lexer.skipBlanks()) return false;
+  } while (lexer.take(';'));
+  return lexer.atEnd();
+}
+
+}  // namespace kt7::data

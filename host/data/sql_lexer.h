@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace kt7::data {
+
+enum class TokenKind : std::uint8_t { Word, Number, Text, Name, Blob, Parameter, Symbol };
+
+/// A piece of an SQL text by its place in it; blanks and comments are between tokens. `Text` is
+/// in single quotes, `Name` in any other.
+struct Token {
+  TokenKind kind = TokenKind::Symbol;
+  std::size_t begin = 0;
+  std::size_t length = 0;
+  std::size_t end() const { return begin + length; }
+};
+
+/// Cuts the text into tokens. False for a quote or comment that does not end and for anything that
+/// is not surely understood; nothing may then be concluded from the tokens.
+bool lexSql(std::string_view sql, std::vector<Token>& tokens);
+
+/// True when only blanks, comments and semicolons are left.
+bool isBlankSql(std::string_view rest);
+
+}  // namespace kt7::data

@@ -1,0 +1,82 @@
+#include <filesystem>
+#include <new>
+
+#include "base/error.h"
+#include "host/data/sqlite_session.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr int kBusyMilliseconds = 5000;
+
+std::string databaseFile(const ConnectionString& where) {
+  const std::string_view file = where.database();
+  if (file.empty()) {
+    raiseConnectionFailed("the connection string names no file; write Database=company.db");
+  }
+  if (file == ":memory:") {
+    raiseConnectionFailed(
+        "a database in memory cannot be shared between connections; name a file, such as "
+        "Database=company.db");
+  }
+  return std::string(file);
+}
+
+[[noreturn]] void raiseCannotOpen(sqlite3* database, int code, const std::string& file) {
+  const std::string reason = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
+  const int native = database != nullptr ? sqlite3_extended_errcode(database) : code;
+  raiseConnectionFailed("cannot open the database '" + file + "': " + reason, {{}, native, {}});
+}
+
+/// year(x): the year of a date text, null for a null and for anything that is no date.
+void yearOfText(sqlite3_context* context, int, sqlite3_value** arguments) {
+  if (sqlite3_value_type(arguments[0]) != SQLITE_TEXT) return;
+  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
+  const auto length = static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]));
+  Date date;
+  if (bytes != nullptr && Date::tryFromIsoText({bytes, length}, date)) {
+    sqlite3_result_int(context, date.year());
+  }
+}
+
+SqliteHandle openFile(const std::string& file, int flags) {
+  sqlite3* opened = nullptr;
+  const int code = sqlite3_open_v2(file.c_str(), &opened,
+                                   flags | SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  SqliteHandle database(opened);
+  if (code != SQLITE_OK) raiseCannotOpen(opened, code, file);
+  sqlite3_busy_timeout(opened, kBusyMilliseconds);
+  for (const char* const pragma : {"PRAGMA journal_mode=WAL", "PRAGMA synchronous=FULL"}) {
+    const int answer = sqlite3_exec(opened, pragma, nullptr, nullptr, nullptr);
+    if (answer != SQLITE_OK) raiseCannotOpen(opened, answer, file);
+  }
+  return database;
+}
+
+}  // namespace
+
+std::unique_ptr<Session> openSqlite(const ConnectionString& where, std::string_view,
+                                    std::string_view) {
+  const std::string file = databaseFile(where);
+  std::error_code failed;
+  if (!std::filesystem::exists(file, failed)) {
+    raiseConnectionFailed("there is no database '" + file + "'; run \"kt7hr init --db '" +
+                              where.shown() + "'\" to create it",
+                          {{}, SQLITE_CANTOPEN, {}});
+  }
+  SqliteHandle database = openFile(file, 0);
+  const int code = sqlite3_create_function_v2(database.get(), "year", 1,
+                                              SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS,
+                                              nullptr, yearOfText, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) raiseCannotOpen(database.get(), code, file);
+  const std::string identity = std::filesystem::weakly_canonical(file, failed).string();
+  return std::make_unique<SqliteSession>(std::move(database),
+                                         WriteLock::of(failed ? file : identity));
+}
+
+void createSqlite(const ConnectionString& where) {
+  openFile(databaseFile(where), SQLITE_OPEN_CREATE);
+}
+
+}  // namespace kt7::data

@@ -1,0 +1,175 @@
+#include "host/data/sqlite_session.h"
+
+#include "base/error.h"
+#include "base/text.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr std::size_t kKeptStatements = 64;
+constexpr Dialect kSqliteDialect{.limitForTop = true, .wholeYears = true, .liftsLiterals = true};
+constexpr Dialect kUnlifted{.limitForTop = true, .wholeYears = true, .liftsLiterals = false};
+
+}  // namespace
+
+SqliteSession::SqliteSession(SqliteHandle database, std::shared_ptr<WriteLock> lock)
+    : database_(std::move(database)),
+      lock_(std::move(lock)),
+      statements_(kKeptStatements),
+      asked_(kKeptStatements),
+      fixed_(kKeptStatements) {}
+
+SqliteSession::~SqliteSession() { lock_->released(this); }
+
+SqliteStatement& SqliteSession::prepared(const std::string& sql) {
+  if (Asked* const same = asked_.find(sql)) {
+    same->statement->bind(same->literals);
+    return *same->statement;
+  }
+  Asked& asked = asked_.keep(sql, {lifted(sql), text_.literals()});
+  asked.statement->bind(asked.literals);
+  return *asked.statement;
+}
+
+SqliteSession::Shared SqliteSession::lifted(const std::string& sql) {
+  text_.read(sql, kSqliteDialect);
+  if (const Shared* const kept = statements_.find(text_.text())) return *kept;
+  if (!text_.literals().empty()) {
+    try {
+      const auto made = std::make_shared<SqliteStatement>(database_.get(), text_.text(), sql);
+      return statements_.keep(text_.text(), made);
+    } catch (const Error&) {
+      // Refused with its values lifted: what the engine says to the text as it stands counts.
+      text_.read(sql, kUnlifted);
+    }
+  }
+  return statements_.keep(text_.text(),
+                          std::make_shared<SqliteStatement>(database_.get(), text_.text(), sql));
+}
+
+SqliteStatement& SqliteSession::fixed(const std::string& sql) {
+  if (const Shared* const kept = fixed_.find(sql)) return **kept;
+  text_.read(sql, kUnlifted);
+  return *fixed_.keep(sql, std::make_shared<SqliteStatement>(database_.get(), text_.text(), sql));
+}
+
+void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
+  const bool writes = statement.writes();
+  if (writes) lock_->refuseSecondWriter(this, sql);
+  try {
+    statement.run(sql);
+  } catch (const Error&) {
+    noteTransaction();
+    throw;
+  }
+  if (writes || !inTransaction()) noteTransaction();
+}
+
+// SQLite itself is asked who holds the lock: a transaction may also begin by a statement's text,
+// and may end by an error.
+void SqliteSession::noteTransaction() {
+  if (sqlite3_txn_state(database_.get(), "main") == SQLITE_TXN_WRITE) {
+    lock_->held(this);
+  } else {
+    lock_->released(this);
+  }
+}
+
+void SqliteSession::execute(const std::string& sql) { run(prepared(sql), sql); }
+
+void SqliteSession::query(const std::string& sql, Snapshot& rows) {
+  SqliteStatement& statement = prepared(sql);
+  if (!statement.answersRows()) {
+    raiseStatementFailed("the statement answers no rows", {sql, SQLITE_ERROR, {}});
+  }
+  if (statement.writes()) lock_->refuseSecondWriter(this, sql);
+  statement.readAll(rows, sql);
+}
+
+Value SqliteSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
+  SqliteStatement& statement = fixed(sql);
+  statement.bind(parameters);
+  return statement.readFirst(sql);
+}
+
+std::int64_t SqliteSession::change(const std::string& sql, std::span<const Stored> values) {
+  SqliteStatement& statement = fixed(sql);
+  statement.bind(values);
+  run(statement, sql);
+  return sqlite3_changes64(database_.get());
+}
+
+std::string SqliteSession::primaryKey(const std::string& table) {
+  const std::string folded = lowerCase(table);
+  if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
+    return known->second;
+  }
+  const std::string name =
+      askOne("SELECT MAX(name) FROM pragma_table_info(?) WHERE pk > 0 HAVING COUNT(*) = 1",
+             {&folded, 1})
+          .joinedText();
+  if (!name.empty()) primaryKeys_.emplace(folded, name);
+  return name;
+}
+
+void SqliteSession::control(const char* statement) {
+  const std::string sql = statement;
+  run(fixed(sql), sql);
+}
+
+void SqliteSession::begin() {
+  if (inTransaction()) {
+    raiseStatementFailed("a transaction is already open on this connection", {"BEGIN", 0, {}});
+  }
+  // At once the lock to write: a transaction that only later wants it can find its snapshot
+  // outdated, and no waiting helps then.
+  control("BEGIN IMMEDIATE");
+}
+
+void SqliteSession::commit() {
+  if (!inTransaction()) {
+    raiseStatementFailed("no transaction is open on this connection", {"COMMIT", 0, {}});
+  }
+  control("COMMIT");
+}
+
+void SqliteSession::rollback() {
+  if (!inTransaction()) {
+    raiseStatementFailed("no transaction is open on this connection", {"ROLLBACK", 0, {}});
+  }
+  control("ROLLBACK");
+}
+
+bool SqliteSession::usable() {
+  int moved = 0;
+  return sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) ==
+             SQLITE_OK &&
+         moved == 0;
+}
+
+Stored SqliteSession::stored(const Value& value, ColumnKind kind) const {
+  const Value::Storage& storage = value.storage();
+  if (value.isNull()) return Null{};
+  if (const auto* text = std::get_if<std::string>(&storage)) return *text;
+  if (const auto* flag = std::get_if<bool>(&storage)) return std::int64_t{*flag ? 1 : 0};
+  if (const auto* number = std::get_if<double>(&storage)) return *number;
+  if (const auto* whole = std::get_if<std::int64_t>(&storage)) return *whole;
+  if (const auto* date = std::get_if<Date>(&storage)) {
+    const bool withTime =
+        kind == ColumnKind::Moment || (kind != ColumnKind::Day && date->timeOfDay() != 0);
+    return withTime ? date->isoDateTimeText() : date->isoDateText();
+  }
+  if (const auto* money = std::get_if<Currency>(&storage)) {
+    const std::int64_t count = money->tenThousandths();
+    if (count % Currency::kScale == 0) return count / Currency::kScale;
+    // SQLite keeps fractions as doubles, 15 digits.
+    const double number = money->toDouble();
+    if (Currency::fromDouble(number) == *money) return number;
+    raiseStatementFailed("the amount " + money->toText() +
+                         " has more digits than the database can keep");
+  }
+  return std::int64_t{value.toInt32()};
+}
+
+}  // namespace kt7::data

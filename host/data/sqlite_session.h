@@ -1,0 +1,69 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <map>
+
+#include "host/data/lru_cache.h"
+#include "host/data/session.h"
+#include "host/data/sqlite_statement.h"
+#include "host/data/statement_text.h"
+#include "host/data/write_lock.h"
+
+namespace kt7::data {
+
+struct CloseSqlite {
+  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+using SqliteHandle = std::unique_ptr<sqlite3, CloseSqlite>;
+
+/// A connection to one SQLite file.
+class SqliteSession final : public Session {
+ public:
+  SqliteSession(SqliteHandle database, std::shared_ptr<WriteLock> lock);
+  ~SqliteSession() override;
+
+  void execute(const std::string& sql) override;
+  void query(const std::string& sql, Snapshot& rows) override;
+  Value askOne(const std::string& sql, std::span<const std::string> parameters) override;
+  Stored stored(const Value& value, ColumnKind kind) const override;
+  std::int64_t change(const std::string& sql, std::span<const Stored> values) override;
+  std::int64_t lastKey() override { return sqlite3_last_insert_rowid(database_.get()); }
+  std::string primaryKey(const std::string& table) override;
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  bool inTransaction() const override { return sqlite3_get_autocommit(database_.get()) == 0; }
+  bool usable() override;
+
+ private:
+  using Shared = std::shared_ptr<SqliteStatement>;
+  struct Asked {
+    Shared statement;
+    std::vector<std::string> literals;
+  };
+
+  /// The statement for a text with its values inlined, ready to run.
+  SqliteStatement& prepared(const std::string& sql);
+  Shared lifted(const std::string& sql);
+  /// The statement for a text that is the same every time, nothing bound.
+  SqliteStatement& fixed(const std::string& sql);
+  void run(SqliteStatement& statement, const std::string& sql);
+  void noteTransaction();
+  void control(const char* statement);
+
+  SqliteHandle database_;
+  std::shared_ptr<WriteLock> lock_;
+  StatementText text_;
+  LruCache<Shared> statements_;
+  LruCache<Asked> asked_;
+  LruCache<Shared> fixed_;
+  std::map<std::string, std::string> primaryKeys_;
+};
+
+std::unique_ptr<Session> openSqlite(const ConnectionString& where, std::string_view user,
+                                    std::string_view password);
+/// Makes the file; one that exists is left as it is.
+void createSqlite(const ConnectionString& where);
+
+}  // namespace kt7::data
