@@ -32,7 +32,7 @@ std::string databaseFile(const ConnectionString& where) {
 /// year(x): the year of a date text, null for a null and for anything that is no date.
 void yearOfText(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (sqlite3_value_type(arguments[0]) != SQLITE_TEXT) return;
-  const auto* bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
   const auto length = static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]));
   Date date;
   if (bytes != nullptr && Date::tryFromIsoText({bytes, length}, date)) {

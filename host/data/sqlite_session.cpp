@@ -54,26 +54,33 @@ SqliteStatement& SqliteSession::fixed(const std::string& sql) {
   return *fixed_.keep(sql, std::make_shared<SqliteStatement>(database_.get(), text_.text(), sql));
 }
 
-void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
-  const bool writes = statement.writes();
-  if (writes) lock_->refuseSecondWriter(this, sql);
-  try {
-    statement.run(sql);
-  } catch (const Error&) {
-    noteTransaction();
-    throw;
+/// Asks for the lock to write before a statement runs, and notes who has it on every way out.
+class SqliteSession::Watched {
+ public:
+  Watched(SqliteSession& session, const SqliteStatement& statement, const std::string& sql)
+      : session_(session) {
+    if (statement.writes()) session.lock_->refuseSecondWriter(&session, sql);
   }
-  if (writes || !inTransaction()) noteTransaction();
+  ~Watched() { session_.noteTransaction(); }
+  Watched(const Watched&) = delete;
+  Watched& operator=(const Watched&) = delete;
+
+ private:
+  SqliteSession& session_;
+};
+
+void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
+  const Watched watched(*this, statement, sql);
+  statement.run(sql);
 }
 
 // SQLite itself is asked who holds the lock: a transaction may also begin by a statement's text,
 // and may end by an error.
 void SqliteSession::noteTransaction() {
-  if (sqlite3_txn_state(database_.get(), "main") == SQLITE_TXN_WRITE) {
-    lock_->held(this);
-  } else {
-    lock_->released(this);
-  }
+  const bool writing = sqlite3_txn_state(database_.get(), "main") == SQLITE_TXN_WRITE;
+  if (writing == holdsLock_) return;
+  holdsLock_ = writing;
+  writing ? lock_->held(this) : lock_->released(this);
 }
 
 void SqliteSession::execute(const std::string& sql) { run(prepared(sql), sql); }
@@ -83,7 +90,7 @@ void SqliteSession::query(const std::string& sql, Snapshot& rows) {
   if (!statement.answersRows()) {
     raiseStatementFailed("the statement answers no rows", {sql, SQLITE_ERROR, {}});
   }
-  if (statement.writes()) lock_->refuseSecondWriter(this, sql);
+  const Watched watched(*this, statement, sql);
   statement.readAll(rows, sql);
 }
 

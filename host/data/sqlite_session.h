@@ -43,6 +43,8 @@ class SqliteSession final : public Session {
     std::vector<std::string> literals;
   };
 
+  class Watched;
+
   /// The statement for a text with its values inlined, ready to run.
   SqliteStatement& prepared(const std::string& sql);
   Shared lifted(const std::string& sql);
@@ -54,6 +56,7 @@ class SqliteSession final : public Session {
 
   SqliteHandle database_;
   std::shared_ptr<WriteLock> lock_;
+  bool holdsLock_ = false;
   StatementText text_;
   LruCache<Shared> statements_;
   LruCache<Asked> asked_;

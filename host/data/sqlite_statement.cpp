@@ -8,7 +8,7 @@ namespace kt7::data {
 namespace {
 
 std::string_view textOf(sqlite3_stmt* statement, int column) {
-  const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
   const int length = sqlite3_column_bytes(statement, column);
   return bytes == nullptr ? std::string_view{}
                           : std::string_view(bytes, static_cast<std::size_t>(length));
