@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kt7::payroll {
+
+/// How an item counts in its slip, as the database numbers it.
+enum class Counts { Deduction = 0, Income = 1, Accumulation = 2 };
+
+/// What an input row of a kind does.
+enum class InputUse {
+  Days,      // replaces the days paid
+  Hours,     // replaces the hours paid
+  Absence,   // days taken off
+  Overtime,  // hours at a multiple of the hour rate
+  Amount,    // an item of the amount
+  Computed   // reckoned by the run itself, never given
+};
+
+struct ItemKind {
+  std::string_view code;
+  std::string_view name;  // on the slip
+  InputUse use;
+  Counts counts;
+  double times = 0;              // the hour rate, of overtime
+  bool negativeDeducts = false;  // a negative amount is a deduction, not a smaller income
+};
+
+namespace kind {
+inline constexpr std::string_view kSalary = "SALARY";
+inline constexpr std::string_view kBonus = "BONUS";
+inline constexpr std::string_view kSocialSecurity = "STAX";
+inline constexpr std::string_view kSocialSecurityEmployer = "STAXCO";
+inline constexpr std::string_view kFund = "SFUND";
+inline constexpr std::string_view kFundEmployer = "SFUNDCO";
+inline constexpr std::string_view kTax = "PTAX";
+}  // namespace kind
+
+/// The kind of that code, in upper case. One that is not listed is an income by amount, whose name
+/// is its code; nothing is kept of `code`, the result's texts last only as long as it does.
+ItemKind itemKind(std::string_view code);
+
+}  // namespace kt7::payroll

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "payroll/run/ports.h"
+#include "payroll/store/records.h"
+
+namespace kt7::payroll {
+
+/// The company's records in its database, read on the data object's connection.
+class CompanyStore : public Company {
+ public:
+  explicit CompanyStore(Records& records) : records_(records) {}
+
+  std::vector<TypeRow> types() override;
+  std::vector<SlipPeriod> slipPeriods(const DaySpan& payDates) override;
+  int countEmployees(const std::string& type, const DaySpan& span) override;
+  std::vector<Employee> employees(const EmployeeQuery& query) override;
+  std::vector<Employee> employees(const std::vector<std::string>& codes) override;
+  std::vector<std::string> employeesWithoutType(const DaySpan& span, int limit) override;
+  std::vector<KnownSlip> slips(const std::vector<std::string>& employees,
+                               const DaySpan& payDates) override;
+  std::vector<SlipDate> slipDates(const std::string& type, const DaySpan& payDates) override;
+  std::vector<KnownSlip> undueSlips(const UndueQuery& query) override;
+  bool hasSlips(const DaySpan& payDates) override;
+  std::map<std::string, PaySums> balances(const std::vector<std::string>& employees,
+                                          const DaySpan& payDates) override;
+  std::string lastSlipNumber(Date payDate) override;
+
+ private:
+  std::string employedIn(const DaySpan& span) const;
+  std::string paidFor(const std::string& type, const DaySpan& span) const;
+  std::vector<Employee> readEmployees(const std::string& sql);
+  std::vector<KnownSlip> readSlips(const std::string& sql);
+
+  Records& records_;
+};
+
+}  // namespace kt7::payroll

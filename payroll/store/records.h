@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "collab/opened.h"
+#include "payroll/run/day_span.h"
+
+namespace kt7::payroll {
+
+/// Questions and statements on the data object's connection, and the reading of their rows.
+class Records {
+ public:
+  Records(Platform& platform, DataObj& dataObj);
+
+  OpenRecordset open(const std::string& sql, int lockType = ado::kReadOnly);
+  void execute(const std::string& sql);
+
+  /// A text between quotes, whatever stands in it.
+  std::string quoted(std::string_view text) const;
+  /// "('E1','E2')"
+  std::string listOf(const std::vector<std::string>& texts) const;
+  std::string dateText(Date day) const;
+  /// "COLUMN>=first AND COLUMN<=last"
+  std::string within(const std::string& column, const DaySpan& span) const;
+  Date now() { return platform_.now(); }
+  /// Empty for a date that counts as not entered.
+  std::optional<Date> enteredDate(const Value& value) const;
+
+ private:
+  Platform& platform_;
+  DataObj& dataObj_;
+  std::unique_ptr<DataTool> dataTool_;
+  std::unique_ptr<UtilityObject> utility_;
+  bool backslashEscapes_;
+};
+
+// A null reads as "", 0 or no; a null of a number where none may be missing as empty.
+std::string textIn(ado::Recordset& row, std::string_view column);
+Currency moneyIn(ado::Recordset& row, std::string_view column);
+double numberIn(ado::Recordset& row, std::string_view column);
+int wholeIn(ado::Recordset& row, std::string_view column);
+std::optional<std::int16_t> smallIn(ado::Recordset& row, std::string_view column);
+
+}  // namespace kt7::payroll

@@ -1,0 +1,90 @@
+#include "payroll/store/slip_store.h"
+
+#include "base/error.h"
+#include "base/text.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+std::string salaryPeriodText(const Slip& slip) {
+  return padded(slip.payDate.year(), 4) + "-" + padded(slip.payDate.month(), 2) + "/" +
+         std::to_string(slip.periodNumber);
+}
+
+void setItem(ado::Recordset& row, const Slip& slip, std::int32_t line, const SlipItem& item) {
+  const bool income = item.counts == Counts::Income;
+  row.set("TSmbTEPSNo", slip.number);
+  row.set("TSmbLn", line);
+  row.set("TSmbTAMTAlias", item.kind);
+  row.set("TSmbName", item.name);
+  row.set("TSmbQuantity", item.quantity);
+  row.set("TSmbCheckMoney", static_cast<std::int16_t>(item.counts));
+  row.set("TSmbCheckFix", std::int16_t{0});
+  row.set("TSmbDebit", income ? item.amount : Currency());
+  row.set("TSmbCrebit", income ? Currency() : item.amount);
+}
+
+}  // namespace
+
+void SlipStore::save(const Slip& slip) {
+  saveDocument(slip);
+  saveItems(slip);
+}
+
+void SlipStore::saveDocument(const Slip& slip) {
+  auto document =
+      records_.open("SELECT * FROM KT7TEmpSlipDoc WHERE TEPSNo=" + records_.quoted(slip.number),
+                    ado::kOptimistic);
+  if (document->Eof()) document->AddNew();
+  document->set("TEPSNo", slip.number);
+  document->set("TEpSTEmpCode", slip.employee);
+  document->set("TEPSTEmTCode", slip.type);
+  document->set("TEPSCheckGroup", kCheckGroup);
+  document->set("TEPSSalaryPeriod", salaryPeriodText(slip));
+  document->set("TEpsTSaPDate", slip.payDate);
+  document->set("TEpsStartDate", slip.span.first);
+  document->set("TEpsEndDate", slip.span.last);
+  document->set("TEPSTotalWorkDay", slip.payDays);
+  document->set("TEPSTotalLeaveHDay", 0.0);
+  document->set("TEPSNetTotal", registerAmounts(slip).net);
+  document->set("TEPSFlag1", std::int16_t{1});
+  document->set("TEPSFlag3", records_.now());
+  document->Update();
+}
+
+void SlipStore::saveItems(const Slip& slip) {
+  const std::string ofSlip =
+      " FROM KT7TEmpSlipItem WHERE TSmbTEPSNo=" + records_.quoted(slip.number);
+  auto rows = records_.open("SELECT *" + ofSlip + " ORDER BY TSmbLn", ado::kOptimistic);
+  bool standing = !rows->Eof();
+  std::int32_t line = 0;
+  for (const SlipItem& item : slip.items) {
+    if (!standing) rows->AddNew();
+    setItem(*rows, slip, ++line, item);
+    rows->Update();
+    if (!standing) continue;
+    rows->MoveNext();
+    standing = !rows->Eof();
+  }
+  if (standing) records_.execute("DELETE" + ofSlip + " AND TSmbLn>" + std::to_string(line));
+}
+
+void SlipStore::remove(const KnownSlip& slip) {
+  records_.execute("DELETE FROM KT7TEmpSlipItem WHERE TSmbTEPSNo=" + records_.quoted(slip.number));
+  records_.execute("DELETE FROM KT7TEmpSlipDoc WHERE TEPSNo=" + records_.quoted(slip.number));
+  records_.execute("DELETE FROM KT7TEmpAmassType WHERE TEATBalanceFlag=0 AND TEATTEmpCode=" +
+                   records_.quoted(slip.employee) + " AND TEATCheckGroup=" +
+                   std::to_string(kCheckGroup) + " AND TEATTEmTCode=" + records_.quoted(slip.type) +
+                   " AND TEATPaymentDate=" + records_.dateText(slip.payDate));
+}
+
+void SlipStore::rollback() noexcept {
+  try {
+    dataObj_.Connection().RollbackTrans();
+  } catch (const std::exception&) {
+    // A connection that is lost has nothing to roll back.
+  }
+}
+
+}  // namespace kt7::payroll
