@@ -1,0 +1,136 @@
+// Every step of every writing operation fails in turn, before and after it took effect. What the
+// caller was told is held against what the database holds.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "base/error.h"
+#include "support/company.h"
+
+namespace kt7 {
+namespace {
+
+using test::Company;
+using Lines = std::vector<std::string>;
+
+enum class Told { Success, Failure, Message };
+
+struct Writing {
+  const char* operation;
+  std::function<void(Company&)> call;
+  /// In a transaction of its own, or inside the caller's, who rolls back when told of a failure.
+  bool ownTransaction;
+};
+
+class FaultSweep : public testing::TestWithParam<Writing> {};
+
+void fill(Company& company) {
+  for (const char* sql :
+       {"INSERT INTO KT7TEmployee (TEmpCode, TEmpTEmTCode, TEmpTBraCode, TEmpStatus, "
+        "TEmpResignDate) VALUES ('E1', 'M', 'B1', 3, '2026-01-01'), ('E2', 'M', 'B1', 1, NULL)",
+        "INSERT INTO KT7TEmployee2 (TEm2TEmpCode, TEm2BonusAmass) VALUES ('E1', 9)",
+        "INSERT INTO KT7TEmployeeType (TEmTCode, TEMTFlag1, TEMTTotalPeriod, TEMTPaymentPeriod1, "
+        "TEMTStartPeriod1, TEMTEndPeriod1, TEMTOTStartPeriod1, TEMTOTEndPeriod1) VALUES ('M', 1, "
+        "1, 31, 1, 31, 1, 31)",
+        "INSERT INTO KT7TEmpSlipDoc (TEPSNo, TEpSTEmpCode, TEPSCheckGroup, TEpsTSaPDate) VALUES "
+        "('N1', 'E1', 1, '2026-01-31')",
+        "INSERT INTO KT7TEmpSlipItem (TSmbTEPSNo, TSmbTAMTAlias, TSmbCheckMoney, TSmbDebit) VALUES "
+        "('N1', 'SALARY', 1, 100), ('N1', 'PTAX', 0, 5)"}) {
+    company.run(sql);
+  }
+}
+
+Lines state(Company& company) {
+  Lines all;
+  for (const char* sql :
+       {"TEmpCode || TEmpStatus || coalesce(TEmpFlag3, '') AS line FROM KT7TEmployee",
+        "TEm2TEmpCode || TEm2BonusAmass AS line FROM KT7TEmployee2",
+        "TSaPTEmTCode || TSAPDate AS line FROM KT7TEmpSlipPeriod",
+        "TEATTEmpCode || TEATAddSalary || TEATCutTAX AS line FROM KT7TEmpAmassType",
+        "TEAATEmpCode || TEAAType AS line FROM KT7TEmpActiveAmass",
+        "TBraCode AS line FROM KT7TBranch", "TSecCode AS line FROM KT7TSection",
+        "TPSTCode AS line FROM KT7TPosition", "TWPTWeekDay AS line FROM KT7TEmpWorkTime",
+        "TEHPTEmpCode || TEHPLn AS line FROM KT7TEmpHisPosition",
+        "TEpSTEmpCode AS line FROM KT7TEmpSlipDoc"}) {
+    for (const std::string& line : company.rows(sql)) all.push_back(line);
+  }
+  return all;
+}
+
+Told call(Company& company, const Writing& writing) {
+  if (!writing.ownTransaction) company.hostData().BeginTransaction();
+  try {
+    writing.call(company);
+  } catch (const Error&) {
+    company.hostData().reset(1);
+    return Told::Failure;
+  }
+  if (!writing.ownTransaction) company.hostData().CommitTransaction();
+  return company.messages().empty() ? Told::Success : Told::Message;
+}
+
+TEST_P(FaultSweep, WhatTheCallerIsToldHolds) {
+  const Writing& writing = GetParam();
+  Company untouched;
+  fill(untouched);
+  const Lines before = state(untouched);
+  untouched.steps().failAt(0, trace::FaultInjector::When::Before);
+  ASSERT_EQ(call(untouched, writing), Told::Success);
+  const int steps = untouched.steps().steps();
+  const Lines done = state(untouched);
+  ASSERT_NE(before, done);
+
+  for (int step = 1; step <= steps; ++step) {
+    for (const auto when :
+         {trace::FaultInjector::When::Before, trace::FaultInjector::When::After}) {
+      Company company;
+      fill(company);
+      company.steps().failAt(step, when);
+      const Told told = call(company, writing);
+      const std::string where = company.steps().lines().at(static_cast<std::size_t>(step) - 1);
+      EXPECT_TRUE(company.steps().failed()) << where;
+      const Lines after = state(company);
+      // Only what fails once the work is committed leaves the new state with a failure.
+      const bool committed = writing.ownTransaction && step >= steps - 1 &&
+                             !(step == steps - 1 && when == trace::FaultInjector::When::Before);
+      EXPECT_EQ(after, committed ? done : before) << where;
+      EXPECT_NE(told, Told::Success) << where;
+      // Nothing stays open or locked: another connection can write at once.
+      EXPECT_NO_THROW(company.run("UPDATE KT7TEmployee SET TEmpNo = 'free'")) << where;
+      EXPECT_EQ(company.hostData().opens(), 1) << where;
+    }
+  }
+}
+
+const Date kDay = Date::fromYmd(2026, 1, 31);
+
+const Writing kWriting[] = {
+    {"UpdatePeriodStatus", [](auto& c) { c.hr().UpdatePeriodStatus(c.data(), false); }, true},
+    {"UpdateEmployeeStatus", [](auto& c) { c.hr().UpdateEmployeeStatus(c.data()); }, true},
+    {"SumAmass2TR", [](auto& c) { c.hr().SumAmass2TR("E1", 1, "", "N1", c.data(), 1); }, false},
+    {"UpdateEmpActiveAmassTR",
+     [](auto& c) { c.hr().UpdateEmpActiveAmassTR(1, 1, "E1", kDay, c.data()); }, false},
+    {"BUILTSECTIONTR", [](auto& c) { c.hr().BUILTSECTIONTR(c.data(), "B1", "", "", "S1=Sales"); },
+     false},
+    {"BUILTPOSITION2TR", [](auto& c) { c.hr().BUILTPOSITION2TR(c.data(), "P1"); }, false},
+    {"BUILTWORKPERIODTR", [](auto& c) { c.hr().BUILTWORKPERIODTR(c.data(), "W1"); }, false},
+    {"BackupBlankPostionTR", [](auto& c) { c.hr().BackupBlankPostionTR(c.data(), "E1"); }, false},
+    {"UpdatePostionTR",
+     [](auto& c) {
+       std::string department;
+       c.hr().UpdatePostionTR(c.data(), "E1", kDay, "", "", "", "", department, "", 1, 2);
+     },
+     false},
+    {"RenameEmployeeCodeTR",
+     [](auto& c) {
+       std::string to = "E9";
+       c.hr().RenameEmployeeCodeTR(c.data(), "E1", to);
+     },
+     false},
+};
+
+INSTANTIATE_TEST_SUITE_P(Operations, FaultSweep, testing::ValuesIn(kWriting),
+                         [](const auto& info) { return std::string(info.param.operation); });
+
+}  // namespace
+}  // namespace kt7

@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include "support/company.h"
+#include "support/raises.h"
+
+namespace kt7 {
+namespace {
+
+using test::Company;
+using Lines = std::vector<std::string>;
+
+/// A type with one period: pay day, custom day, salary span and overtime span.
+struct Days {
+  std::string pay = "31", custom = "31", start = "1", end = "31", otStart = "1", otEnd = "31";
+};
+
+void addType(Company& company, const std::string& code, const Days& days,
+             const std::string& flag = "1", const std::string& automatic = "1") {
+  company.run(
+      "INSERT INTO KT7TEmployeeType (TEmTCode, TEMTFlag1, TEMTAutoPeriod, TEMTTotalPeriod, "
+      "TEMTPaymentPeriod1, TEMTPaymentCustom1, TEMTStartPeriod1, TEMTEndPeriod1, "
+      "TEMTOTStartPeriod1, TEMTOTEndPeriod1) VALUES ('" +
+      code + "'," + flag + "," + automatic + ",1," + days.pay + "," + days.custom + "," +
+      days.start + "," + days.end + "," + days.otStart + "," + days.otEnd + ")");
+}
+
+Lines periods(Company& company) {
+  return company.rows(
+      "TSaPTEmTCode || ' ' || TSAPDate || ' ' || TSAPCustomDate || ' ' || TSAPStartDate || '..' || "
+      "TSAPEndDate || ' ' || TSAPOTStartDate || '..' || TSAPOTEndDate || ' ' || TSAPPeriodNo || "
+      "'/' || TSAPYearPeriodNo || ' ' || TSAPStatus AS line FROM KT7TEmpSlipPeriod ORDER BY "
+      "TSaPTEmTCode, TSAPDate");
+}
+
+TEST(SlipPeriods, FollowTheDaysOfTheTypeInTheMonthOfTheClock) {
+  const struct {
+    const char* now;
+    Days days;
+    const char* expected;
+  } cases[] = {// a pay day past the month's end is pulled back and takes the custom date along
+               {"2016-04-10",
+                {"31", "31"},
+                "2016-04-30 2016-04-30 2016-04-01..2016-04-30 2016-04-01..2016-04-30"},
+               {"2016-04-10",
+                {"31", "25"},
+                "2016-04-30 2016-04-24 2016-04-01..2016-04-30 2016-04-01..2016-04-30"},
+               {"2016-04-10",
+                {"-2", "5"},
+                "2016-04-01 2016-04-08 2016-04-01..2016-04-30 2016-03-01..2016-03-30"},
+               // a span that crosses the month, also the year
+               {"2016-01-31",
+                {"31", "31", "21", "20", "26", "25"},
+                "2016-01-31 2016-01-31 2015-12-21..2016-01-20 2015-12-26..2016-01-25"},
+               {"2016-02-29",
+                {"31", "31", "1", "31"},
+                "2016-02-29 2016-02-29 2016-02-01..2016-02-29 2016-02-01..2016-02-29"},
+               {"2016-03-15",
+                {"20", "20", "16", "16"},
+                "2016-03-20 2016-03-20 2016-02-16..2016-03-16 2016-02-01..2016-02-29"},
+               // overtime moves back until it ends by the pay date
+               {"2016-04-10",
+                {"10", "10", "1", "31", "1", "15"},
+                "2016-04-10 2016-04-10 2016-04-01..2016-04-30 2016-03-01..2016-03-15"},
+               {"2016-04-10",
+                {"25", "25", "1", "31", "26", "25"},
+                "2016-04-25 2016-04-25 2016-04-01..2016-04-30 2016-03-26..2016-04-25"},
+               {"2016-04-10",
+                {"10", "10", "1", "31", "26", "25"},
+                "2016-04-10 2016-04-10 2016-04-01..2016-04-30 2016-02-26..2016-03-25"}};
+  for (const auto& [now, days, expected] : cases) {
+    Company company(now);
+    addType(company, "M", days);
+    company.hr().UpdatePeriodStatus(company.data(), false);
+    const std::string month = std::to_string(Date::fromIsoText(now).month());
+    EXPECT_EQ(periods(company), Lines{"M " + std::string(expected) + " 1/" + month + " 1"}) << now;
+    EXPECT_TRUE(company.messages().empty());
+  }
+}
+
+TEST(SlipPeriods, CoverTheTypesInUseAndRewriteAllButFrozenRows) {
+  Company company("2026-02-10");
+  addType(company, "A", {"28", "28"});
+  addType(company, "B", {"28", "28"}, "1", "0");
+  addType(company, "C", {"28", "28"}, "0", "1");
+  company.hr().UpdatePeriodStatus(company.data(), true);
+  EXPECT_EQ(periods(company).size(), 1u);
+  company.run("UPDATE KT7TEmpSlipPeriod SET TSAPStatus = 0, TSAPPeriodNo = 7, TSAPFlag3 = NULL");
+  company.hr().UpdatePeriodStatus(company.data(), false);
+  EXPECT_EQ(company.rows("TSaPTEmTCode || TSAPPeriodNo || TSAPStatus || (TSAPFlag3 IS NULL) AS "
+                         "line FROM KT7TEmpSlipPeriod ORDER BY TSaPTEmTCode"),
+            (Lines{"A701", "B110"}));
+  company.run("UPDATE KT7TEmpSlipPeriod SET TSAPStatus = NULL, TSAPPeriodNo = 9");
+  company.setNow("2026-02-11T08:30:00");
+  company.hr().UpdatePeriodStatus(company.data(), false);
+  EXPECT_EQ(company.rows("TSAPPeriodNo || TSAPStatus || TSAPFlag3 AS line FROM KT7TEmpSlipPeriod "
+                         "ORDER BY TSaPTEmTCode"),
+            (Lines{"112026-02-11 08:30:00", "112026-02-11 08:30:00"}));
+}
+
+TEST(SlipPeriods, AFailureLeavesTheTableAsItWasAndIsShownOnce) {
+  const struct {
+    Days bad;
+    const char* cause;
+  } cases[] = {{{"31", "31", "0", "31"}, "Overflow"},  // no date text ever fits day 0
+               {{"31", "31", "NULL", "31"}, "Type mismatch: a null where a value is needed"}};
+  for (const auto& [bad, cause] : cases) {
+    Company company("2026-02-10");
+    addType(company, "A", {});
+    addType(company, "B", bad);
+    company.hr().UpdatePeriodStatus(company.data(), false);
+    EXPECT_TRUE(periods(company).empty()) << cause;
+    EXPECT_EQ(company.messages(),
+              Lines{"ไม่สามารถบันทึกข้อมูลได้ในขณะนี้ โปรดจดจำ หรือบันทึกข้อความต่อไปนี้ หรือ Print "
+                    "Screen เพื่อแจ้งให้กับผู้ดูแลระบบ - " +
+                    std::string(cause)});
+  }
+}
+
+TEST(SlipPeriods, AConnectionThatCannotOpenReachesTheCaller) {
+  Company company;
+  company.steps().failAt(1, trace::FaultInjector::When::Before);
+  EXPECT_EQ(test::raised([&] { company.hr().UpdatePeriodStatus(company.data(), false); }),
+            "database");
+  EXPECT_TRUE(company.messages().empty());
+}
+
+TEST(PeriodPosition, AnswersOneOrZero) {
+  Company company;
+  const Date march = Date::fromYmd(2026, 3, 31);
+  const auto ofMonth = [&] {
+    return company.hr().IsFirstPeriodOfMonth("M", march, company.data());
+  };
+  const auto ofYear = [&](Date date) {
+    return company.hr().IsFirstPeriodOfYear("M", date, company.data());
+  };
+  EXPECT_EQ(ofMonth(), 1);
+  EXPECT_EQ(ofYear(march), 1);
+  const std::string add =
+      "INSERT INTO KT7TEmpSlipPeriod (TSaPTEmTCode, TSAPDate, TSAPPeriodNo) VALUES ";
+  company.run(add + "('X', '2026-01-01', 5)");
+  company.run(add + "('M', '2025-12-31', 5)");
+  EXPECT_EQ(ofMonth(), 1);
+  company.run(add + "('M', '2026-03-15', 2)");
+  EXPECT_EQ(ofMonth(), 0);
+  EXPECT_EQ(ofYear(march), 0);
+  EXPECT_EQ(ofYear(Date::fromYmd(2026, 3, 15)), 1);
+  company.run("UPDATE KT7TEmpSlipPeriod SET TSAPPeriodNo = NULL");
+  EXPECT_EQ(ofMonth(), 1);
+}
+
+}  // namespace
+}  // namespace kt7

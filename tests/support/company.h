@@ -1,0 +1,63 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "host/data/database.h"
+#include "host/roles/host_data_obj.h"
+#include "host/roles/host_platform.h"
+#include "host/schema/schema.h"
+#include "host/trace/fault_injector.h"
+#include "host/trace/traced_data_obj.h"
+#include "host/trace/traced_platform.h"
+#include "interface/hr_object.h"
+
+namespace kt7::test {
+
+/// A folder of its own for the database of one test, gone
+/// afterwards; the file is not made yet.
+class TemporaryDatabase {
+ public:
+  TemporaryDatabase();
+  ~TemporaryDatabase();
+  TemporaryDatabase(const TemporaryDatabase&) = delete;
+  TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
+  const std::string& connectionString() const { return connectionString_; }
+  std::filesystem::path file() const { return folder_ / "company.db"; }
+
+ private:
+  std::filesystem::path folder_;
+  std::string connectionString_;
+};
+
+/// An empty company in the embedded database, the library on it, and every step it takes.
+class Company {
+ public:
+  explicit Company(const char* now = "2026-01-15T10:00:00");
+
+  void run(const std::string& sql);
+  /// The rows of a query as text: fields joined by "|", null as "-", rows in order.
+  std::vector<std::string> rows(const std::string& sql);
+  void setNow(const char* now) { host_.setNow(Date::fromIsoText(now)); }
+
+  const std::string& connectionString() const { return database_.connectionString(); }
+  DataObj& data() { return tracedData_; }
+  host::HostDataObj& hostData() { return hostData_; }
+  HRObject& hr() { return hr_; }
+  Platform& platform() { return traced_; }
+  trace::FaultInjector& steps() { return steps_; }
+  std::vector<std::string>& messages() { return messages_; }
+
+ private:
+  TemporaryDatabase database_;
+  host::HostPlatform host_;
+  trace::FaultInjector steps_;
+  trace::TracedPlatform traced_{host_, steps_};
+  host::HostDataObj hostData_;
+  trace::TracedDataObj tracedData_{hostData_, steps_};
+  HRObject hr_{traced_};
+  std::vector<std::string> messages_;
+};
+
+}  // namespace kt7::test
