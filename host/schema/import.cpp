@@ -88,6 +88,17 @@ std::vector<Value> readRow(const csv::Row& row, const Columns& columns, Problems
   return values;
 }
 
+/// What the database said of a row, in plain words where its key is taken.
+std::string refusalText(const Error& error) {
+  constexpr std::int32_t kSqliteUnique = 2067;
+  constexpr std::int32_t kSqlitePrimaryKey = 1555;
+  const DatabaseCause& cause = error.cause();
+  const bool keyIsTaken = cause.nativeCode == kSqliteUnique ||
+                          cause.nativeCode == kSqlitePrimaryKey || cause.sqlState.starts_with("23");
+  return keyIsTaken ? "a row with this key is already there (" + std::string(error.what()) + ")"
+                    : error.what();
+}
+
 /// Adds rows through recordsets of their own, so that no recordset grows with the file.
 class RowWriter {
  public:
@@ -131,7 +142,7 @@ std::size_t importRows(ado::Connection& connection, const Table& table, csv::Rea
     try {
       writer.write(values);
     } catch (const Error& error) {
-      throw ImportError({atLine(row.line) + ": " + error.what()});
+      throw ImportError({atLine(row.line) + ": " + refusalText(error)});
     }
   }
   if (!problems.empty()) throw ImportError(std::move(problems));

@@ -16,7 +16,7 @@ std::vector<Table> hostTables() {
       table("KT7TUserModule", "TUMd",
             {whole("TUMdTUsrID"), code("TUMdTCmGAlias"), small("TUMdIsAdministrator")},
             {unique("TUMdTUsrID, TUMdTCmGAlias")}),
-      table("KT7TUserRight", "TUsR", {whole("TUsRTUsrID"), code("TUsRKey")},
+      table("KT7TUserRight", "TUsRight", {whole("TUsRTUsrID"), code("TUsRKey")},
             {unique("TUsRTUsrID, TUsRKey")}),
       table("KT7TSetting", "TSet",
             {code("TSetKey"), number("TSetNumber"), text("TSetText", kNoteLength)},
