@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/date.h"
+#include "host/roles/host_platform.h"
 
 namespace CLI {
 class App;
@@ -26,13 +27,18 @@ class WrongUse : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Where a command reads and writes. Colour, indentation and progress only on a terminal.
+/// Where a command reads and writes. Colour, indentation and progress only on a terminal, questions
+/// only to a person who sits at one.
 struct Console {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
   bool outIsTerminal = false;
   bool errIsTerminal = false;
+  bool inIsTerminal = false;
+  /// What lets the person at the terminal pick records and shows messages; empty without one.
+  host::Picker picker = {};
+  host::HostPlatform::MessageView messageView = {};
 };
 
 /// "kt7hr: text" on the error stream, in one line.
@@ -77,6 +83,7 @@ CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& 
 // One function a subcommand: declares it and, when it is chosen, sets CommandLine::chosen.
 void addInit(CLI::App& app, CommandLine& line);
 void addImport(CLI::App& app, CommandLine& line);
+void addPayroll(CLI::App& app, CommandLine& line);
 void addCall(CLI::App& app, CommandLine& line);
 void addRpc(CLI::App& app, CommandLine& line);
 void addSetting(CLI::App& app, CommandLine& line);

@@ -99,7 +99,11 @@ SessionOptions sessionOptions(const DatabaseOptions& database, const WorkplaceOp
   options.user = workplace.user;
   options.branch = workplace.branch;
   options.pick = workplace.pick;
-  options.showMessage = [&console](const std::string& text) { say(console, text); };
+  options.picker = console.picker;
+  options.showMessage = console.messageView;
+  if (!options.showMessage) {
+    options.showMessage = [&console](const std::string& text) { say(console, text); };
+  }
   return options;
 }
 

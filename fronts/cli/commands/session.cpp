@@ -66,7 +66,11 @@ Session::Session(const SessionOptions& options)
       hrObject_(platform()),
       profiles_(platform(), dataObj()) {
   platform_.setNow(options.now);
-  if (options.pick) platform_.setPicker(host::pickAlways(*options.pick));
+  if (options.pick) {
+    platform_.setPicker(host::pickAlways(*options.pick));
+  } else if (options.picker) {
+    platform_.setPicker(options.picker);
+  }
   if (options.showMessage) platform_.setMessageView(options.showMessage);
   dataObj_.OpenConnection();
   opens_ = dataObj_.opens();

@@ -22,8 +22,9 @@ struct SessionOptions {
   std::optional<Date> now;
   std::int32_t user = 0;
   std::string branch;
-  /// What pickers answer; without it a picker is an error.
+  /// What pickers answer; without it the picker is asked, and without that one too it is an error.
   std::optional<std::vector<std::string>> pick;
+  host::Picker picker;
   /// Takes what the library shows as a message; without it one line on standard error.
   host::HostPlatform::MessageView showMessage;
   bool trace = false;

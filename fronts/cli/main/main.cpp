@@ -3,9 +3,21 @@
 #include <iostream>
 
 #include "fronts/cli/commands/run.h"
+#include "fronts/cli/screens/terminal.h"
+#include "fronts/cli/screens/windows.h"
 
 int main(int argc, char** argv) {
-  kt7::cli::Console console{std::cin, std::cout, std::cerr, isatty(STDOUT_FILENO) == 1,
-                            isatty(STDERR_FILENO) == 1};
+  kt7::cli::Console console{std::cin,
+                            std::cout,
+                            std::cerr,
+                            isatty(STDOUT_FILENO) == 1,
+                            isatty(STDERR_FILENO) == 1,
+                            isatty(STDIN_FILENO) == 1};
+  // A person sits there also where the result goes elsewhere: codes=$(kt7hr call SelectEmployee).
+  const bool someoneSees = console.outIsTerminal || console.errIsTerminal;
+  if (console.inIsTerminal && someoneSees && kt7::screens::Terminal::isUsable()) {
+    console.picker = kt7::screens::pickOnTerminal;
+    console.messageView = kt7::screens::showOnTerminal;
+  }
   return kt7::cli::run(argc, argv, console);
 }
