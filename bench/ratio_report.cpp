@@ -1,29 +1,22 @@
 #include "ratio_report.h"
 
-#include <algorithm>
-
 namespace kt7::bench {
 
 void RatioReport::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
-    if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-      times_[run.run_name.function_name].push_back(run.GetAdjustedRealTime());
+    // Processor time, the system's included: neither side waits, and other programs do not count.
+    if (run.aggregate_name == "median") {
+      medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
     }
   }
   ConsoleReporter::ReportRuns(runs);
 }
 
-double RatioReport::median(const std::string& name) const {
-  const auto found = times_.find(name);
-  if (found == times_.end()) return 0;
-  std::vector<double> times = found->second;
-  std::sort(times.begin(), times.end());
-  return times[times.size() / 2];
-}
-
 double RatioReport::ratio(const std::string& name, const std::string& base) const {
-  const double whole = median(base);
-  return whole > 0 ? median(name) / whole : 0;
+  const auto found = medians_.find(name);
+  const auto whole = medians_.find(base);
+  if (found == medians_.end() || whole == medians_.end()) return 0;
+  return found->second / whole->second;
 }
 
 }  // namespace kt7::bench

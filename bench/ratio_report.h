@@ -8,18 +8,16 @@
 
 namespace kt7::bench {
 
-/// The usual console report; keeps the time of every repetition.
+/// The usual console report; keeps the median of every benchmark's repetitions.
 class RatioReport : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  /// How many times the first benchmark took of the second, medians of the repetitions; 0 when
-  /// one of them did not run.
+  /// How many times the first benchmark took of the second; 0 when one of them did not run.
   double ratio(const std::string& name, const std::string& base) const;
 
  private:
-  double median(const std::string& name) const;
-  std::map<std::string, std::vector<double>> times_;
+  std::map<std::string, double> medians_;
 };
 
 }  // namespace kt7::bench

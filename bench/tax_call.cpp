@@ -95,8 +95,15 @@ void askByKey(benchmark::State& state, const SampleCompany& company) {
 }  // namespace
 
 int run(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  std::string takeTurns = "--benchmark_enable_random_interleaving=true";
+  std::string medianOnly = "--benchmark_report_aggregates_only=true";
+  // Repetitions take turns, so that a busy minute of the machine hits all of them.
+  std::vector<char*> arguments{argv[0], takeTurns.data(), medianOnly.data()};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  int count = static_cast<int>(arguments.size());
+  arguments.push_back(nullptr);
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
   const SampleCompany company;
   const auto add = [&company](const char* name, auto function) {
     benchmark::RegisterBenchmark(

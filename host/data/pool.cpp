@@ -1,6 +1,5 @@
 #include "host/data/pool.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <mutex>
 #include <unordered_map>
@@ -10,7 +9,7 @@ namespace kt7::data {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = Lease::Clock;
 
 constexpr std::size_t kIdleSessions = 16;
 constexpr auto kTrustedIdleness = std::chrono::seconds(1);
@@ -52,7 +51,7 @@ struct KeyEqual {
 struct PoolBucket {
   struct Idle {
     std::unique_ptr<Session> session;
-    Clock::time_point since;
+    Clock::time_point used;  // when it was last taken: close enough, and half the clock readings
   };
   std::vector<Idle> idle;
 };
@@ -94,11 +93,13 @@ Lease takeSession(std::string_view connectionString, std::string_view user,
       found = std::move(bucket->idle.back());
       bucket->idle.pop_back();
     }
-    if (Clock::now() - found.since < kTrustedIdleness || found.session->usable()) {
-      return Lease(*bucket, std::move(found.session));
+    const Clock::time_point now = Clock::now();
+    if (now - found.used < kTrustedIdleness || found.session->usable()) {
+      return Lease(*bucket, std::move(found.session), now);
     }
   }
-  return Lease(*bucket, openSession(ConnectionString(connectionString), user, password));
+  return Lease(*bucket, openSession(ConnectionString(connectionString), user, password),
+               Clock::now());
 }
 
 Lease::~Lease() {
@@ -107,7 +108,7 @@ Lease::~Lease() {
     if (session_->inTransaction()) session_->rollback();
     const std::lock_guard lock(pool().mutex);
     if (bucket_->idle.size() < kIdleSessions) {
-      bucket_->idle.push_back({std::move(session_), Clock::now()});
+      bucket_->idle.push_back({std::move(session_), taken_});
     }
   } catch (const std::exception&) {
     // What cannot be rolled back is closed, which rolls it back at the engine.

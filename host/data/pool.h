@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string_view>
 
@@ -12,9 +13,10 @@ struct PoolBucket;
 /// A session taken from the pool; it goes back, rolled back, when the lease ends.
 class Lease {
  public:
-  Lease() = default;
-  Lease(PoolBucket& bucket, std::unique_ptr<Session> session)
-      : bucket_(&bucket), session_(std::move(session)) {}
+  using Clock = std::chrono::steady_clock;
+
+  Lease(PoolBucket& bucket, std::unique_ptr<Session> session, Clock::time_point taken)
+      : bucket_(&bucket), session_(std::move(session)), taken_(taken) {}
   Lease(Lease&&) = default;
   Lease& operator=(Lease&&) = delete;
   ~Lease();
@@ -22,8 +24,9 @@ class Lease {
   Session& session() const { return *session_; }
 
  private:
-  PoolBucket* bucket_ = nullptr;
+  PoolBucket* bucket_;
   std::unique_ptr<Session> session_;
+  Clock::time_point taken_;
 };
 
 /// An idle session of exactly that connection string, user and password, or a new one.

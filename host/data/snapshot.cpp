@@ -1,5 +1,7 @@
 #include "host/data/snapshot.h"
 
+#include <algorithm>
+#include <cstring>
 #include <limits>
 
 #include "base/error.h"
@@ -12,10 +14,21 @@ namespace {
 constexpr std::size_t kKeptBuffers = 8;
 constexpr std::size_t kKeptBytes = std::size_t{1} << 20;
 
+std::uint64_t upToEightBytes(const char* from, std::size_t count) {
+  std::uint64_t bytes = 0;
+  std::memcpy(&bytes, from, count);
+  return bytes | 0x2020202020202020U;  // letter case does not count
+}
+
+// Columns of a table begin alike and often differ in their last characters only.
 std::size_t nameHash(std::string_view name) {
-  std::size_t hash = name.size();
-  for (const char c : name) hash = hash * 31 + (static_cast<unsigned char>(c) | 0x20U);
-  return hash ^ (hash >> 15);
+  const std::size_t count = std::min<std::size_t>(name.size(), 8);
+  std::uint64_t hash = upToEightBytes(name.data() + name.size() - count, count);
+  hash = (hash ^ name.size()) * 0x9E3779B97F4A7C15U;
+  if (name.size() > 8) {
+    hash = (hash ^ upToEightBytes(name.data(), 8)) * 0x9E3779B97F4A7C15U;
+  }
+  return static_cast<std::size_t>(hash >> 32);
 }
 
 template <class Number>
@@ -74,9 +87,8 @@ ResultShape::ResultShape(std::vector<Column> columns) : columns_(std::move(colum
 int ResultShape::find(std::string_view name) const {
   const std::size_t mask = slots_.size() - 1;
   for (std::size_t slot = nameHash(name) & mask; slots_[slot] >= 0; slot = (slot + 1) & mask) {
-    if (equalNoCase(columns_[static_cast<std::size_t>(slots_[slot])].name, name)) {
-      return slots_[slot];
-    }
+    const std::string& known = columns_[static_cast<std::size_t>(slots_[slot])].name;
+    if (known == name || equalNoCase(known, name)) return slots_[slot];
   }
   return -1;
 }

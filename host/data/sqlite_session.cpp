@@ -58,15 +58,18 @@ SqliteStatement& SqliteSession::fixed(const std::string& sql) {
 class SqliteSession::Watched {
  public:
   Watched(SqliteSession& session, const SqliteStatement& statement, const std::string& sql)
-      : session_(session) {
-    if (statement.writes()) session.lock_->refuseSecondWriter(&session, sql);
+      : session_(session), writes_(statement.writes()) {
+    if (writes_) session.lock_->refuseSecondWriter(&session, sql);
   }
-  ~Watched() { session_.noteTransaction(); }
+  ~Watched() {
+    if (writes_ || session_.holdsLock_) session_.noteTransaction();
+  }
   Watched(const Watched&) = delete;
   Watched& operator=(const Watched&) = delete;
 
  private:
   SqliteSession& session_;
+  bool writes_;
 };
 
 void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
