@@ -146,7 +146,7 @@ CheckedInput checkInput(const std::vector<InputRow>& rows, const EmployeesByCode
         ++result.otherTypes;
       }
     } catch (const BadRow& problem) {
-      result.problems.push_back("line " + std::to_string(row.line) + ": " + problem.what());
+      result.problems.push_back("input line " + std::to_string(row.line) + ": " + problem.what());
     }
   }
   result.input = MonthInput(std::move(entries));

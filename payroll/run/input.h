@@ -43,7 +43,7 @@ class MonthInput {
 /// The rows read one by one, and what is wrong with them.
 struct CheckedInput {
   MonthInput input;
-  std::vector<std::string> problems;  // "line 7: ..."
+  std::vector<std::string> problems;  // "input line 7: ..."
   int otherTypes = 0;                 // rows of employees whose type the run does not pay
 };
 

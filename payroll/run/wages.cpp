@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "payroll/run/slip.h"
+
 namespace kt7::payroll {
 
 GivenTime givenTime(std::span<const InputEntry> entries) {
@@ -50,7 +52,7 @@ Currency monthlyAmount(const MonthlyPay& pay, const GivenTime& given, UtilityObj
   const Currency part = rounded(pay.periodAmount, utility);
   const auto earlierPeriods = static_cast<std::int64_t>(pay.type.periods.size()) - 1;
   const Currency amount = pay.lastPeriod ? pay.salary - earlierPeriods * part : part;
-  return std::max(amount - ofDays(given.absentDays), Currency());
+  return std::max(toSatang(amount) - ofDays(given.absentDays), Currency());
 }
 
 }  // namespace kt7::payroll

@@ -1,0 +1,84 @@
+#include "payroll_input.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <stdexcept>
+
+#include "base/text.h"
+#include "host/csv/reader.h"
+
+namespace kt7::cli {
+
+namespace {
+
+struct InputColumn {
+  const char* name;
+  std::string payroll::InputRow::*text;
+};
+
+constexpr std::array<InputColumn, 5> kColumns{{{"EmployeeCode", &payroll::InputRow::employee},
+                                               {"PayDate", &payroll::InputRow::payDate},
+                                               {"Kind", &payroll::InputRow::kind},
+                                               {"Quantity", &payroll::InputRow::quantity},
+                                               {"Amount", &payroll::InputRow::amount}}};
+
+using Places = std::array<std::size_t, kColumns.size()>;
+
+Places placesOf(const csv::Row& header, const std::string& file) {
+  Places places{};
+  for (std::size_t i = 0; i < kColumns.size(); ++i) {
+    const auto cell =
+        std::find_if(header.cells.begin(), header.cells.end(), [&](const std::string& text) {
+          return equalNoCase(trimmedBlanks(text), kColumns[i].name);
+        });
+    if (cell == header.cells.end()) {
+      throw std::runtime_error("'" + file + "' has no column " + kColumns[i].name +
+                               "; its first line must name EmployeeCode, PayDate, Kind, Quantity "
+                               "and Amount");
+    }
+    places[i] = static_cast<std::size_t>(cell - header.cells.begin());
+  }
+  return places;
+}
+
+void readRow(const csv::Row& row, std::size_t width, const Places& places, PayrollInput& input) {
+  const std::string line = "input line " + std::to_string(row.line) + ": ";
+  if (row.cells.size() != width) {
+    input.problems.push_back(line + std::to_string(row.cells.size()) + " cells where the first " +
+                             "line names " + std::to_string(width));
+    return;
+  }
+  payroll::InputRow read;
+  read.line = static_cast<int>(row.line);
+  for (std::size_t i = 0; i < kColumns.size(); ++i) {
+    const std::string& cell = row.cells[places[i]];
+    if (!csv::isValidText(cell)) {
+      input.problems.push_back(line + kColumns[i].name + " is not UTF-8 text");
+      return;
+    }
+    read.*kColumns[i].text = std::string(trimmedBlanks(cell));
+  }
+  input.rows.push_back(std::move(read));
+}
+
+}  // namespace
+
+PayrollInput readPayrollInput(const std::string& file) {
+  std::ifstream stream(file);
+  if (!stream) throw std::runtime_error("cannot read '" + file + "'");
+  PayrollInput input;
+  try {
+    csv::Reader reader(stream);
+    csv::Row row;
+    if (!reader.next(row)) throw std::runtime_error("'" + file + "' is empty");
+    const std::size_t width = row.cells.size();
+    const Places places = placesOf(row, file);
+    while (reader.next(row)) readRow(row, width, places, input);
+  } catch (const csv::CsvError& error) {
+    input.problems.push_back("input line " + std::to_string(error.line()) + ": " + error.what());
+  }
+  return input;
+}
+
+}  // namespace kt7::cli

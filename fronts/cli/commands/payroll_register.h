@@ -1,0 +1,46 @@
+#pragma once
+
+#include <iosfwd>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "payroll/run/slip.h"
+
+namespace kt7::cli {
+
+/// Slips that were added up for a line below the register.
+struct RegisterTotal {
+  int slips = 0;
+  payroll::RegisterAmounts amounts;
+};
+
+/// A pay register written as the slips come. Nothing is kept of a slip but what it adds to the
+/// totals of its type.
+class RegisterWriter {
+ public:
+  virtual ~RegisterWriter() = default;
+
+  void add(const payroll::Slip& slip);
+  /// Ends the register, also one without a slip.
+  void finish();
+
+ protected:
+  using Totals = std::map<std::string, RegisterTotal>;
+
+  virtual void writeHead() = 0;
+  virtual void writeSlip(const payroll::Slip& slip, const payroll::RegisterAmounts& amounts) = 0;
+  virtual void writeFoot(const Totals& totalsByType) = 0;
+
+ private:
+  void beginOnce();
+
+  bool begun_ = false;
+  Totals totals_;
+};
+
+/// "table": for people, with totals by type; "csv" and "json": one record a slip.
+std::unique_ptr<RegisterWriter> registerWriter(const std::string& format, std::ostream& out,
+                                               const std::string& month);
+
+}  // namespace kt7::cli
