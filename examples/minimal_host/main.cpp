@@ -21,9 +21,8 @@ int main(int argc, char** argv) try {
   kt7::Currency studySupport, donation, waiver;
   std::int16_t moreMonths = 12;  // those left in the year of the pay date
   bool fixToTen = false;
-  const float tax =
-      hr.CalcPTAX4(company, pay, none, signDate, 0, 0, moreMonths, reduce, none, studySupport,
-                   donation, waiver, pay, fixToTen, payDate, none);
+  const float tax = hr.CalcPTAX4(company, pay, none, signDate, 0, 0, moreMonths, reduce, none,
+                                 studySupport, donation, waiver, pay, fixToTen, payDate, none);
 
   std::printf("hour rate %.2f\n", hr.GETHOURRATE(argv[2], company));
   std::printf("tax %.2f\n", static_cast<double>(tax));

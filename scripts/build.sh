@@ -1,0 +1,31 @@
+# Sourced by the scripts: works from the project's root and builds quietly.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+export CTEST_PARALLEL_LEVEL=${CTEST_PARALLEL_LEVEL:-$(nproc)}
+
+# say TEXT: one line of progress
+say() { printf '%s\n' "$*"; }
+
+# build PRESET TARGET [CMAKE OPTION...]: what the compiler says appears only where it fails
+build() {
+  local preset=$1 target=$2 folder log
+  shift 2
+  folder=build-$preset
+  [[ $preset == release ]] && folder=build
+  mkdir -p "$folder"
+  log=$folder/build.log
+  if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset" --target "$target"; } \
+    >"$log" 2>&1 </dev/null; then
+    grep -E -A 12 'error|FAILED|CMake Error' "$log" | head -n 60 >&2 || true
+    say "The build failed; all of its output is in $log" >&2
+    return 1
+  fi
+}
+
+# run_tests PRESET [CTEST OPTION...]: failures with their output and ctest's closing lines
+run_tests() {
+  local preset=$1
+  shift
+  ctest --preset "$preset" --output-on-failure --no-tests=error "$@" </dev/null |
+    grep -Ev '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed |^Test project |^$'
+}
