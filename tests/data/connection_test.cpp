@@ -1,0 +1,228 @@
+#include <chrono>
+#include <fstream>
+#include <thread>
+
+#include "host/data/connection_string.h"
+#include "test_database.h"
+
+namespace kt7::data::test {
+
+namespace {
+
+class ConnectionTest : public DataTest {
+ protected:
+  std::string rowCount() { return text("SELECT COUNT(*) FROM Pay"); }
+};
+
+TEST(ConnectionStringTest, KeywordsAndBraces) {
+  const ConnectionString where(" driver = SQLite ;Database={a;b}}c}; pwd=secret;;Database=second");
+  EXPECT_EQ(where.driver(), "SQLite");
+  EXPECT_EQ(where.database(), "a;b}c");
+  EXPECT_EQ(where.value("Server"), "");
+  EXPECT_EQ(shownConnectionString("Driver=MySQL;Uid=u;PWD=secret;Password={x;y}"),
+            "Driver=MySQL;Uid=u;PWD=***;Password=***");
+  EXPECT_EQ(shownConnectionString("secret").find("secret"), std::string::npos);
+}
+
+TEST(ConnectionStringTest, NamesTheDatabaseKind) {
+  EXPECT_EQ(databaseType("Driver=sqlite;Database=x"), "SQLITE");
+  EXPECT_EQ(databaseType("driver=MariaDB;Server=x"), "MYSQL");
+  EXPECT_EQ(databaseType("Driver=PostgreSQL"), "POSTGRESQL");
+  for (const char* unknown : {"Driver=Oracle", "Database=x", "Driver=ODBC;Dsn=x", ""}) {
+    expectConnectionError([&] { databaseType(unknown); }, "SQLite");
+  }
+}
+
+TEST_F(ConnectionTest, OpensOnlyWhatIsThere) {
+  const std::string missing = "Driver=SQLite;Database=" + (folder_ / "missing.db").string();
+  std::ofstream(folder_ / "text.db") << "this is no database, whatever its name says, but a text";
+  struct Case {
+    std::string connectionString;
+    const char* words;
+  };
+  const Case cases[] = {
+      {missing, "kt7hr init"},
+      {"Driver=SQLite;Database=:memory:", "in memory"},
+      {"Driver=SQLite", "Database="},
+      {"Driver=SQLite;Database=" + folder_.string(), "unable to open"},
+      {"Driver=SQLite;Database=" + (folder_ / "text.db").string(), "not a database"},
+      {"Driver=MySQL;Server=x", "not built into"},
+      {"no keyword", "keyword=value"},
+  };
+  for (const Case& c : cases) {
+    const auto connection = createConnection();
+    expectConnectionError([&] { connection->Open(c.connectionString); }, c.words);
+    expectStatementError([&] { connection->Close(); }, "closed");
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "missing.db"));
+  createDatabase(missing);
+  EXPECT_NO_THROW(createConnection()->Open(missing));
+}
+
+TEST_F(ConnectionTest, IsDurableAndReadableWhileWritten) {
+  EXPECT_EQ(text("PRAGMA journal_mode"), "wal");
+  EXPECT_EQ(text("PRAGMA synchronous"), "2");
+  EXPECT_EQ(text("PRAGMA busy_timeout"), "5000");
+}
+
+TEST_F(ConnectionTest, RefusesMisuse) {
+  expectStatementError([&] { connection_->Open(connectionString()); }, "already open");
+  expectStatementError([&] { connection_->CommitTrans(); }, "no transaction");
+  expectStatementError([&] { connection_->RollbackTrans(); }, "no transaction");
+  connection_->BeginTrans();
+  expectStatementError([&] { connection_->BeginTrans(); }, "already open");
+  connection_->CommitTrans();
+  connection_->Close();
+  expectStatementError([&] { connection_->Execute("DELETE FROM Pay"); }, "closed");
+  expectStatementError([&] { opened("SELECT * FROM Pay"); }, "closed");
+}
+
+TEST_F(ConnectionTest, RunsOneStatementACall) {
+  for (const char* sql :
+       {"INSERT INTO Pay(Code) VALUES('a'); DELETE FROM Pay",
+        "INSERT INTO Pay(Code) VALUES('a');;x", "INSERT INTO Pay(Code) VALUES('a');SELECT 1",
+        "INSERT INTO Pay(Code) VALUES('a'); '"}) {
+    expectStatementError([&] { connection_->Execute(sql); }, "only one statement");
+  }
+  expectStatementError([&] { opened("SELECT 1; DELETE FROM Pay"); }, "only one statement");
+  expectStatementError([&] { connection_->Execute(" -- nothing"); }, "empty");
+  expectStatementError([&] { connection_->Execute(std::string("DELETE FROM Pay\0 x", 18)); },
+                       "zero character");
+  EXPECT_EQ(rowCount(), "0");
+  connection_->Execute("INSERT INTO Pay(Code) VALUES('a') ; -- and no more\n /* ; */ ;");
+  EXPECT_EQ(rowCount(), "1");
+}
+
+TEST_F(ConnectionTest, ErrorsCarryTheStatementAndTheNativeCode) {
+  connection_->Execute("CREATE UNIQUE INDEX PayCode ON Pay(Code)");
+  const std::string insert = "INSERT INTO Pay(Code) VALUES('a')";
+  connection_->Execute(insert);
+  try {
+    connection_->Execute(insert);
+    FAIL() << "a second row with the same code";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.number(), error_number::kStatementFailed);
+    EXPECT_STREQ(error.what(), "UNIQUE constraint failed: Pay.Code");
+    EXPECT_EQ(error.cause().statement, insert);
+    EXPECT_EQ(error.cause().nativeCode, 2067);
+  }
+}
+
+TEST_F(ConnectionTest, PoolRollsBackWhatWasLeftOpen) {
+  connection_->BeginTrans();
+  connection_->Execute("INSERT INTO Pay(Code) VALUES('lost')");
+  connection_->Close();
+  connection_->Open(connectionString());
+  EXPECT_EQ(rowCount(), "0");
+  EXPECT_NO_THROW(another()->Execute("DELETE FROM Pay"));
+}
+
+TEST_F(ConnectionTest, PoolKeepsConnectionsApartByUserAndPassword) {
+  // A temporary table belongs to one physical connection: it shows which one answers.
+  connection_->Execute("CREATE TEMP TABLE Mine(a)");
+  connection_->Close();
+  for (const auto& [user, password] : {std::pair("u", ""), std::pair("", "p")}) {
+    connection_->Open(connectionString(), user, password);
+    expectStatementError([&] { opened("SELECT * FROM Mine"); }, "no such table: Mine");
+    connection_->Close();
+  }
+  connection_->Open(connectionString());
+  EXPECT_NO_THROW(opened("SELECT * FROM Mine"));
+}
+
+TEST_F(ConnectionTest, ADatabaseMadeAnewIsNotAnsweredFromTheOldOne) {
+  connection_->Close();
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    std::filesystem::remove(entry.path());
+  }
+  createDatabase(connectionString());
+  connection_->Open(connectionString());
+  EXPECT_EQ(text("SELECT COUNT(*) FROM sqlite_master"), "0");
+}
+
+TEST_F(ConnectionTest, ASecondWriterOfTheSameThreadFailsAtOnce) {
+  connection_->Execute("INSERT INTO Pay(Code) VALUES('a')");
+  const auto second = another();
+  // A transaction may also begin by its text, and a written row locks as well.
+  for (const char* begin : {"BEGIN IMMEDIATE", "BEGIN"}) {
+    connection_->Execute(begin);
+    connection_->Execute("UPDATE Pay SET Flag=1");
+    expectStatementError([&] { second->Execute("UPDATE Pay SET Flag=2"); }, "of this thread");
+    expectStatementError([&] { second->BeginTrans(); }, "of this thread");
+    const auto rows = createRecordset();
+    rows->Open("SELECT * FROM Pay", *second, ado::kStatic, ado::kOptimistic);
+    EXPECT_TRUE(rows->get("Flag").isNull());
+    rows->set("Flag", 3);
+    expectStatementError([&] { rows->Update(); }, "of this thread");
+    connection_->RollbackTrans();
+    EXPECT_NO_THROW(second->Execute("UPDATE Pay SET Flag=NULL"));
+  }
+}
+
+TEST_F(ConnectionTest, AnotherThreadWaitsForTheWriter) {
+  connection_->BeginTrans();
+  connection_->Execute("INSERT INTO Pay(Code) VALUES('first')");
+  std::thread other([this] {
+    const auto second = another();
+    EXPECT_NO_THROW(second->Execute("INSERT INTO Pay(Code) VALUES('second')"));
+  });
+  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  connection_->CommitTrans();
+  other.join();
+  EXPECT_EQ(rowCount(), "2");
+}
+
+TEST_F(ConnectionTest, ThreadsShareThePool) {
+  connection_->Execute("INSERT INTO Pay(Code,Number) VALUES('a',0)");
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([this] {
+      const std::vector<std::string> key{"a"};
+      for (int turn = 1; turn <= 20; ++turn) {
+        another()->Execute("UPDATE Pay SET Number=Number+1 WHERE Code='a'");
+        const Value seen = askOne(connectionString(), "SELECT Number FROM Pay WHERE Code=?", key);
+        EXPECT_GE(seen.toInt32(), turn);
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(text("SELECT Number FROM Pay"), "80");
+}
+
+class Forwarding final : public WrappedConnection {
+ public:
+  explicit Forwarding(ado::Connection& to) : to_(to) {}
+  ado::Connection& inner() override { return to_; }
+  void CursorLocation(int location) override { to_.CursorLocation(location); }
+  void Open(const std::string& where, const std::string& user, const std::string& password,
+            int options) override {
+    to_.Open(where, user, password, options);
+  }
+  void Close() override { to_.Close(); }
+  void Execute(const std::string& sql) override { to_.Execute(sql); }
+  void BeginTrans() override { to_.BeginTrans(); }
+  void CommitTrans() override { to_.CommitTrans(); }
+  void RollbackTrans() override { to_.RollbackTrans(); }
+
+ private:
+  ado::Connection& to_;
+};
+
+TEST_F(ConnectionTest, LookupsSeeThroughAWrapping) {
+  Forwarding wrapped(*connection_);
+  Forwarding twice(wrapped);
+  twice.BeginTrans();
+  twice.Execute("INSERT INTO Pay(Code,Number) VALUES('it''s',7)");
+  const std::vector<std::string> key{"it's"};
+  const std::string sql = "SELECT Number FROM Pay WHERE Code=?";
+  EXPECT_EQ(askOne(twice, sql, key).toInt32(), 7);
+  EXPECT_TRUE(askOne(connectionString(), sql, key).isNull());  // not committed yet
+  const auto rows = createRecordset();
+  rows->Open("SELECT * FROM Pay", twice, ado::kStatic, ado::kReadOnly);
+  EXPECT_EQ(rows->get("code").toText(), "it's");
+  expectStatementError([&] { askOne(twice, sql, {}); }, "takes 1 parameters");
+}
+
+}  // namespace
+
+}  // namespace kt7::data::test

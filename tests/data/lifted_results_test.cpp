@@ -1,0 +1,136 @@
+#include <sqlite3.h>
+
+#include "test_database.h"
+
+namespace kt7::data::test {
+
+namespace {
+
+/// The names of the columns and the texts of a row, or the message of a statement that is refused.
+using Row = std::vector<std::pair<std::string, std::string>>;
+using Rows = std::vector<Row>;
+
+class LiftedResultsTest : public DataTest {
+ protected:
+  LiftedResultsTest() {
+    connection_->Execute("CREATE TABLE Other(Name TEXT COLLATE NOCASE, Free, UNIQUE(Name))");
+    connection_->Execute(
+        "INSERT INTO Pay(Code,Amount,Flag,Number,Rate,Day) VALUES('a',1.5,1,10,0.5,'2026-01-31'),"
+        "('A',2,0,20,1,'2026-02-28'),('it''s',3,NULL,30,2,NULL),('',10,1,5,3,''),('ก',4,1,1,4,'x'"
+        ")");
+    connection_->Execute("INSERT INTO Other VALUES('a',1),('B','1'),('it''s','b')");
+    sqlite3_open(file().c_str(), &plain_);
+  }
+  ~LiftedResultsTest() override { sqlite3_close(plain_); }
+
+  /// SQLite itself, given the text as it stands.
+  Rows plainly(const std::string& sql) {
+    Rows rows;
+    char* message = nullptr;
+    sqlite3_exec(
+        plain_, sql.c_str(),
+        [](void* to, int count, char** values, char** names) {
+          Row& row = static_cast<Rows*>(to)->emplace_back();
+          for (int i = 0; i < count; ++i) {
+            row.emplace_back(names[i], values[i] != nullptr ? values[i] : "");
+          }
+          return 0;
+        },
+        &rows, &message);
+    if (message != nullptr) rows = {{{"refused", message}}};
+    sqlite3_free(message);
+    return rows;
+  }
+
+  /// The same columns by the same names. Asked twice, so that the kept statement answers too.
+  Rows throughTheDriver(const std::string& sql, const Rows& like) {
+    Rows rows;
+    try {
+      opened(sql)->Close();
+      for (const auto read = opened(sql); !read->Eof(); read->MoveNext()) {
+        Row& row = rows.emplace_back();
+        if (like.empty()) continue;
+        for (const auto& [name, value] : like[0]) {
+          row.emplace_back(name, read->get(name).joinedText());
+        }
+      }
+    } catch (const Error& error) {
+      rows = {{{"refused", error.what()}}};
+    }
+    return rows;
+  }
+
+  sqlite3* plain_ = nullptr;
+};
+
+TEST_F(LiftedResultsTest, AnswerAsTheTextStands) {
+  const char* const cases[] = {
+      "SELECT Code AS c FROM Pay WHERE Code='a'",
+      "SELECT Code FROM Pay WHERE Code<>'a' AND Code>='' ORDER BY Code='it''s', Code DESC",
+      "SELECT Code FROM Pay WHERE Code IN ('a','it''s','ก') ORDER BY 1",
+      "SELECT Code FROM Pay WHERE Code LIKE 'A%' ORDER BY 1",
+      "SELECT Code FROM Pay WHERE Code LIKE 'i!t%' ESCAPE '!'",
+      "SELECT Code FROM Pay WHERE Day BETWEEN '2026-01-01' AND '2026-12-31' ORDER BY 1",
+      "SELECT Code FROM Pay WHERE Amount='1.5' OR Amount='2.0' OR Flag='1 ' ORDER BY 1",
+      "SELECT Code FROM Pay WHERE Amount>'9' ORDER BY 1",
+      "SELECT Code FROM Pay WHERE Number IN ('10','5') AND PayRowID<>'4'",
+      "SELECT Code FROM Pay WHERE PayRowID='1'",
+      "SELECT Code FROM Pay WHERE PayRowID='one'",
+      "SELECT Code FROM Pay WHERE Number+1='11' OR '20'=Number",
+      "SELECT Code FROM Pay WHERE (Code,Number)=('a','10')",
+      "SELECT Code FROM Pay WHERE CAST('10' AS INTEGER)=Number AND ''<>1",
+      "SELECT Code FROM Pay WHERE Code='A' COLLATE NOCASE ORDER BY 1",
+      "SELECT Code FROM Pay WHERE lower(Code)=lower('A') ORDER BY 1",
+      "SELECT Name FROM Other WHERE Name='b' OR Free='1' ORDER BY Name",
+      "SELECT Name FROM Other WHERE Free=1 OR Name IN ('IT''S') ORDER BY Name",
+      "SELECT Code FROM Pay p WHERE EXISTS(SELECT 1 FROM Other WHERE Name=p.Code AND Name<>'a')",
+      "SELECT Code='a', 'x', (SELECT Name FROM Other WHERE Name='b') FROM Pay WHERE Code='a'",
+      "SELECT * FROM (SELECT Code='a', Number FROM Pay WHERE Code>'') WHERE Number>'5' ORDER BY 2",
+      "SELECT Code FROM Pay WHERE Code='a' UNION SELECT 'z' ORDER BY 1",
+      "SELECT max(Number) FROM Pay WHERE Code>'' GROUP BY Code='a' HAVING max(Code)<>'q'",
+      "SELECT Code FROM Pay WHERE Code='a' -- and 'not' this",
+      "SELECT Code FROM Pay WHERE Nothing='a'",
+      "SELECT Code FROM Pay WHERE Code='a' 'b'",
+      "SELECT Code FROM Pay WHERE Code='a' y'",
+      "SELECT Code FROM Pay WHERE (Code='a'",
+  };
+  for (const char* const sql : cases) {
+    const Rows expected = plainly(sql);
+    EXPECT_FALSE(expected.empty() && std::string(sql).find("one") == std::string::npos) << sql;
+    EXPECT_EQ(throughTheDriver(sql, expected), expected) << sql;
+  }
+}
+
+TEST_F(LiftedResultsTest, WriteAsTheTextStands) {
+  const char* const cases[] = {
+      "UPDATE Pay SET Code='x''y',Amount='7.5',Number='12' WHERE Code='a'",
+      "UPDATE Pay SET Code=Code||'z' WHERE Amount='2'",
+      "UPDATE Pay SET 'Code'='q' WHERE Day=''",
+      "UPDATE Pay SET Flag=2,'Code'='q' WHERE Day=''",
+      "UPDATE Pay SET (Code,Amount)=('r','1') WHERE Flag IS NULL",
+      "DELETE FROM Pay WHERE Number<'15' AND Code<>'ก'",
+      "INSERT INTO Pay('Code',Amount,Flag,Number,Rate,Day) VALUES('','012','x','1e2','3','')",
+      "INSERT INTO Pay(Code,Number) SELECT 'new',Number FROM Pay WHERE Code='a'",
+      "INSERT INTO Other VALUES('A','9') ON CONFLICT(Name) DO UPDATE SET Free='8' WHERE Name='a'",
+  };
+  const std::string dump =
+      "SELECT group_concat(line,'/') AS line FROM (SELECT quote(PayRowID)||quote(Code)||quote("
+      "Amount)||quote(Flag)||quote(Number)||quote(Rate)||quote(Day) AS line FROM Pay UNION ALL "
+      "SELECT quote(Name)||quote(Free) FROM Other)";
+  const Rows before = plainly(dump);
+  for (const char* const sql : cases) {
+    plainly("BEGIN");
+    EXPECT_EQ(plainly(sql), Rows{}) << sql;
+    const Rows expected = plainly(dump);
+    plainly("ROLLBACK");
+    EXPECT_NE(expected, before) << "changes nothing: " << sql;
+    connection_->BeginTrans();
+    connection_->Execute(sql);
+    EXPECT_EQ(throughTheDriver(dump, expected), expected) << sql;
+    connection_->RollbackTrans();
+  }
+}
+
+}  // namespace
+
+}  // namespace kt7::data::test

@@ -1,0 +1,152 @@
+#include <limits>
+
+#include "test_database.h"
+
+namespace kt7::data::test {
+
+namespace {
+
+using ValuesTest = DataTest;
+
+Value money(const char* text) { return Currency::fromText(text); }
+Value date(const char* text) { return Date::fromIsoText(text); }
+
+TEST_F(ValuesTest, AssignedValuesComeBack) {
+  struct Case {
+    const char* column;
+    Value assigned;
+    const char* kept;  // as the database holds it
+    Value read;
+  };
+  const Case cases[] = {
+      {"Code", "it's", "'it''s'", "it's"},
+      {"Code", "", "''", ""},
+      {"Code", Value(), "NULL", Value()},
+      {"Code", std::int32_t{7}, "'7'", "7"},
+      {"Amount", money("60000"), "60000", money("60000")},
+      {"Amount", money("-0.0001"), "-0.0001", money("-0.0001")},
+      {"Amount", money("99999999999.9999"), "99999999999.9999", money("99999999999.9999")},
+      {"Amount", money("900000000000000"), "900000000000000", money("900000000000000")},
+      {"Amount", 12.34567, "12.34567", money("12.3457")},
+      {"Amount", "text", "'text'", "text"},
+      {"Flag", true, "1", std::int16_t{1}},
+      {"Flag", false, "0", std::int16_t{0}},
+      {"Flag", std::int16_t{-2}, "-2", std::int16_t{-2}},
+      {"Flag", std::int32_t{40000}, "40000", std::int32_t{40000}},
+      {"Number", std::int32_t{40000}, "40000", std::int32_t{40000}},
+      {"Number", std::int64_t{1} << 40, "1099511627776", std::int64_t{1} << 40},
+      {"Number", 2.5, "2.5", 2.5},
+      {"Rate", std::int32_t{3}, "3.0", 3.0},
+      {"Rate", money("1.5"), "1.5", 1.5},
+      {"Day", date("2026-01-31 23:59:59"), "'2026-01-31'", date("2026-01-31")},
+      {"Day", "no date", "'no date'", "no date"},
+      {"Moment", date("2026-01-31 23:59:59"), "'2026-01-31 23:59:59'", date("2026-01-31 23:59:59")},
+      {"Moment", date("2026-01-31"), "'2026-01-31 00:00:00'", date("2026-01-31")},
+      {"Day", Value(), "NULL", Value()},
+  };
+  for (const Case& c : cases) {
+    connection_->Execute("DELETE FROM Pay");
+    auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
+    rows->AddNew();
+    rows->set(c.column, c.assigned);
+    rows->Update();
+    const std::string column = c.column;
+    EXPECT_EQ(text("SELECT quote(" + column + ") FROM Pay"), c.kept) << column;
+    EXPECT_EQ(opened("SELECT * FROM Pay")->get(column), c.read) << column << " " << c.kept;
+    EXPECT_EQ(ask("SELECT " + column + " FROM Pay"), c.read) << column << " " << c.kept;
+  }
+}
+
+TEST_F(ValuesTest, MoneyThatWouldNotComeBackIsRefused) {
+  const auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
+  rows->AddNew();
+  rows->set("Amount", money("900000000000000.0001"));
+  expectStatementError([&] { rows->Update(); }, "900000000000000.0001");
+  EXPECT_EQ(text("SELECT COUNT(*) FROM Pay"), "0");
+}
+
+TEST_F(ValuesTest, EveryFractionOfFifteenDigitsComesBack) {
+  const auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
+  rows->AddNew();
+  rows->set("Code", "x");
+  rows->Update();
+  for (std::int64_t count = 7; count < 999999999999999; count = count * 3 + 1) {
+    const auto amount = Currency::fromTenThousandths(count);
+    rows->set("Amount", amount);
+    rows->Update();
+    EXPECT_EQ(ask("SELECT Amount FROM Pay"), Value(amount));
+  }
+}
+
+TEST_F(ValuesTest, DeclaredTypesDecideHowAValueIsRead) {
+  connection_->Execute(
+      "CREATE TABLE Kinds(a numeric(19,4), b DECIMAL, c money, d varchar(20), e datetime, f int, "
+      "g float, h, i Date)");
+  connection_->Execute(
+      "INSERT INTO Kinds VALUES(1.00004,2,3.5,'2026-01-31','2026-01-31 10:00:00',5,6,7,"
+      "'2026-02-30')");
+  connection_->Execute("CREATE VIEW Seen AS SELECT a AS money, i AS day, a*2 AS twice FROM Kinds");
+  struct Case {
+    const char* expression;
+    Value read;
+  };
+  const Case cases[] = {
+      {"a FROM Kinds", money("1.0000")},
+      {"b FROM Kinds", money("2")},
+      {"c FROM Kinds", money("3.5")},
+      {"d FROM Kinds", "2026-01-31"},
+      {"e FROM Kinds", date("2026-01-31 10:00:00")},
+      {"f FROM Kinds", std::int32_t{5}},
+      {"g FROM Kinds", 6.0},
+      {"h FROM Kinds", std::int32_t{7}},
+      {"i FROM Kinds", "2026-02-30"},
+      {"money FROM Seen", money("1.0000")},
+      {"twice FROM Seen", 2.00008},
+      {"COUNT(*) FROM Kinds", std::int32_t{1}},
+      {"SUM(b) FROM Kinds", std::int32_t{2}},
+      {"SUM(c) FROM Kinds", 3.5},
+      {"MAX(a) FROM Kinds WHERE a>5", Value()},
+      {"a FROM Kinds WHERE a>5", Value()},
+      {"3000000000", std::int64_t{3000000000}},
+      {"-2147483648", std::numeric_limits<std::int32_t>::min()},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(ask(std::string("SELECT ") + c.expression), c.read) << c.expression;
+  }
+}
+
+TEST_F(ValuesTest, YearComparesWithNumbersAndTexts) {
+  connection_->Execute(
+      "INSERT INTO Pay(Code,Day,Moment) VALUES('a','2016-12-31','2017-01-01 00:00:00'),"
+      "('b',NULL,NULL),('c','','2016'),('d','2016-02-30','x')");
+  struct Case {
+    const char* question;
+    const char* codes;
+  };
+  const Case cases[] = {
+      {"year(Day)=2016", "a"},
+      {"year(Day)='2016'", "a"},
+      {"YEAR (Moment) = '2017' AND year(Day)>'2015'", "a"},
+      {"'2016'=year(Day)", "a"},
+      {"year(Day) IN ('2015','2016')", "a"},
+      {"year(Day) IS NULL", "b,c,d"},
+      {"year(Moment) IS NULL", "b,c,d"},
+      {"Day IN (SELECT TOP 1 Day FROM Pay WHERE year(Day)='2016')", "a"},
+  };
+  for (const Case& c : cases) {
+    const std::string sql = std::string("SELECT group_concat(Code) FROM Pay WHERE ") + c.question;
+    EXPECT_EQ(text(sql), c.codes) << c.question;
+    EXPECT_EQ(opened(sql)->get("group_concat(Code)").joinedText(), c.codes) << c.question;
+  }
+  EXPECT_EQ(opened("SELECT year(Day) FROM Pay")->get("year(Day)"), Value(std::int32_t{2016}));
+}
+
+TEST_F(ValuesTest, CodesCompareByteForByte) {
+  connection_->Execute("INSERT INTO Pay(Code) VALUES('a'),('A'),('a ')");
+  EXPECT_EQ(text("SELECT COUNT(*) FROM Pay WHERE Code='a'"), "1");
+  EXPECT_EQ(ask("SELECT COUNT(*) FROM Pay WHERE Code=?", {"a "}), Value(std::int32_t{1}));
+}
+
+}  // namespace
+
+}  // namespace kt7::data::test
