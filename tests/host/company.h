@@ -45,7 +45,9 @@ class CompanyTest : public ::testing::Test {
   void run(std::initializer_list<const char*> statements) {
     const auto connection = data::createConnection();
     connection->Open(connectionString_);
+    connection->BeginTrans();
     for (const char* sql : statements) connection->Execute(sql);
+    connection->CommitTrans();
     connection->Close();
   }
 
@@ -67,9 +69,14 @@ class CompanyTest : public ::testing::Test {
     for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path_ + suffix);
   }
 
-  std::string path_ =
-      (std::filesystem::temp_directory_path() / ("kt7_host_" + std::to_string(::getpid()) + ".db"))
-          .string();
+  static std::string freshPath() {
+    static int count = 0;
+    const std::string name =
+        "kt7_host_" + std::to_string(::getpid()) + "_" + std::to_string(++count) + ".db";
+    return (std::filesystem::temp_directory_path() / name).string();
+  }
+
+  std::string path_ = freshPath();
   std::string connectionString_ = "Driver=SQLite;Database=" + path_;
 };
 
