@@ -48,31 +48,14 @@ TEST_F(UtilityObjectTest, TextToNumber) {
       {"0.0e999", 0},
       {"007", 7},
       {"9007199254740993", 9007199254740992.0},
-      // No numbers:
-      {"-", 0},
-      {".", 0},
-      {",", 0},
-      {",5", 0},
-      {"1,", 0},
-      {"1,,2", 0},
-      {"1.2,3", 0},
-      {"1 2", 0},
-      {"- 3", 0},
-      {"--3", 0},
-      {"+-3", 0},
-      {"1e", 0},
-      {"e5", 0},
-      {"nan", 0},
-      {"inf", 0},
-      {"-infinity", 0},
-      {"0x10", 0},
-      {"1p3", 0},
-      {"12abc", 0},
-      {"1.2.3", 0},
-      {"\xE0\xB9\x91", 0},
   };
   for (const auto& [text, number] : cases) {
     EXPECT_EQ(utility_.TextToNumber(text), number) << "'" << text << "'";
+  }
+  for (const char* text : {"-",   ".",         ",",    ",5",  "1,",    "1,,2",  "1.2,3",
+                           "1 2", "- 3",       "--3",  "+-3", "1e",    "e5",    "nan",
+                           "inf", "-infinity", "0x10", "1p3", "12abc", "1.2.3", "\xE0\xB9\x91"}) {
+    EXPECT_EQ(utility_.TextToNumber(text), 0) << "'" << text << "'";
   }
   EXPECT_FALSE(std::signbit(utility_.TextToNumber("-0")));
   EXPECT_EQ(kindOf([&] { utility_.TextToNumber("1e400"); }), ErrorKind::Overflow);
