@@ -1,0 +1,243 @@
+#include "paid_company.h"
+#include "schema/amass_columns.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+std::string joined(std::initializer_list<const char*> columns) {
+  std::string text;
+  for (const char* column : columns) {
+    text += (text.empty() ? "COALESCE(" : "||'|'||COALESCE(") + std::string(column) + ",'-')";
+  }
+  return text;
+}
+
+/// A kind of item and the balance column that holds nothing else.
+struct KindColumn {
+  const char* kind;
+  const char* column;
+};
+
+constexpr std::array<KindColumn, 10> kKindColumns{{{"SALARY", "TEATSubSalary"},
+                                                   {"OT15", "TEATSubOT15"},
+                                                   {"OT2", "TEATSubOT2"},
+                                                   {"BONUS", "TEATSubTipBonus"},
+                                                   {"LOAN", "TEATCutLoan"},
+                                                   {"WELFARE3", "TEATSubAddWelfare3"},
+                                                   {"STAX", "TEATCutSTAX"},
+                                                   {"SFUND", "TEATCutSFund"},
+                                                   {"PTAX", "TEATCutTAX"},
+                                                   {"MEAL", "TEATAddMoneyNoFix"}}};
+
+class Month2026 : public PaidCompany {
+ protected:
+  /// Every slip, item and balance, as text.
+  std::vector<std::string> everything() {
+    std::vector<std::string> all = lines(
+        "SELECT " +
+        joined({"TEPSNo", "TEpSTEmpCode", "TEPSTEmTCode", "TEPSSalaryPeriod", "TEpsTSaPDate",
+                "TEpsStartDate", "TEpsEndDate", "TEPSTotalWorkDay", "TEPSNetTotal", "TEPSFlag3"}) +
+        " AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo");
+    std::string balance = joined({"TEATTEmpCode", "TEATTEmTCode", "TEATPaymentDate"});
+    for (const std::string_view column : schema::kAmassMoneyColumns) {
+      balance += "||'|'||" + std::string(column);
+    }
+    for (const std::string& query :
+         {joined({"TSmbTEPSNo", "TSmbLn", "TSmbTAMTAlias", "TSmbName", "TSmbQuantity",
+                  "TSmbCheckMoney", "TSmbDebit", "TSmbCrebit"}) +
+              " AS line FROM KT7TEmpSlipItem ORDER BY TSmbTEPSNo, TSmbLn",
+          balance + " AS line FROM KT7TEmpAmassType ORDER BY TEATTEmpCode, TEATPaymentDate"}) {
+      const auto rows = lines("SELECT " + query);
+      all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+  }
+
+  void expectBalancesHoldTheSlips() {
+    EXPECT_EQ(count("KT7TEmpSlipDoc"), count("KT7TEmpAmassType"));
+    for (const KindColumn& row : kKindColumns) {
+      EXPECT_EQ(count("KT7TEmpSlipDoc INNER JOIN KT7TEmpAmassType ON TEATTEmpCode=TEpSTEmpCode AND "
+                      "TEATPaymentDate=TEpsTSaPDate AND TEATTEmTCode=TEPSTEmTCode WHERE "
+                      "ABS(COALESCE(" +
+                      std::string(row.column) +
+                      ",0)-COALESCE((SELECT SUM(TSmbDebit+TSmbCrebit) FROM KT7TEmpSlipItem WHERE "
+                      "TSmbTEPSNo=TEPSNo AND TSmbTAMTAlias='" +
+                      row.kind + "'),0))>0.00001"),
+                0)
+          << row.kind;
+    }
+    EXPECT_EQ(count("KT7TEmpSlipDoc INNER JOIN KT7TEmpAmassType ON TEATTEmpCode=TEpSTEmpCode AND "
+                    "TEATPaymentDate=TEpsTSaPDate WHERE "
+                    "ABS(TEPSNetTotal-(TEATAddTotal-TEATCutTotal))>0.00001"),
+              0);
+  }
+};
+
+TEST_F(Month2026, JanuaryIsPaidByTheRules) {
+  const Told told = pay(1, {input("E0001", "2026-01-31", "BONUS", "", "10000"),
+                            input("E0001", "2026-01-31", "WELFARE3", "", "500"),
+                            input("E0001", "2026-01-31", "MEAL", "", "250.50"),
+                            input("E0001", "2026-01-31", "LOAN", "", "3000"),
+                            input("E0014", "2026-01-15", "ABSENCE", "1", ""),
+                            input("E0016", "2026-01-20", "OT15", "2.5", ""),
+                            input("E0016", "2026-01-20", "OT2", "8", ""),
+                            input("E0031", "2026-01-10", "HOURS", "90", "")});
+  EXPECT_TRUE(told.failures.empty() && told.reasons.empty());
+  EXPECT_EQ(told.slipsOf("E0008"), 0);  // comes in April
+  EXPECT_EQ(told.slipsOf("E0019"), 1);  // came after the first half's days
+  EXPECT_EQ(told.slipsOf("E0023"), 4);
+  expectBalancesHoldTheSlips();
+
+  struct Row {
+    const char *employee, *payDays, *salary, *gross, *socialSecurity, *fund, *fundEmployer;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"E0001", "31", "85000", "95750.5", "875", "8500", "12750"},
+           {"E0003", "31", "26000", "26000", "875", "0", "0"},
+           {"E0006", "31", "31500.5", "31500.5", "875", "630.01", "1260.02"},
+           {"E0014", "16", "8750", "8750", "845.83", "0", "0"},    // 16,916.67 in the month
+           {"E0016", "13", "5200", "6187.5", "569.38", "0", "0"},  // 11,387.50 in the month
+           {"E0031", "11.25", "5400", "5400", "270", "0", "0"},
+           {"E0034", "31", "33000", "33000", "875", "990", "1650"}}) {
+    const RegisterAmounts amounts = told.amounts(row.employee);
+    EXPECT_EQ(told.slip(row.employee).payDays, std::stod(row.payDays)) << row.employee;
+    EXPECT_EQ(amounts.salary, baht(row.salary)) << row.employee;
+    EXPECT_EQ(amounts.gross, baht(row.gross)) << row.employee;
+    EXPECT_EQ(amounts.socialSecurity, baht(row.socialSecurity)) << row.employee;
+    EXPECT_EQ(amounts.fundEmployee, baht(row.fund)) << row.employee;
+    EXPECT_EQ(amounts.fundEmployer, baht(row.fundEmployer)) << row.employee;
+    EXPECT_EQ(told.slip(row.employee).number.find(row.employee), std::string::npos);
+  }
+  EXPECT_EQ(told.amounts("E0039").socialSecurity, Currency());  // not insured
+}
+
+TEST_F(Month2026, PaidTwiceIsPaidOnce) {
+  const std::vector<InputRow> rows{input("E0001", "2026-01-31", "BONUS", "", "10000"),
+                                   input("E0016", "2026-01-05", "LOAN", "", "100")};
+  pay(1, rows);
+  const auto first = everything();
+  EXPECT_EQ(pay(1, rows).outcome.removed, 0);
+  EXPECT_EQ(everything(), first);
+  pay(1, rows, "D2");
+  EXPECT_EQ(everything(), first);
+  // An item that is not given any more goes.
+  pay(1);
+  EXPECT_EQ(count("KT7TEmpSlipItem WHERE TSmbTAMTAlias IN ('BONUS','LOAN')"), 0);
+  expectBalancesHoldTheSlips();
+}
+
+TEST_F(Month2026, ChangedPayDayMovesTheSlips) {
+  const Told first = pay(1);
+  const auto moved = std::count_if(first.slips.begin(), first.slips.end(),
+                                   [](const Slip& slip) { return slip.type[0] == 'M'; });
+  sql("UPDATE KT7TEmployeeType SET TEMTPaymentPeriod1=25 WHERE TEmTCode='M1'");
+  sql("UPDATE KT7TEmployeeType SET TEMTPaymentPeriod1=12, TEMTPaymentPeriod2=25 "
+      "WHERE TEmTCode='M2'");
+  const Told second = pay(1);
+  EXPECT_TRUE(second.failures.empty());
+  EXPECT_EQ(second.outcome.paid, first.outcome.paid);
+  EXPECT_EQ(second.outcome.removed, moved);
+  EXPECT_TRUE(second.noted("no longer due: removed"));
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEPSTEmTCode='M1' AND TEpsTSaPDate<>'2026-01-25'"), 0);
+  EXPECT_EQ(second.amounts("E0001").tax, first.amounts("E0001").tax);
+  EXPECT_EQ(second.amounts("E0011").tax, first.amounts("E0011").tax);
+  expectBalancesHoldTheSlips();
+}
+
+TEST_F(Month2026, FrozenPeriodStaysAndCountsInTheMonth) {
+  const Told first = pay(1);
+  sql("UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0 WHERE TSaPTEmTCode='M2' AND "
+      "TSAPDate='2026-01-15'");
+  sql("UPDATE KT7TEmployee SET TEmpSalary=35000 WHERE TEmpCode='E0011'");
+  const Told second = pay(1, {input("E0011", "2026-01-15", "BONUS", "", "5000")});
+  EXPECT_TRUE(second.noted("M2 on 2026-01-15 is frozen"));
+  EXPECT_EQ(second.slipsOf("E0011"), 1);
+  EXPECT_EQ(second.amounts("E0011").gross, baht("17500"));
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode='E0011' AND TEPSNetTotal=14000"), 1);
+  // 14,000 of the frozen half and 17,500: above the ceiling; the fund on the whole month's salary.
+  EXPECT_EQ(second.amounts("E0011").socialSecurity, baht("875"));
+  EXPECT_EQ(second.amounts("E0011").fundEmployee, baht("945"));
+
+  // A frozen period that closed the month keeps what was withheld; nothing is withheld twice.
+  sql("UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0 WHERE TSaPTEmTCode='M1'");
+  sql("UPDATE KT7TEmployeeType SET TEMTPaymentPeriod1=25 WHERE TEmTCode='M1'");
+  const auto before = everything();
+  const Told third = pay(1);
+  ASSERT_FALSE(third.reasons.empty());
+  EXPECT_NE(third.reasons[0].find("overlap"), std::string::npos);
+  EXPECT_EQ(everything(), before);
+}
+
+TEST_F(Month2026, LeaverClosesWithTheLastSlip) {
+  pay(1);
+  sql("UPDATE KT7TEmployee SET TEmpResignDate='2026-01-10' WHERE TEmpCode='E0013'");
+  const Told told = pay(1);
+  EXPECT_TRUE(told.noted("of E0013 (M2 on 2026-01-31) is no longer due"));
+  const RegisterAmounts amounts = told.amounts("E0013");
+  EXPECT_EQ(told.slip("E0013").payDate, Date::fromIsoText("2026-01-15"));
+  EXPECT_EQ(amounts.gross, baht("21666.67"));  // 65,000 x 10 / 30
+  EXPECT_EQ(amounts.socialSecurity, baht("875"));
+  EXPECT_EQ(amounts.fundEmployee, baht("1083.33"));
+  EXPECT_EQ(amounts.tax, Currency());  // no more months: the year's income is below the allowances
+
+  sql("UPDATE KT7TEmployee2 SET TEm2SkipSlip=1 WHERE TEm2TEmpCode='E0001'");
+  sql("UPDATE KT7TEmployee SET TEmpTEmTCode='M1' WHERE TEmpCode='E0011'");
+  const Told again = pay(1, {}, "M1");
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode='E0001'"), 0);
+  EXPECT_EQ(count("KT7TEmpAmassType WHERE TEATTEmpCode='E0001'"), 0);
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode='E0011'"), 1);
+  EXPECT_EQ(again.amounts("E0011").gross, baht("28000"));
+  EXPECT_EQ(again.outcome.removed, 3);
+  expectBalancesHoldTheSlips();
+}
+
+TEST_F(Month2026, NothingRunsOnWrongRecords) {
+  const auto stops = [&](const Told& told, const char* reason) {
+    ASSERT_FALSE(told.reasons.empty()) << reason;
+    EXPECT_NE(told.reasons[0].find(reason), std::string::npos) << told.reasons[0];
+    EXPECT_EQ(count("KT7TEmpSlipDoc"), 0);
+    EXPECT_EQ(count("KT7TEmpSlipPeriod"), 0);
+  };
+  stops(pay(1, {input("E0001", "2026-01-15", "BONUS", "", "1")}), "has no pay date 2026-01-15");
+  stops(pay(1, {}, "X"), "no employee type 'X'");
+  sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=15 WHERE TEmTCode='M2'");
+  stops(pay(1), "overlap");
+  sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=16, TEmTHourPerDay=NULL WHERE TEmTCode='M2'");
+  stops(pay(1), "hours a day is empty");
+  EXPECT_TRUE(messages_.empty());
+  // A broken type that is not paid itself still keeps the periods from being generated.
+  sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=NULL WHERE TEmTCode='M2'");
+  stops(pay(1, {}, "M1"), "could not be generated");
+  EXPECT_EQ(messages_.size(), 1u);
+}
+
+TEST_F(Month2026, OneFailureIsNobodyElses) {
+  sql("UPDATE KT7TEmployee SET TEmpSalary=NULL WHERE TEmpCode='E0005'");
+  // Posting composes its statements with the code as it stands.
+  sql("UPDATE KT7TEmployee SET TEmpCode='E''7' WHERE TEmpCode='E0007'");
+  const Told told = pay(1);
+  ASSERT_EQ(told.failures.size(), 2u);
+  EXPECT_EQ(told.failures[0], "E0005: no salary");
+  EXPECT_EQ(told.failures[1].find("E'7: database error -2147217900"), 0u) << told.failures[1];
+  EXPECT_EQ(told.outcome.failed, 2);
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEPSTEmTCode='M1'"), 14);
+  EXPECT_EQ(count("KT7TEmpSlipItem WHERE TSmbTEPSNo NOT IN (SELECT TEPSNo FROM KT7TEmpSlipDoc)"),
+            0);
+  expectBalancesHoldTheSlips();
+}
+
+TEST_F(Month2026, DaysAreNotPaidAgainUnderAnotherType) {
+  pay(1);
+  // Daily pay in February begins with 21 January, which the January salary has paid.
+  sql("UPDATE KT7TEmployee SET TEmpTEmTCode='D2', TEmpSalary=500 WHERE TEmpCode='E0003'");
+  const Told told = pay(2);
+  ASSERT_EQ(told.failures.size(), 1u);
+  EXPECT_NE(told.failures[0].find("E0003: 2026-01-21 to 2026-01-31 was paid already"),
+            std::string::npos);
+  EXPECT_EQ(told.slipsOf("E0003"), 1);
+}
+
+}  // namespace
+
+}  // namespace kt7::payroll

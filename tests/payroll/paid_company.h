@@ -1,0 +1,119 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "collab/opened.h"
+#include "host/data/database.h"
+#include "host/roles/host_data_obj.h"
+#include "host/roles/host_platform.h"
+#include "host/schema/schema.h"
+#include "payroll/store/pay_month.h"
+#include "support/company.h"
+
+namespace kt7::payroll {
+
+/// What one run told.
+struct Told : RunListener {
+  void paid(const Slip& slip) override { slips.push_back(slip); }
+  void note(const std::string& text) override { notes.push_back(text); }
+  void failed(const std::string& employee, Date, const std::string& cause) override {
+    failures.push_back(employee + ": " + cause);
+  }
+
+  /// The slip of an employee, the last one where there are several.
+  const Slip& slip(const std::string& employee) const {
+    const auto found = std::find_if(slips.rbegin(), slips.rend(),
+                                    [&](const Slip& slip) { return slip.employee == employee; });
+    if (found == slips.rend()) throw std::runtime_error("no slip of " + employee);
+    return *found;
+  }
+  RegisterAmounts amounts(const std::string& employee) const {
+    return registerAmounts(slip(employee));
+  }
+  int slipsOf(const std::string& employee) const {
+    return static_cast<int>(std::count_if(
+        slips.begin(), slips.end(), [&](const Slip& slip) { return slip.employee == employee; }));
+  }
+  bool noted(const std::string& part) const {
+    return std::any_of(notes.begin(), notes.end(), [&](const std::string& note) {
+      return note.find(part) != std::string::npos;
+    });
+  }
+
+  std::vector<Slip> slips;
+  std::vector<std::string> notes;
+  std::vector<std::string> failures;
+  std::vector<std::string> reasons;  // why the run stopped
+  RunOutcome outcome;
+};
+
+/// The sample company in a database of its own, to be paid month by month.
+class PaidCompany : public testing::Test {
+ protected:
+  PaidCompany() {
+    std::filesystem::copy_file(sampleFile(), database_.file());
+    platform_.setMessageView([this](const std::string& text) { messages_.push_back(text); });
+  }
+
+  Told pay(int month, std::vector<InputRow> input = {}, const std::string& type = "") {
+    Told told;
+    const RunRequest request{Month(2026, month), type, std::move(input)};
+    platform_.setNow(request.month.lastDay());
+    host::HostDataObj dataObj(database_.connectionString());
+    try {
+      told.outcome = payMonth(platform_, dataObj, request, told);
+    } catch (const RunStopped& stopped) {
+      told.reasons = stopped.reasons();
+    }
+    EXPECT_EQ(dataObj.opens(), 0);
+    return told;
+  }
+
+  void sql(const std::string& text) {
+    OwnConnection connection(platform_, database_.connectionString());
+    connection->Execute(text);
+  }
+
+  /// The column "line" of every row.
+  std::vector<std::string> lines(const std::string& query) {
+    OwnConnection connection(platform_, database_.connectionString());
+    OpenRecordset rows(platform_, query, *connection);
+    std::vector<std::string> result;
+    for (; !rows->Eof(); rows->MoveNext()) result.push_back(rows->get("line").joinedText());
+    return result;
+  }
+  int count(const std::string& from) {
+    return std::stoi(lines("SELECT COUNT(*) AS line FROM " + from).front());
+  }
+
+  test::TemporaryDatabase database_;
+  host::HostPlatform platform_;
+  std::vector<std::string> messages_;
+
+ private:
+  static const std::filesystem::path& sampleFile() {
+    static const test::TemporaryDatabase database;
+    static const bool made = [] {
+      host::HostPlatform platform;
+      data::createDatabase(database.connectionString());
+      OwnConnection connection(platform, database.connectionString());
+      schema::createSchema(*connection, schema::Engine::SQLite);
+      schema::loadSample(*connection);
+      OpenRecordset checkpoint(platform, "PRAGMA wal_checkpoint(TRUNCATE)", *connection);
+      return true;
+    }();
+    static const std::filesystem::path file = made ? database.file() : std::filesystem::path();
+    return file;
+  }
+};
+
+inline Currency baht(const char* text) { return Currency::fromText(text); }
+
+inline InputRow input(const char* employee, const char* payDate, const char* kind,
+                      const char* quantity, const char* amount) {
+  return {2, employee, payDate, kind, quantity, amount};
+}
+
+}  // namespace kt7::payroll
