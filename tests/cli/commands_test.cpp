@@ -1,0 +1,165 @@
+#include "command_fixture.h"
+#include "host/data/database.h"
+
+namespace kt7::cli {
+namespace {
+
+bool isOneLine(const std::string& text) {
+  return text.starts_with("kt7hr: ") && text.find('\n') == text.size() - 1;
+}
+
+/// A value of the database, asked beside the command.
+std::string asked(const std::string& database, const std::string& sql,
+                  std::vector<std::string> parameters = {}) {
+  return data::askOne(database, sql, parameters).joinedText();
+}
+
+TEST_F(Commands, RefuseWrongUseInOneLineThatHelps) {
+  const std::string db = database("none.db");
+  struct Case {
+    std::vector<std::string> words;
+    int exitCode;
+    const char* hint;
+  };
+  const std::vector<Case> cases{
+      {{"inti"}, kWrongUse, "did you mean 'init'?"},
+      {{"--vresion"}, kWrongUse, "did you mean '--version'?"},
+      {{"init", "--smaple", "--db", db}, kWrongUse, "did you mean '--sample'?"},
+      {{"init"}, kWrongUse, "KT7HR_DB"},
+      {{"init", "--db", "company.db"}, kWrongUse, "'Driver=SQLite;Database=company.db'"},
+      {{"rpc", "--db", db, "--now", "31/1/2026"}, kWrongUse, "2026-01-31"},
+      {{"rpc", "--db", db, "--now", "2026-02-30"}, kWrongUse, "2026-02-30"},
+      {{"rpc", "--db", db, "--user", "seven"}, kWrongUse, "seven"},
+      {{"rpc", "--db", db}, kFailed, "none.db"},
+      {{"rpc", "--db", "Driver=Nope;Database=x"}, kFailed, "Nope"},
+      {{"rpc", "--db", "Driver=SQLite;Database=x;PwdFile=" + path("no.txt")}, kFailed, "no.txt"},
+      {{"init", "--db", database("no/folder.db")}, kFailed, "no/folder.db"},
+      {{"call", "GETDAYRAT", "{}", "--db", db}, kWrongUse, "did you mean 'GETDAYRATE'?"},
+      {{"call", "GETDAYRATE", "{", "--db", db}, kWrongUse, "is no JSON"},
+      {{"call"}, kWrongUse, "kt7hr call --help"},
+      {{"import", "KT7TEmploye", "x.csv", "--db", db}, kWrongUse, "did you mean 'KT7TEmployee'?"},
+      {{"import", "KT7TEmployee", path("x.csv"), "--db", db}, kFailed, "x.csv"},
+      {{"setting", "set", "A", "1", "--db", "Driver=SQLite;Database=" + written("empty.db", "")},
+       kFailed,
+       "kt7hr init"},
+      {{"setting"}, kWrongUse, "kt7hr setting --help"},
+      {{"setting", "set", "", "1", "--db", db}, kWrongUse, "KEY"},
+      {{"setting", "set", "A"}, kWrongUse, "kt7hr setting set --help"},
+  };
+  for (const Case& each : cases) {
+    const Outcome outcome = kt7hr(each.words);
+    EXPECT_EQ(outcome.exitCode, each.exitCode) << outcome.err;
+    EXPECT_TRUE(isOneLine(outcome.err)) << outcome.err;
+    EXPECT_NE(outcome.err.find(each.hint), std::string::npos) << outcome.err;
+    EXPECT_EQ(outcome.out, "");
+  }
+  EXPECT_FALSE(std::filesystem::exists(path("none.db")));
+}
+
+TEST_F(Commands, ShowHelpWithAnExampleEverywhere) {
+  const std::vector<std::vector<std::string>> commands{
+      {}, {"init"}, {"import"}, {"call"}, {"rpc"}, {"setting"}, {"setting", "set"}};
+  for (std::vector<std::string> words : commands) {
+    words.push_back("--help");
+    const Outcome outcome = kt7hr(words);
+    EXPECT_EQ(outcome.exitCode, kDone);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_NE(outcome.out.find("Example:\n  "), std::string::npos) << outcome.out;
+  }
+  const Outcome bare = kt7hr({});
+  EXPECT_EQ(bare.exitCode, kDone);
+  EXPECT_NE(bare.out.find("kt7hr init --sample"), std::string::npos);
+  EXPECT_EQ(kt7hr({"--version"}).out, "kt7hr " KT7HR_VERSION "\n");
+}
+
+TEST_F(Commands, InitMakesACompanyOnceAndLosesNothing) {
+  const Outcome made = kt7hr({"init", "--db", database()});
+  EXPECT_EQ(made.exitCode, kDone) << made.err;
+  EXPECT_NE(made.out.find("Next: kt7hr import"), std::string::npos) << made.out;
+  ASSERT_EQ(kt7hr({"setting", "set", "CompanyCode", "C1", "--db", database()}).exitCode, kDone);
+
+  const Outcome again = kt7hr({"init", "--sample", "--db", database()});
+  EXPECT_EQ(again.exitCode, kFailed);
+  EXPECT_NE(again.err.find("nothing was changed"), std::string::npos) << again.err;
+  EXPECT_EQ(asked(database(), "SELECT TSetText FROM KT7TSetting"), "C1");
+  EXPECT_EQ(asked(database(), "SELECT COUNT(*) FROM KT7TEmployee"), "0");
+
+  const Outcome sample = kt7hr({"init", "--sample", "--db", database("sample.db")});
+  EXPECT_NE(sample.out.find("Next: kt7hr payroll"), std::string::npos) << sample.out;
+  EXPECT_NE(asked(database("sample.db"), "SELECT COUNT(*) FROM KT7TEmployee"), "0");
+}
+
+TEST_F(Commands, SetSettingsOfAnyTextByTheirExactKey) {
+  ASSERT_EQ(kt7hr({"init", "--db", database()}).exitCode, kDone);
+  struct Case {
+    const char* key;
+    const char* value;
+    const char* number;
+  };
+  const std::vector<Case> cases{
+      {"STAXMaxRate", "17500", "17500"}, {"STAXMaxRate", "-0.5", "-0.5"},
+      {"staxmaxrate", "1", "1"},         {"x' y", "'; DROP TABLE KT7TSetting", ""},
+      {"CompanyCode", "", ""},           {"CompanyCode", "01", "1"},
+      {"CompanyCode", "1e3", ""},        {"CompanyCode", "บริษัท", ""},
+  };
+  for (const Case& each : cases) {
+    const Outcome set = kt7hr({"setting", "set", each.key, each.value, "--db", database()});
+    EXPECT_EQ(set.exitCode, kDone) << each.value << set.err;
+    const std::vector<std::string> key{each.key};
+    EXPECT_EQ(asked(database(), "SELECT TSetNumber FROM KT7TSetting WHERE TSetKey=?", key),
+              each.number);
+    EXPECT_EQ(asked(database(), "SELECT TSetText FROM KT7TSetting WHERE TSetKey=?", key),
+              each.value);
+  }
+  EXPECT_EQ(asked(database(), "SELECT COUNT(*) FROM KT7TSetting"), "4");
+}
+
+TEST_F(Commands, ImportAddsAllRowsOrNone) {
+  ASSERT_EQ(kt7hr({"init", "--db", database()}).exitCode, kDone);
+  const std::string good = written("good.csv", "TBraCode,TBraName\nB1,a\nB2,b\n");
+  const std::string bad = written("bad.csv", "TBraCode,NoColumn\nB3,a\n");
+  const Outcome added = kt7hr({"import", "KT7TBranch", good, "--db", database()});
+  EXPECT_EQ(added.out, "2 rows added to KT7TBranch.\n") << added.err;
+  const Outcome refused = kt7hr({"import", "KT7TBranch", bad, "--db", database()});
+  EXPECT_EQ(refused.exitCode, kFailed);
+  EXPECT_TRUE(isOneLine(refused.err)) << refused.err;
+  EXPECT_NE(refused.err.find("NoColumn"), std::string::npos) << refused.err;
+  EXPECT_EQ(asked(database(), "SELECT COUNT(*) FROM KT7TBranch"), "2");
+}
+
+TEST_F(Commands, NeverShowAPassword) {
+  const std::string secret = "s3cret;}word";
+  const std::string file = written("password.txt", secret + "\n");
+  for (const std::string& given : {"PwdFile=" + file, std::string("Pwd={s3cret;}}word}")}) {
+    const std::string name = given.starts_with("PwdFile") ? "a.db" : "b.db";
+    const std::string db = database(name) + ";" + given;
+    const std::string lost = database("none.db") + ";" + given;
+    for (const Outcome& outcome :
+         {kt7hr({"init", "--db", db}), kt7hr({"init", "--db", db}), kt7hr({"rpc", "--db", lost}),
+          kt7hr({"rpc", "--db", "Driver=Nope;" + given}), kt7hr({"init", "--db", db, "--x"}),
+          kt7hr({"call", "TrimSTAXBase", R"({"iBaseAmount":1})", "--db", lost})}) {
+      EXPECT_EQ((outcome.out + outcome.err).find("s3cret"), std::string::npos)
+          << outcome.out << outcome.err;
+    }
+    EXPECT_TRUE(std::filesystem::exists(path(name)));
+  }
+}
+
+using Call = SampleCompany;
+
+TEST_F(Call, PrintsOneResultOrFails) {
+  const auto call = [](const std::string& operation, const std::string& params) {
+    return kt7hr({"call", operation, params, "--db", database(), "--now", "2026-01-15"});
+  };
+  EXPECT_EQ(call("TrimSFUNDBase", R"({"iBaseAmount":0.1})").out, R"({"value":0.1,"out":{}})"
+                                                                 "\n");
+  const Outcome misspelt = call("GETDAYRATE", R"({"EmploieeCode":"E0001"})");
+  EXPECT_EQ(misspelt.exitCode, kWrongUse);
+  EXPECT_NE(misspelt.err.find("did you mean 'EmployeeCode'?"), std::string::npos) << misspelt.err;
+  const Outcome failed = call("GETSectionHourRate", R"({"SectionCode":"x' y","UseOTRate":true})");
+  EXPECT_EQ(failed.exitCode, kFailed);
+  EXPECT_TRUE(isOneLine(failed.err)) << failed.err;
+}
+
+}  // namespace
+}  // namespace kt7::cli
