@@ -16,7 +16,8 @@ run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE} -B ${WORK}/build
     -DCMAKE_PREFIX_PATH=${WORK}/prefix -DCMAKE_BUILD_TYPE=${BUILD_TYPE} -DCMAKE_CXX_FLAGS=${FLAGS}
     -DCMAKE_CXX_COMPILER_LAUNCHER=${LAUNCHER})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
-run(${KT7HR} init --sample --db "Driver=SQLite;Database=${WORK}/company.db")
+set(ENV{KT7HR_DB} "Driver=SQLite;Database=${WORK}/company.db")
+run(${KT7HR} init --sample)
 
 # E0002 earns 42,000 a month: 42,000 / 30 / 8 an hour. A year of it less the expenses (100,000), the
 # own allowance (60,000) and 11 months of social security (875 each) leaves 334,375; its tax is

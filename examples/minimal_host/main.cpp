@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <string>
 
+#include "base/error.h"
 #include "host/roles/host_data_obj.h"
 #include "host/roles/host_platform.h"
 #include "interface/hr_object.h"
