@@ -87,5 +87,8 @@ void addPayroll(CLI::App& app, CommandLine& line);
 void addCall(CLI::App& app, CommandLine& line);
 void addRpc(CLI::App& app, CommandLine& line);
 void addSetting(CLI::App& app, CommandLine& line);
+void addUser(CLI::App& app, CommandLine& line);
+void addEmployee(CLI::App& app, CommandLine& line);
+void addOperations(CLI::App& app, CommandLine& line);
 
 }  // namespace kt7::cli

@@ -13,7 +13,8 @@ namespace kt7::cli {
 
 namespace {
 
-constexpr std::array kCommands{&addInit, &addImport, &addCall, &addRpc, &addSetting};
+constexpr std::array kCommands{&addInit,    &addImport, &addPayroll,  &addCall,      &addRpc,
+                               &addSetting, &addUser,   &addEmployee, &addOperations};
 
 constexpr const char* kVersionText = "kt7hr " KT7HR_VERSION;
 
@@ -35,14 +36,32 @@ constexpr const char* kExample = R"(Example:
 Every command takes --db, or the variable KT7HR_DB, and has a --help of its own.
 Exit codes: 0 done, 1 failed, 2 wrong use.)";
 
-void refuseUnknownCommand(const CLI::App& app, const std::string& word) {
-  if (word.empty() || word.front() == '-') return;
+std::string nearestOption(const CLI::App& command, const std::string& word) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : command.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  const std::vector<std::string_view> views(names.begin(), names.end());
+  return didYouMean(word.substr(0, word.find('=')), views);
+}
+
+std::vector<std::string> commandNames(const CLI::App& app) {
   std::vector<std::string> names;
   for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
+  return names;
+}
+
+void refuseUnknownFirst(const CLI::App& app, const std::string& word) {
+  if (word.starts_with('-')) {
+    if (app.get_option_no_throw(word) != nullptr) return;
+    throw WrongUse("no option '" + word + "' before the command" + nearestOption(app, word) +
+                   "; kt7hr --help shows all");
+  }
+  const std::vector<std::string> names = commandNames(app);
   if (std::find(names.begin(), names.end(), word) != names.end()) return;
   const std::vector<std::string_view> views(names.begin(), names.end());
   throw WrongUse("no command '" + word + "'" + didYouMean(word, views) +
-                 "; kt7hr --help shows all commands");
+                 "; kt7hr --help shows all");
 }
 
 /// The innermost subcommand that the line named, for the hint below an error.
@@ -57,25 +76,18 @@ std::string fullName(const CLI::App* command) {
   return command->get_parent() == nullptr ? own : fullName(command->get_parent()) + " " + own;
 }
 
-std::string nearestOption(const CLI::App* command, const std::string& message) {
-  const std::size_t at = message.rfind("--");
-  if (at == std::string::npos) return {};
-  std::vector<std::string> names;
-  for (const CLI::Option* option : command->get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
-  }
-  const std::vector<std::string_view> views(names.begin(), names.end());
-  return didYouMean(message.substr(at, message.find_first_of(" =", at) - at), views);
-}
-
 int explain(const CLI::App& app, const CLI::ParseError& error, Console& console) {
   if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
     return app.exit(error, console.out, console.err);
   }
   const CLI::App* command = chosenCommand(app);
+  const std::string text = error.what();
+  const std::size_t option = text.rfind("--");
   const bool unknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
-  say(console, error.what() + (unknown ? nearestOption(command, error.what()) : "") + "; " +
-                   fullName(command) + " --help shows how");
+  const std::string word =
+      option != std::string::npos ? text.substr(option, text.find(' ', option) - option) : "";
+  say(console, text + (unknown ? nearestOption(*command, word) : "") + "; " + fullName(command) +
+                   " --help shows how");
   return kWrongUse;
 }
 
@@ -84,6 +96,12 @@ int runChosen(CommandLine& line) {
   line.console.out.flush();
   if (!line.console.out) throw std::runtime_error("the output could not be written");
   return exitCode;
+}
+
+std::string withHint(const Error& error) {
+  const std::string text = error.what();
+  const bool noSchema = text.find("no such table") != std::string::npos;
+  return noSchema ? text + "; kt7hr init makes the tables" : text;
 }
 
 }  // namespace
@@ -100,7 +118,7 @@ int run(int argc, const char* const* argv, Console& console) {
   app.footer(kExample);
   for (const auto add : kCommands) add(app, line);
   try {
-    refuseUnknownCommand(app, argv[1]);
+    refuseUnknownFirst(app, argv[1]);
     app.parse(argc, argv);
     return runChosen(line);
   } catch (const CLI::ParseError& error) {
@@ -108,6 +126,9 @@ int run(int argc, const char* const* argv, Console& console) {
   } catch (const WrongUse& error) {
     say(console, error.what());
     return kWrongUse;
+  } catch (const Error& error) {
+    say(console, withHint(error));
+    return kFailed;
   } catch (const std::exception& error) {
     say(console, error.what());
     return kFailed;

@@ -1,0 +1,29 @@
+#include "fronts/cli/commands/operations_page.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "interface/operation_notes.h"
+#include "interface/operations.h"
+
+namespace kt7::cli {
+namespace {
+
+TEST(OperationsPage, NotesStandInTheOrderOfTheTable) {
+  std::size_t at = 0;
+  std::apply([&](const auto&... rows) { (EXPECT_EQ(kOperationNotes[at++].name, rows.name), ...); },
+             kOperations);
+}
+
+TEST(OperationsPage, ThePageInTheDocumentsIsTheGeneratedOne) {
+  std::ifstream file(KT7_SOURCE_DIR "/docs/operations.md");
+  ASSERT_TRUE(file) << "make it with: kt7hr operations > docs/operations.md";
+  std::stringstream kept;
+  kept << file.rdbuf();
+  EXPECT_EQ(kept.str(), operationsPage()) << "make it with: kt7hr operations > docs/operations.md";
+}
+
+}  // namespace
+}  // namespace kt7::cli
