@@ -57,6 +57,7 @@ class RowReader {
 
   /// Nothing for an employee whose type is not paid by this run.
   std::optional<InputEntry> read(const InputRow& row) {
+    if (!row.problem.empty()) throw BadRow(row.problem);
     const auto employee = employees_.find(row.employee);
     if (employee == employees_.end()) throw BadRow("no employee '" + row.employee + "'");
     InputEntry entry;

@@ -18,6 +18,7 @@ struct InputRow {
   std::string kind;      // in any letter case
   std::string quantity;  // days or hours
   std::string amount;    // baht
+  std::string problem;   // what makes it no row at all; "" for a row that could be read
 };
 
 /// What one sound row says.

@@ -113,7 +113,7 @@ inline Currency baht(const char* text) { return Currency::fromText(text); }
 
 inline InputRow input(const char* employee, const char* payDate, const char* kind,
                       const char* quantity, const char* amount) {
-  return {2, employee, payDate, kind, quantity, amount};
+  return {2, employee, payDate, kind, quantity, amount, ""};
 }
 
 }  // namespace kt7::payroll

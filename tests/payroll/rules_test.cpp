@@ -147,12 +147,14 @@ TEST(Input, EveryBadRowIsNamedWithItsLine) {
       {{"E1", "2026-01-31", "BONUS", "", "99999999999999999"}, "not an amount"},
       {{"E1", "2026-01-31", "OT", "", "100"}, "needs a quantity"},
       {{"E1", "2026-01-31", "ABSENCE", "-1", ""}, "cannot be negative"},
-      {{"E1", "2026-01-31", "SALARY", "", "1"}, "reckoned by the pay run"}};
+      {{"E1", "2026-01-31", "SALARY", "", "1"}, "reckoned by the pay run"},
+      {{"", "", "", "", ""}, "4 cells"}};
   std::vector<InputRow> rows;
   for (const InputCase& c : cases) {
     rows.push_back({static_cast<int>(rows.size()) + 2, c.cells[0], c.cells[1], c.cells[2],
-                    c.cells[3], c.cells[4]});
+                    c.cells[3], c.cells[4], ""});
   }
+  rows.back().problem = "4 cells";
   const CheckedInput checked = checkInput(rows, employees, periods);
   std::size_t problem = 0;
   for (std::size_t i = 0; i < cases.size(); ++i) {

@@ -89,11 +89,7 @@ int payMonth(const PayrollOptions& given, Console& console) {
                               ? console.messageView
                               : [&console](const std::string& text) { say(console, text); });
   host::HostDataObj dataObj(given.database.connectionString());
-  if (!given.input.empty()) {
-    PayrollInput input = readPayrollInput(given.input);
-    if (!input.problems.empty()) return refuse(console, input.problems, kFailed);
-    request.input = std::move(input.rows);
-  }
+  if (!given.input.empty()) request.input = readPayrollInput(given.input);
   const auto slips = registerWriter(given.format, console.out, request.month.text());
   payroll::RunOutcome outcome;
   try {

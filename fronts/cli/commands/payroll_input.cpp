@@ -42,43 +42,47 @@ Places placesOf(const csv::Row& header, const std::string& file) {
   return places;
 }
 
-void readRow(const csv::Row& row, std::size_t width, const Places& places, PayrollInput& input) {
-  const std::string line = "input line " + std::to_string(row.line) + ": ";
+payroll::InputRow brokenRow(std::size_t line, const std::string& problem) {
+  payroll::InputRow row;
+  row.line = static_cast<int>(line);
+  row.problem = problem;
+  return row;
+}
+
+payroll::InputRow rowOf(const csv::Row& row, std::size_t width, const Places& places) {
   if (row.cells.size() != width) {
-    input.problems.push_back(line + std::to_string(row.cells.size()) + " cells where the first " +
-                             "line names " + std::to_string(width));
-    return;
+    return brokenRow(row.line, std::to_string(row.cells.size()) +
+                                   " cells where the first line names " + std::to_string(width));
   }
   payroll::InputRow read;
   read.line = static_cast<int>(row.line);
   for (std::size_t i = 0; i < kColumns.size(); ++i) {
     const std::string& cell = row.cells[places[i]];
     if (!csv::isValidText(cell)) {
-      input.problems.push_back(line + kColumns[i].name + " is not UTF-8 text");
-      return;
+      return brokenRow(row.line, std::string(kColumns[i].name) + " is not UTF-8 text");
     }
     read.*kColumns[i].text = std::string(trimmedBlanks(cell));
   }
-  input.rows.push_back(std::move(read));
+  return read;
 }
 
 }  // namespace
 
-PayrollInput readPayrollInput(const std::string& file) {
+std::vector<payroll::InputRow> readPayrollInput(const std::string& file) {
   std::ifstream stream(file);
   if (!stream) throw std::runtime_error("cannot read '" + file + "'");
-  PayrollInput input;
+  std::vector<payroll::InputRow> rows;
   try {
     csv::Reader reader(stream);
     csv::Row row;
     if (!reader.next(row)) throw std::runtime_error("'" + file + "' is empty");
     const std::size_t width = row.cells.size();
     const Places places = placesOf(row, file);
-    while (reader.next(row)) readRow(row, width, places, input);
+    while (reader.next(row)) rows.push_back(rowOf(row, width, places));
   } catch (const csv::CsvError& error) {
-    input.problems.push_back("input line " + std::to_string(error.line()) + ": " + error.what());
+    rows.push_back(brokenRow(error.line(), error.what()));
   }
-  return input;
+  return rows;
 }
 
 }  // namespace kt7::cli
