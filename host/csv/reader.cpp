@@ -37,6 +37,8 @@ struct Reader::Parser {
       throw CsvError(0, "the CSV parser cannot be set up");
     }
     csv_set_space_func(&state, isNoSpace);
+    // It would grow a long cell by 128 bytes at a time.
+    csv_set_blk_size(&state, kBlockSize);
   }
   ~Parser() { csv_free(&state); }
   Parser(const Parser&) = delete;
