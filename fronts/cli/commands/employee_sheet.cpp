@@ -146,11 +146,17 @@ Json SheetMaker::rates() {
 }
 
 Json SheetMaker::hours() {
+  Json json{{"TypeName", nullptr}};
+  forEach("SELECT TEmTName FROM KT7TEmployeeType WHERE TEmTCode='" + typeCode_ + "'",
+          [&](ado::Recordset& row) { json["TypeName"] = jsonOf(row.get("TEmTName")); });
   EmployeeObject type(platform_);
   type.SetTypeCode(typeCode_, dataObj_);
-  return {{"TypeName", type.TypeName()},          {"SalaryType", type.SalaryType()},
-          {"HoursPerDay", type.HourPerDay()},     {"HoursPerWeek", type.HourPerWeek()},
-          {"HoursPerMonth", type.HourPerMonth()}, {"DaysPerMonth", type.DayPerMonth()}};
+  json["SalaryType"] = type.SalaryType();
+  json["HoursPerDay"] = type.HourPerDay();
+  json["HoursPerWeek"] = type.HourPerWeek();
+  json["HoursPerMonth"] = type.HourPerMonth();
+  json["DaysPerMonth"] = type.DayPerMonth();
+  return json;
 }
 
 Json SheetMaker::service() {

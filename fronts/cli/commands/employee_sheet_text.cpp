@@ -1,6 +1,7 @@
 #include <array>
 #include <charconv>
 
+#include "base/text.h"
 #include "employee_sheet.h"
 #include "fronts/cli/screens/display_text.h"
 
@@ -28,6 +29,7 @@ std::string amountText(const Json& amount) {
 
 std::string shown(const Json& value) {
   if (value.is_null()) return kNotEntered;
+  if (value.is_number_float()) return shortestText(value.get<double>());
   return value.is_string() ? screens::oneLine(value.get<std::string>()) : value.dump();
 }
 
@@ -111,7 +113,7 @@ std::string leaveText(const Json& leave) {
 std::string balanceText(const Json& sheet) {
   const Json& balances = sheet["Balances"];
   std::string text = "\nBalances of " + shown(balances["Year"]) + " up to " + shown(sheet["On"]) +
-                     ", " + shown(balances["PayDates"]) + " pay dates\n";
+                     ", pay dates: " + shown(balances["PayDates"]) + "\n";
   constexpr std::array<std::array<const char*, 2>, 9> kLines{{{"Salary", "Salary"},
                                                               {"Overtime", "Overtime"},
                                                               {"Bonus", "Bonus"},
