@@ -27,6 +27,7 @@ TEST_F(Commands, RefuseWrongUseInOneLineThatHelps) {
       {{"init", "--smaple", "--db", db}, kWrongUse, "did you mean '--sample'?"},
       {{"init"}, kWrongUse, "KT7HR_DB"},
       {{"init", "--db", "company.db"}, kWrongUse, "'Driver=SQLite;Database=company.db'"},
+      {{"init", "--db", "Driver=SQLite;Database"}, kWrongUse, "keyword=value"},
       {{"rpc", "--db", db, "--now", "31/1/2026"}, kWrongUse, "2026-01-31"},
       {{"rpc", "--db", db, "--now", "2026-02-30"}, kWrongUse, "2026-02-30"},
       {{"rpc", "--db", db, "--user", "seven"}, kWrongUse, "seven"},

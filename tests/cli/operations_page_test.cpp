@@ -13,8 +13,8 @@ namespace {
 
 TEST(OperationsPage, NotesStandInTheOrderOfTheTable) {
   std::size_t at = 0;
-  std::apply([&](const auto&... rows) { (EXPECT_EQ(kOperationNotes[at++].name, rows.name), ...); },
-             kOperations);
+  const auto compare = [&](const auto& row) { EXPECT_EQ(kOperationNotes[at++].name, row.name); };
+  std::apply([&](const auto&... rows) { (compare(rows), ...); }, kOperations);
 }
 
 TEST(OperationsPage, ThePageInTheDocumentsIsTheGeneratedOne) {

@@ -1,8 +1,10 @@
 #include "operation_calls.h"
 
 #include <algorithm>
+#include <array>
 #include <concepts>
 #include <utility>
+#include <vector>
 
 #include "base/error.h"
 #include "interface/operations.h"

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <ostream>
 
+#include "base/error.h"
 #include "base/text.h"
 #include "command.h"
 #include "host/data/connection_string.h"
@@ -22,6 +23,14 @@ std::string firstLineOf(const std::string& path) {
   }
   if (!line.empty() && line.back() == '\r') line.pop_back();
   return line;
+}
+
+std::string passwordFileOf(const std::string& connectionString) {
+  try {
+    return std::string(data::ConnectionString(connectionString).value(kPasswordFile));
+  } catch (const Error& error) {
+    throw WrongUse(error.what());
+  }
 }
 
 bool isPasswordFile(std::string_view part) {
@@ -63,7 +72,7 @@ std::string DatabaseOptions::connectionString() const {
     throw WrongUse("'" + database +
                    "' is no connection string; use --db 'Driver=SQLite;Database=" + database + "'");
   }
-  const std::string path(data::ConnectionString(database).value(kPasswordFile));
+  const std::string path = passwordFileOf(database);
   if (path.empty()) return database;
   std::string resolved = "Pwd={" + replaceAll(firstLineOf(path), "}", "}}") + "}";
   for (const std::string& part : split(database, ';')) {

@@ -100,8 +100,11 @@ int runChosen(CommandLine& line) {
 
 std::string withHint(const Error& error) {
   const std::string text = error.what();
-  const bool noSchema = text.find("no such table") != std::string::npos;
-  return noSchema ? text + "; kt7hr init makes the tables" : text;
+  if (text.find("no such table") != std::string::npos) {
+    return text + "; kt7hr init makes the tables";
+  }
+  const std::string& statement = error.cause().statement;
+  return statement.empty() ? text : text + "; the statement was: " + statement;
 }
 
 }  // namespace

@@ -23,10 +23,12 @@ constexpr DataObjMethod dataObjMethod(std::string_view name, Act act) {
   return {name, act, act};
 }
 
+constexpr std::string_view kRollback = "DataObj.RollbackTransaction";
+
 constexpr std::array kDataObjMethods{
     dataObjMethod("DataObj.BeginTransaction", [](auto& data) { data.BeginTransaction(); }),
     dataObjMethod("DataObj.CommitTransaction", [](auto& data) { data.CommitTransaction(); }),
-    dataObjMethod("DataObj.RollbackTransaction", [](auto& data) { data.RollbackTransaction(); }),
+    dataObjMethod(kRollback, [](auto& data) { data.RollbackTransaction(); }),
     dataObjMethod("DataObj.OpenConnection", [](auto& data) { data.OpenConnection(); }),
     dataObjMethod("DataObj.CloseConnection", [](auto& data) { data.CloseConnection(); }),
 };
@@ -87,7 +89,8 @@ DataObj& Session::dataObj() {
 }
 
 Json Session::call(const std::string& method, const Json& params) {
-  const bool callersTransaction = dataObj_.inTransaction();
+  // A transaction that cannot be rolled back is lost with its connection.
+  const bool transactionStands = dataObj_.inTransaction() && method != kRollback;
   // A connection that was lost and could not be taken again when it failed is tried anew.
   if (dataObj_.opens() < opens_) dataObj_.reset(opens_);
   try {
@@ -95,7 +98,7 @@ Json Session::call(const std::string& method, const Json& params) {
     opens_ = dataObj_.opens();
     return result;
   } catch (...) {
-    recover(callersTransaction, opens_);
+    recover(transactionStands, opens_);
     throw;
   }
 }
@@ -119,8 +122,8 @@ Json Session::dispatch(const std::string& method, const Json& params) {
   raiseUnknown(method);
 }
 
-void Session::recover(bool callersTransaction, int opens) {
-  if (callersTransaction) {
+void Session::recover(bool transactionStands, int opens) {
+  if (transactionStands) {
     dataObj_.closeDownTo(opens);
     return;
   }

@@ -49,7 +49,7 @@ class Session {
 
  private:
   Json dispatch(const std::string& method, const Json& params);
-  void recover(bool callersTransaction, int opens);
+  void recover(bool transactionStands, int opens);
 
   Platform& platform();
   DataObj& dataObj();
