@@ -12,6 +12,10 @@ std::string salaryPeriodText(const Slip& slip) {
          std::to_string(slip.periodNumber);
 }
 
+std::string ofRun(const std::string& prefix) {
+  return " AND " + prefix + "CheckGroup=" + std::to_string(kCheckGroup);
+}
+
 void setItem(ado::Recordset& row, const Slip& slip, std::int32_t line, const SlipItem& item) {
   const bool income = item.counts == Counts::Income;
   row.set("TSmbTEPSNo", slip.number);
@@ -33,10 +37,17 @@ void SlipStore::save(const Slip& slip) {
 }
 
 void SlipStore::saveDocument(const Slip& slip) {
-  auto document =
-      records_.open("SELECT * FROM KT7TEmpSlipDoc WHERE TEPSNo=" + records_.quoted(slip.number),
-                    ado::kOptimistic);
-  if (document->Eof()) document->AddNew();
+  auto document = records_.open(
+      "SELECT * FROM KT7TEmpSlipDoc WHERE TEpSTEmpCode=" + records_.quoted(slip.employee) +
+          " AND TEpsTSaPDate=" + records_.dateText(slip.payDate) +
+          " AND TEPSTEmTCode=" + records_.quoted(slip.type) + ofRun("TEPS"),
+      ado::kOptimistic);
+  if (document->Eof()) {
+    document->AddNew();
+  } else if (textIn(*document, "TEPSNo") != slip.number) {
+    // Another run wrote its slip after this one had looked: paying now would pay twice.
+    raiseStatementFailed("slip " + textIn(*document, "TEPSNo") + " was written meanwhile");
+  }
   document->set("TEPSNo", slip.number);
   document->set("TEpSTEmpCode", slip.employee);
   document->set("TEPSTEmTCode", slip.type);

@@ -1,4 +1,6 @@
+#include "base/error.h"
 #include "paid_company.h"
+#include "payroll/store/slip_store.h"
 #include "schema/amass_columns.h"
 
 namespace kt7::payroll {
@@ -225,6 +227,29 @@ TEST_F(Month2026, OneFailureIsNobodyElses) {
   EXPECT_EQ(count("KT7TEmpSlipItem WHERE TSmbTEPSNo NOT IN (SELECT TEPSNo FROM KT7TEmpSlipDoc)"),
             0);
   expectBalancesHoldTheSlips();
+}
+
+TEST_F(Month2026, SlipOfAnotherRunIsNotPaidBeside) {
+  host::HostDataObj dataObj(database_.connectionString());
+  dataObj.OpenConnection();
+  Records records(platform_, dataObj);
+  SlipStore book(records, dataObj);
+  Slip slip;
+  slip.employee = "E0001";
+  slip.type = "M1";
+  slip.payDate = Date::fromIsoText("2026-01-31");
+  slip.span = {Date::fromIsoText("2026-01-01"), slip.payDate};
+  slip.number = slipNumber(slip.payDate, 1);
+  slip.add("SALARY", Counts::Income, baht("85000"));
+  book.begin();
+  book.save(slip);
+  book.commit();
+  slip.number = slipNumber(slip.payDate, 2);
+  book.begin();
+  EXPECT_THROW(book.save(slip), Error);
+  book.rollback();
+  EXPECT_EQ(lines("SELECT TEPSNo AS line FROM KT7TEmpSlipDoc"),
+            std::vector<std::string>{"20260131-0000001"});
 }
 
 TEST_F(Month2026, DaysAreNotPaidAgainUnderAnotherType) {

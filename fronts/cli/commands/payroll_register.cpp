@@ -23,22 +23,22 @@ struct AmountColumn {
 
 /// The amounts in the order of every form of the register.
 constexpr std::array<AmountColumn, 10> kAmounts{
-    {{"Salary", "Salary", 13, &RegisterAmounts::salary},
-     {"Overtime", "Overtime", 11, &RegisterAmounts::overtime},
-     {"OtherIncome", "Other income", 12, &RegisterAmounts::otherIncome},
-     {"Gross", "Gross", 13, &RegisterAmounts::gross},
-     {"SocialSecurity", "Social sec.", 11, &RegisterAmounts::socialSecurity},
-     {"FundEmployee", "Fund own", 11, &RegisterAmounts::fundEmployee},
-     {"FundEmployer", "Fund company", 12, &RegisterAmounts::fundEmployer},
-     {"Tax", "Tax", 12, &RegisterAmounts::tax},
-     {"OtherDeductions", "Other deduct.", 13, &RegisterAmounts::otherDeductions},
-     {"Net", "Net", 13, &RegisterAmounts::net}}};
+    {{"Salary", "Salary", 12, &RegisterAmounts::salary},
+     {"Overtime", "Overtime", 10, &RegisterAmounts::overtime},
+     {"OtherIncome", "Other inc.", 10, &RegisterAmounts::otherIncome},
+     {"Gross", "Gross", 12, &RegisterAmounts::gross},
+     {"SocialSecurity", "Soc. sec.", 10, &RegisterAmounts::socialSecurity},
+     {"FundEmployee", "Fund own", 10, &RegisterAmounts::fundEmployee},
+     {"FundEmployer", "Fund co.", 10, &RegisterAmounts::fundEmployer},
+     {"Tax", "Tax", 10, &RegisterAmounts::tax},
+     {"OtherDeductions", "Other ded.", 10, &RegisterAmounts::otherDeductions},
+     {"Net", "Net", 12, &RegisterAmounts::net}}};
 
 constexpr int kCodeWidth = 8;
 constexpr int kNameWidth = 28;
-constexpr int kTypeWidth = 5;
+constexpr int kTypeWidth = 4;
 constexpr int kDateWidth = 10;
-constexpr int kDaysWidth = 7;
+constexpr int kDaysWidth = 6;
 
 /// "-1234.50"
 std::string twoPlaces(Currency amount) {
