@@ -42,6 +42,12 @@ class OpenDatabase {
     }
     return result;
   }
+  /// The column of the first row, as the driver types it.
+  Value value(const std::string& field, const std::string& sql) {
+    const auto recordset = data::createRecordset();
+    recordset->Open(sql, *connection_, ado::kStatic, ado::kReadOnly);
+    return recordset->get(field);
+  }
   std::string text(const std::string& field, const std::string& sql) {
     const auto all = texts(field, sql);
     return all.empty() ? "no row" : all.front();

@@ -106,6 +106,10 @@ TEST(Schema, ViewsJoinWhatBelongsTogether) {
   EXPECT_EQ(database.count("KT7VEmployee WHERE TEm2SkipSlip<>1"), "1");
   EXPECT_EQ(database.texts("TSmbDebit", "SELECT * FROM KT7VEmployeeSlip WHERE TEPSNo='S1'"),
             (std::vector<std::string>{"1", "2"}));
+  const Value net = database.value("TEPSNetTotal", "SELECT * FROM KT7VEmployeeSlip");
+  EXPECT_EQ(net, Value(Currency::fromWhole(10)));
+  const Value from = database.value("TEGdDate", "SELECT * FROM KT7VEmployeeGroup");
+  EXPECT_EQ(from, Value(Date::fromYmd(2026, 1, 1)));
   database.run("UPDATE KT7TEmployeeGrpMB SET TEGMTEmpCode='E9' WHERE TEGMTEmpCode='E1'");
   EXPECT_EQ(database.text("TEmGCode",
                           "SELECT * FROM KT7VEmployeeGroup WHERE TEmpCode='E9' AND "
