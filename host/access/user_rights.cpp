@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "access/permission_token.h"
+#include "collab/permission_token.h"
 #include "host/data/database.h"
 
 namespace kt7::host {
@@ -93,7 +93,7 @@ void grantRights(ado::Connection& connection, const Grant& grant, UtilityObject&
     WritableRow row(
         connection, "KT7TUserEmpType",
         {{"TUETTCmGAlias", kModuleAlias}, {"TUETTUsrID", grant.user}, {"TUETTEmTCode", type}});
-    const std::string token = access::permissionToken(grant.user, type, utility);
+    const std::string token = permissionToken(grant.user, type, utility);
     if (grant.welfare) row.set("TUETWelfare", token);
     if (grant.salary) row.set("TUETSalary", token);
     row.write();

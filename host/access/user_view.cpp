@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "access/permission_token.h"
 #include "collab/opened.h"
+#include "collab/permission_token.h"
 #include "host/access/user_rights.h"
 #include "interface/hr_object.h"
 
@@ -125,7 +125,7 @@ void UserQuestions::readTokens(UserView& view) {
       [&](ado::Recordset& row) {
         view.hasRights = true;
         const std::string type = row.get("TUETTEmTCode").joinedText();
-        const std::string valid = access::permissionToken(user_, type, *utility);
+        const std::string valid = permissionToken(user_, type, *utility);
         for (const bool ofSalary : {false, true}) {
           const std::string token = row.get(ofSalary ? "TUETSalary" : "TUETWelfare").joinedText();
           if (token.empty() || token == valid) continue;
@@ -150,7 +150,7 @@ void UserQuestions::findOwner(const std::string& token, DeadToken& dead) {
   }
   for (const std::int32_t user : users) {
     for (const std::string& type : types) {
-      if (access::permissionToken(user, type, *utility) != token) continue;
+      if (permissionToken(user, type, *utility) != token) continue;
       dead.ownerKnown = true;
       dead.ownerUser = user;
       dead.ownerType = type;

@@ -1,19 +1,9 @@
-#include "access/permission_token.h"
 #include "base/text.h"
 #include "collab/opened.h"
+#include "collab/permission_token.h"
 #include "interface/hr_object.h"
 
 namespace kt7 {
-
-namespace access {
-
-std::string permissionToken(std::int32_t userID, const std::string& typeCode,
-                            UtilityObject& utility) {
-  constexpr const char* kKey = "rk81736";
-  return utility.EncodeToken(utility.EncodeWithKey(std::to_string(userID) + "#" + typeCode, kKey));
-}
-
-}  // namespace access
 
 namespace {
 
@@ -49,7 +39,7 @@ std::string visibleTypes(int32_t userID, const std::string& connectionString,
   for (; !rows->Eof(); rows->MoveNext()) {
     const std::string typeCode = rows->get("TUETTEmTCode").joinedText();
     if (neededToken == nullptr ||
-        rows->get(neededToken).joinedText() == access::permissionToken(userID, typeCode, utility)) {
+        rows->get(neededToken).joinedText() == permissionToken(userID, typeCode, utility)) {
       orElse(list, " TEmTCode='" + typeCode + "'");
     }
   }
@@ -143,7 +133,7 @@ bool HRObject::HRFilterAccessSalary(int32_t UserID, const std::string& Dataconne
                            "SELECT TUeTSalary FROM KT7TUserEmpType Where TUETTEmTCode='" +
                                typeCode + "' AND TUETTUsrID=" + user + anyEntry,
                            DataconnectionString);
-  return !token.empty() && token == access::permissionToken(UserID, typeCode, utility());
+  return !token.empty() && token == permissionToken(UserID, typeCode, utility());
 }
 
 }  // namespace kt7

@@ -45,6 +45,13 @@ std::string codeAndName(const Json& profile, const std::string& field) {
   return text;
 }
 
+/// The statuses that a resignation date moves between, in words; others are the company's own.
+std::string statusText(const Json& status) {
+  constexpr int kLeaving = 3;
+  if (!status.is_number() || status < kLeaving) return shown(status);
+  return shown(status) + (status == kLeaving ? ", resignation date not passed" : ", has left");
+}
+
 std::string profileText(const Json& sheet) {
   const Json& profile = sheet["Profile"];
   std::string name;
@@ -60,7 +67,7 @@ std::string profileText(const Json& sheet) {
   for (const char* field : {"Branch", "Division", "Department", "Section", "Position"}) {
     text += labelled(field, codeAndName(profile, field));
   }
-  text += labelled("Status", shown(profile["Status"]));
+  text += labelled("Status", statusText(profile["Status"]));
   text += labelled("Joined", shown(profile["SignDate"]));
   return text + labelled("Last day", shown(profile["ResignDate"]));
 }

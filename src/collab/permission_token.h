@@ -5,11 +5,11 @@
 
 #include "collab/utility_object.h"
 
-namespace kt7::access {
+namespace kt7 {
 
 /// The token that grants a user a right on an employee type: it fits that user and type alone, so
 /// that a copied token does not hold. Stored by the host's user administration.
 std::string permissionToken(std::int32_t userID, const std::string& typeCode,
                             UtilityObject& utility);
 
-}  // namespace kt7::access
+}  // namespace kt7
