@@ -146,6 +146,15 @@ TEST_F(Commands, NeverShowAPassword) {
   }
 }
 
+TEST_F(Commands, TakeThePasswordOutOfItsFile) {
+  DatabaseOptions options;
+  options.database =
+      "Driver=MySQL;pwdfile=" + written("password.txt", "s3cret;}word\r\n") + ";Uid=u";
+  EXPECT_EQ(options.connectionString(), "Pwd={s3cret;}}word};Driver=MySQL;Uid=u");
+  options.database = "Driver=MySQL;Pwd=p";
+  EXPECT_EQ(options.connectionString(), options.database);
+}
+
 using Call = SampleCompany;
 
 TEST_F(Call, PrintsOneResultOrFails) {
