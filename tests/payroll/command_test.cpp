@@ -1,0 +1,110 @@
+#include "cli/command_fixture.h"
+#include "fronts/cli/screens/display_text.h"
+#include "host/roles/host_data_obj.h"
+
+namespace kt7::cli {
+
+namespace {
+
+using OrderedJson = nlohmann::ordered_json;
+
+constexpr const char* kFields =
+    "EmployeeCode,EmployeeType,PayDate,PayDays,Salary,Overtime,OtherIncome,Gross,SocialSecurity,"
+    "FundEmployee,FundEmployer,Tax,OtherDeductions,Net";
+
+class PayrollCommand : public Commands {
+ protected:
+  PayrollCommand() { kt7hr({"init", "--sample", "--db", database()}); }
+
+  Outcome payroll(std::vector<std::string> words) {
+    words.insert(words.begin(), {"payroll", "--db", database()});
+    return kt7hr(words);
+  }
+  void sql(const std::string& text) {
+    host::HostDataObj dataObj(database());
+    dataObj.OpenConnection();
+    dataObj.ExecuteSql(text);
+  }
+};
+
+TEST_F(PayrollCommand, RegisterIsOneRecordASlip) {
+  const Outcome json = payroll({"--month", "2026-01", "--format", "json"});
+  EXPECT_EQ(json.exitCode, kDone);
+  EXPECT_EQ(json.err, "");
+  const OrderedJson records = OrderedJson::parse(json.out);
+  ASSERT_EQ(records.size(), 63u);
+  std::string fields;
+  for (const auto& [name, value] : records[0].items()) {
+    fields += (fields.empty() ? "" : ",") + name;
+    EXPECT_EQ(value.is_number(), fields.find("PayDays") != std::string::npos) << name;
+  }
+  EXPECT_EQ(fields, kFields);
+
+  const Outcome csv = payroll({"--month", "2026-01", "--format", "csv"});
+  EXPECT_EQ(csv.out.substr(0, csv.out.find('\n')), kFields);
+  EXPECT_NE(csv.out.find("\nE0006,M1,2026-01-31,31.00,31500.50,0.00,0.00,31500.50,875.00,630.01,"
+                         "1260.02,158.11,0.00,29837.38\n"),
+            std::string::npos);
+  EXPECT_EQ(std::count(csv.out.begin(), csv.out.end(), '\n'), 64);
+  const Outcome nobody = payroll({"--month", "2000-01", "--type", "W4", "--format", "json"});
+  EXPECT_EQ(nobody.out, "[]\n");
+  EXPECT_EQ(nobody.exitCode, kDone);
+}
+
+TEST_F(PayrollCommand, TableIsAlignedAndAddsUp) {
+  const Outcome table = payroll({"--month", "2026-01"});
+  std::istringstream lines(table.out);
+  std::string title, line;
+  std::getline(lines, title);
+  std::getline(lines, line);
+  std::getline(lines, line);
+  const int width = screens::displayWidth(line);
+  while (std::getline(lines, line)) EXPECT_EQ(screens::displayWidth(line), width) << line;
+  for (const char* total : {"Total D2, 13 slips", "Total M1, 16 slips", "Total, 63 slips"}) {
+    EXPECT_NE(table.out.find(total), std::string::npos) << total;
+  }
+  EXPECT_NE(table.out.find("1,674,789.50"), std::string::npos);
+}
+
+TEST_F(PayrollCommand, SaysWhyItDoesNotPay) {
+  struct Case {
+    std::vector<std::string> words;
+    int exitCode;
+    const char* reason;
+  };
+  const std::string bad = written("bad.csv",
+                                  "Amount,Kind,PayDate,EmployeeCode,Quantity\n"
+                                  "1,BONUS,2026-01-31,E0001,\n"
+                                  "x,BONUS,2026-01-31,E0001,\n"
+                                  "1,BONUS\n"
+                                  "1,BONUS,2026-01-31,E9,\n");
+  const std::string headless = written("headless.csv", "EmployeeCode,PayDate,Kind,Amount\n");
+  for (const Case& c : std::vector<Case>{
+           {{}, kWrongUse, "--month is required"},
+           {{"--month", "January"}, kWrongUse, "'January' is no month"},
+           {{"--month", "2026-01", "--now", "2026-02-01"}, kWrongUse, "does not lie in"},
+           {{"--month", "2026-01", "--type", "X"}, kWrongUse, "no employee type 'X'"},
+           {{"--month", "2026-01", "--format", "xml"}, kWrongUse, "--format"},
+           {{"--month", "2026-01", "--input", path("none.csv")}, kFailed, "cannot read"},
+           {{"--month", "2026-01", "--input", headless}, kFailed, "no column Quantity"},
+           {{"--month", "2026-01", "--input", bad}, kFailed, "input line 3: the amount 'x'"},
+           {{"--month", "2026-01", "--input", bad}, kFailed, "input line 4: 2 cells"},
+           {{"--month", "2026-01", "--input", bad}, kFailed, "input line 5: no employee 'E9'"}}) {
+    const Outcome outcome = payroll(c.words);
+    EXPECT_EQ(outcome.exitCode, c.exitCode) << c.reason;
+    EXPECT_NE(outcome.err.find(c.reason), std::string::npos) << outcome.err;
+    EXPECT_EQ(outcome.out, "") << c.reason;
+  }
+}
+
+TEST_F(PayrollCommand, PaysTheOthersWhenOneFails) {
+  sql("UPDATE KT7TEmployee SET TEmpSignDate=NULL WHERE TEmpCode='E0032'");
+  const Outcome outcome = payroll({"--month", "2026-01", "--type", "H1", "--format", "json"});
+  EXPECT_EQ(outcome.exitCode, kFailed);
+  EXPECT_EQ(outcome.err.find("kt7hr: E0032 was not paid on 2026-01-10: no sign date\n"), 0u);
+  EXPECT_EQ(OrderedJson::parse(outcome.out).size(), 3u);
+}
+
+}  // namespace
+
+}  // namespace kt7::cli
