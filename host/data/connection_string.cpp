@@ -1,5 +1,7 @@
 #include "host/data/connection_string.h"
 
+#include <algorithm>
+
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/database.h"

@@ -1,7 +1,6 @@
 #include "host/data/recordset.h"
 
 #include "base/error.h"
-#include "base/text.h"
 #include "host/data/connection.h"
 #include "host/data/database.h"
 #include "host/data/statement_text.h"

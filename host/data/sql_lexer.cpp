@@ -1,5 +1,7 @@
 #include "host/data/sql_lexer.h"
 
+#include <algorithm>
+
 namespace kt7::data {
 
 namespace {

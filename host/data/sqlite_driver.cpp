@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <new>
 
 #include "base/error.h"
 #include "host/data/sqlite_session.h"

@@ -1,5 +1,7 @@
 #include "host/data/sqlite_session.h"
 
+#include <cmath>
+
 #include "base/error.h"
 #include "base/text.h"
 
@@ -163,7 +165,10 @@ Stored SqliteSession::stored(const Value& value, ColumnKind kind) const {
   if (value.isNull()) return Null{};
   if (const auto* text = std::get_if<std::string>(&storage)) return *text;
   if (const auto* flag = std::get_if<bool>(&storage)) return std::int64_t{*flag ? 1 : 0};
-  if (const auto* number = std::get_if<double>(&storage)) return *number;
+  if (const auto* number = std::get_if<double>(&storage)) {
+    if (std::isfinite(*number)) return *number;
+    raiseStatementFailed("a number that is infinite or undefined cannot be kept");
+  }
   if (const auto* whole = std::get_if<std::int64_t>(&storage)) return *whole;
   if (const auto* date = std::get_if<Date>(&storage)) {
     const bool withTime =

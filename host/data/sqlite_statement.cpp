@@ -1,5 +1,7 @@
 #include "host/data/sqlite_statement.h"
 
+#include <new>
+
 #include "base/error.h"
 #include "host/data/sql_lexer.h"
 

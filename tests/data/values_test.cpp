@@ -57,11 +57,13 @@ TEST_F(ValuesTest, AssignedValuesComeBack) {
   }
 }
 
-TEST_F(ValuesTest, MoneyThatWouldNotComeBackIsRefused) {
+TEST_F(ValuesTest, WhatWouldNotComeBackIsRefused) {
   const auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
   rows->AddNew();
   rows->set("Amount", money("900000000000000.0001"));
   expectStatementError([&] { rows->Update(); }, "900000000000000.0001");
+  rows->set("Amount", std::numeric_limits<double>::quiet_NaN());
+  expectStatementError([&] { rows->Update(); }, "undefined");
   EXPECT_EQ(text("SELECT COUNT(*) FROM Pay"), "0");
 }
 
