@@ -17,6 +17,7 @@ struct Employee {
   std::optional<Date> signDate;
   std::optional<Date> resignDate;  // the last day employed
   std::optional<Currency> salary;
+  Currency custom;  // kept beside the salary in the position history
   bool skipSlip = false;
 
   bool socialInsured = false;

@@ -30,6 +30,7 @@ struct ItemKind {
 namespace kind {
 inline constexpr std::string_view kSalary = "SALARY";
 inline constexpr std::string_view kBonus = "BONUS";
+inline constexpr std::string_view kTip = "TIP";
 inline constexpr std::string_view kSocialSecurity = "STAX";
 inline constexpr std::string_view kSocialSecurityEmployer = "STAXCO";
 inline constexpr std::string_view kFund = "SFUND";

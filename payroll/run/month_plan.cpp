@@ -111,6 +111,15 @@ void takeInput(const RunRequest& request, RunServices& services, RunListener& li
   }
 }
 
+/// Nobody's pay depends on a status: what keeps them from being brought up to date is told, and the
+/// month is paid all the same.
+void updateStatuses(RunServices& services, RunListener& listener) {
+  services.messageShown();
+  services.hr.UpdateEmployeeStatus(services.dataObj);
+  if (!services.messageShown()) return;
+  listener.note("the statuses of the employees could not be brought up to date");
+}
+
 void generatePeriods(const MonthPlan& plan, RunServices& services) {
   constexpr bool kAllTypes = false;
   services.messageShown();
@@ -172,6 +181,7 @@ MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListene
   refuseClashes(plan, before);
   setPeriods(plan, before);
   takeInput(request, services, listener, plan);
+  updateStatuses(services, listener);
   generatePeriods(plan, services);
   requireGenerated(plan, company.slipPeriods(request.month.days()));
   return plan;

@@ -22,6 +22,7 @@ struct Page {
   std::vector<Employee> employees;
   std::map<std::string, std::vector<KnownSlip>> slips;
   std::map<std::string, PaySums> yearBefore;
+  std::map<std::string, double> latestSalaries;
 };
 
 class MonthRun {
@@ -30,8 +31,9 @@ class MonthRun {
       : plan_(plan),
         services_(services),
         listener_(listener),
-        maker_(services),
-        writer_(services, listener, outcome_) {}
+        attendance_(services),
+        maker_(services, attendance_),
+        writer_(services, attendance_, listener, outcome_) {}
 
   RunOutcome run() {
     noteUntypedEmployees();
@@ -52,7 +54,7 @@ class MonthRun {
   void pay(const SlipPeriod& period) {
     EmployeeQuery query{period.type, period.salary, "", kEmployeesAtOnce};
     for (;;) {
-      Page page{period, services_.company.employees(query), {}, {}};
+      Page page{period, services_.company.employees(query), {}, {}, {}};
       if (page.employees.empty()) return;
       query.afterCode = page.employees.back().code;
       done_ += static_cast<int>(page.employees.size());
@@ -73,7 +75,10 @@ class MonthRun {
     }
     const bool closes = std::any_of(page.employees.begin(), page.employees.end(),
                                     [&](const Employee& e) { return isLast(e, page); });
-    if (closes) page.yearBefore = services_.company.balances(codes, earlierInYear());
+    if (closes) {
+      page.yearBefore = services_.company.balances(codes, earlierInYear());
+      page.latestSalaries = services_.company.latestSalaries(codes);
+    }
     std::vector<SlipChange> changes;
     for (const Employee& employee : page.employees) {
       try {
@@ -103,11 +108,23 @@ class MonthRun {
         if (plan_.month.days().contains(known.payDate)) restOfMonth += known.sums;
       }
     }
+    // The length of a run of active periods must not count a slip that is about to go.
+    if (attendance_.counts(employee.type) && !change.removals.empty()) {
+      if (!writer_.write({{std::nullopt, change.removals}})) {
+        throw NotPayable("a slip that is no longer due stands in the way");
+      }
+      change.removals.clear();
+    }
+    const bool last = isLast(employee, page);
     const MonthClosing closing{page.yearBefore[employee.code], restOfMonth, leaves(employee)};
     change.slip = maker_.make({employee, plan_.type(employee.type), page.period,
                                plan_.input.of(employee.code, page.period.payDate),
-                               isLast(employee, page) ? &closing : nullptr});
+                               last ? &closing : nullptr});
     change.slip->number = number.empty() ? nextNumber(page.period.payDate) : number;
+    if (last) {
+      change.history = HistoryChange{employee, historyStep(employee, page.latestSalaries),
+                                     plan_.month.firstDay()};
+    }
     return change;
   }
 
@@ -209,6 +226,7 @@ class MonthRun {
   RunServices& services_;
   RunListener& listener_;
   RunOutcome outcome_;
+  Attendance attendance_;
   SlipMaker maker_;
   SlipGroupWriter writer_;
   std::map<std::int32_t, int> lastSequence_;

@@ -37,11 +37,12 @@ class RunStopped : public std::runtime_error {
   std::vector<std::string> reasons_;
 };
 
-/// Pays a month: brings the slip periods up to date, makes and posts the slip of every employee who
-/// is due one, and takes away slips of the month that are not due any more. Frozen periods stay as
-/// they are. Running it again gives the same slips and balances. The data object's connection is
-/// opened and closed; slips are written some tens at a time, and one by one where that fails.
-/// RunStopped before anything is written; an Error where the database cannot be worked with at all.
+/// Pays a month: brings employee statuses and slip periods up to date, makes and posts the slip of
+/// every employee who is due one, and takes away slips of the month that are not due any more.
+/// Frozen periods stay as they are. Running it again gives the same slips and balances. The data
+/// object's connection is opened and closed; slips are written some tens at a time, and one by one
+/// where that fails. RunStopped before anything is written; an Error where the database cannot be
+/// worked with at all.
 RunOutcome runMonth(const RunRequest& request, RunServices& services, RunListener& listener);
 
 }  // namespace kt7::payroll

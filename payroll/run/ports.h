@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,11 @@ class Company {
   /// What the balances of those pay dates add up to, by employee.
   virtual std::map<std::string, PaySums> balances(const std::vector<std::string>& employees,
                                                   const DaySpan& payDates) = 0;
+  /// The types that have rates of an attendance allowance.
+  virtual std::set<std::string> typesWithAllowance() = 0;
+  /// The salary of the latest row of each employee's position history; none for those without one.
+  virtual std::map<std::string, double> latestSalaries(
+      const std::vector<std::string>& employees) = 0;
   /// The greatest slip number of the pay date in the run's own form, "" for none.
   virtual std::string lastSlipNumber(Date payDate) = 0;
 };

@@ -18,6 +18,9 @@ struct SlipItem {
   Currency amount;
 };
 
+/// The attendance verdict of a period; none where the type knows no allowance.
+enum class Verdict { None, Inactive, Active };
+
 /// The pay of one employee on one pay date.
 struct Slip {
   std::string number;
@@ -28,6 +31,7 @@ struct Slip {
   int periodNumber = 0;
   DaySpan span;
   double payDays = 0;
+  Verdict attendance = Verdict::None;
   std::vector<SlipItem> items;
 
   void add(std::string_view kind, Counts counts, Currency amount, double quantity = 0);

@@ -15,24 +15,29 @@ std::string causeOf(const Error& error) {
          error.what();
 }
 
-void SlipGroupWriter::write(const std::vector<SlipChange>& changes) {
-  if (changes.empty()) return;
+bool SlipGroupWriter::write(const std::vector<SlipChange>& changes) {
+  if (changes.empty()) return true;
   const Group all(changes);
   const auto problem = writeTogether(all);
   if (!problem) {
     tell(all);
-  } else if (changes.size() == 1) {
+    return true;
+  }
+  if (changes.size() == 1) {
     tellFailure(changes.front(), *problem);
-  } else {
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-      const auto ownProblem = writeTogether(all.subspan(i, 1));
-      if (ownProblem) {
-        tellFailure(changes[i], *ownProblem);
-      } else {
-        tell(all.subspan(i, 1));
-      }
+    return false;
+  }
+  bool allHold = true;
+  for (std::size_t i = 0; i < changes.size(); ++i) {
+    const auto ownProblem = writeTogether(all.subspan(i, 1));
+    if (ownProblem) {
+      tellFailure(changes[i], *ownProblem);
+      allHold = false;
+    } else {
+      tell(all.subspan(i, 1));
     }
   }
+  return allHold;
 }
 
 void SlipGroupWriter::failed(const std::string& employee, Date payDate, const std::string& cause) {
@@ -56,11 +61,19 @@ std::optional<std::string> SlipGroupWriter::writeTogether(Group group) {
 }
 
 void SlipGroupWriter::writeOne(const SlipChange& change) {
-  for (const KnownSlip& slip : change.removals) services_.book.remove(slip);
+  for (const KnownSlip& slip : change.removals) {
+    services_.book.remove(slip);
+    attendance_.withdraw(slip);
+  }
   if (!change.slip) return;
   services_.book.save(*change.slip);
   services_.hr.SumAmass2TR(change.slip->employee, kCheckGroup, "", change.slip->number,
                            services_.dataObj, kPosted);
+  attendance_.record(*change.slip);
+  if (change.history) {
+    const HistoryChange& history = *change.history;
+    writeHistory(history.step, history.employee, history.from, services_);
+  }
 }
 
 void SlipGroupWriter::tell(Group group) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "payroll/run/attendance.h"
 #include "payroll/run/pay_run.h"
+#include "payroll/run/salary_history.h"
 
 namespace kt7 {
 class Error;
@@ -8,10 +10,19 @@ class Error;
 
 namespace kt7::payroll {
 
-/// What changes for one employee: slips that go and the one that comes. Both happen or neither.
+/// A step of the position history, from that day on.
+struct HistoryChange {
+  Employee employee;
+  HistoryStep step;
+  Date from;
+};
+
+/// What changes for one employee: slips that go, the one that comes, and the position history. All
+/// of it happens or nothing.
 struct SlipChange {
   std::optional<Slip> slip;
   std::vector<KnownSlip> removals;
+  std::optional<HistoryChange> history = {};
 };
 
 /// Kind and text of an error, for people.
@@ -21,11 +32,12 @@ std::string causeOf(const Error& error);
 /// that one employee's failure is that employee's alone. Tells the listener what holds, and counts.
 class SlipGroupWriter {
  public:
-  SlipGroupWriter(RunServices& services, RunListener& listener, RunOutcome& outcome)
-      : services_(services), listener_(listener), outcome_(outcome) {}
+  SlipGroupWriter(RunServices& services, Attendance& attendance, RunListener& listener,
+                  RunOutcome& outcome)
+      : services_(services), attendance_(attendance), listener_(listener), outcome_(outcome) {}
 
-  /// A unit that cannot even begin is the error of the whole run.
-  void write(const std::vector<SlipChange>& changes);
+  /// Whether all of it now holds. A unit that cannot even begin is the error of the whole run.
+  bool write(const std::vector<SlipChange>& changes);
   void failed(const std::string& employee, Date payDate, const std::string& cause);
 
  private:
@@ -38,6 +50,7 @@ class SlipGroupWriter {
   void tellFailure(const SlipChange& change, const std::string& cause);
 
   RunServices& services_;
+  Attendance& attendance_;
   RunListener& listener_;
   RunOutcome& outcome_;
 };

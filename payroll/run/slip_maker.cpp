@@ -21,8 +21,8 @@ void requireRecords(const Employee& employee) {
 
 }  // namespace
 
-SlipMaker::SlipMaker(RunServices& services)
-    : services_(services), calendar_(services.hr, services.dataObj) {
+SlipMaker::SlipMaker(RunServices& services, Attendance& attendance)
+    : services_(services), attendance_(attendance), calendar_(services.hr, services.dataObj) {
   const auto setting = [&](const char* key) {
     return services.settings.GetNumberSetting(key, services.dataObj.ConnectionString());
   };
@@ -43,6 +43,7 @@ Slip SlipMaker::make(const SlipOrder& order) {
   slip.span = order.period.salary;
   addSalary(order, slip);
   addInput(order, slip);
+  attendance_.addAllowance(order.input, slip);
   if (order.closing != nullptr) closeMonth(order, slip);
   return slip;
 }

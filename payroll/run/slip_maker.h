@@ -3,6 +3,7 @@
 #include <span>
 #include <stdexcept>
 
+#include "payroll/run/attendance.h"
 #include "payroll/run/ports.h"
 #include "payroll/run/wages.h"
 #include "payroll/run/work_calendar.h"
@@ -34,7 +35,7 @@ class NotPayable : public std::runtime_error {
 /// Makes slips by the published operations. Reads the social security rates once.
 class SlipMaker {
  public:
-  explicit SlipMaker(RunServices& services);
+  SlipMaker(RunServices& services, Attendance& attendance);
 
   /// The slip without its number. NotPayable where the employee's records do not suffice; the
   /// errors of the operations are passed on.
@@ -51,6 +52,7 @@ class SlipMaker {
   Currency percentOf(double base, double percent);
 
   RunServices& services_;
+  Attendance& attendance_;
   WorkCalendar calendar_;
   double selfRate_;      // percent
   double employerRate_;  // percent

@@ -147,6 +147,26 @@ std::map<std::string, PaySums> CompanyStore::balances(const std::vector<std::str
   return sums;
 }
 
+std::set<std::string> CompanyStore::typesWithAllowance() {
+  std::set<std::string> types;
+  auto rows = records_.open("SELECT DISTINCT TETRTEmTCode FROM KT7TEmpTipRate");
+  for (; !rows->Eof(); rows->MoveNext()) types.insert(textIn(*rows, "TETRTEmTCode"));
+  return types;
+}
+
+std::map<std::string, double> CompanyStore::latestSalaries(
+    const std::vector<std::string>& employees) {
+  std::map<std::string, double> salaries;
+  if (employees.empty()) return salaries;
+  auto rows = records_.open(
+      "SELECT TEHPTEmpCode, TEHPSalary FROM KT7TEmpHisPosition WHERE TEHPTEmpCode IN " +
+      records_.listOf(employees) + " ORDER BY TEHPTEmpCode, TEHPStartDate, TEHPLn");
+  for (; !rows->Eof(); rows->MoveNext()) {
+    salaries[textIn(*rows, "TEHPTEmpCode")] = numberIn(*rows, "TEHPSalary");
+  }
+  return salaries;
+}
+
 std::string CompanyStore::lastSlipNumber(Date payDate) {
   const std::string lowest = slipNumber(payDate, 0);
   const std::string highest = slipNumber(payDate, kHighestSequence);

@@ -23,6 +23,8 @@ class CompanyStore : public Company {
   bool hasSlips(const DaySpan& payDates) override;
   std::map<std::string, PaySums> balances(const std::vector<std::string>& employees,
                                           const DaySpan& payDates) override;
+  std::set<std::string> typesWithAllowance() override;
+  std::map<std::string, double> latestSalaries(const std::vector<std::string>& employees) override;
   std::string lastSlipNumber(Date payDate) override;
 
  private:

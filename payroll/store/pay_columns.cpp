@@ -16,6 +16,14 @@ std::string fullName(ado::Recordset& row) {
   return last.empty() ? first : first + " " + last;
 }
 
+/// Empty where a host entered no days.
+DaySpan spanIn(ado::Recordset& row, std::string_view first, std::string_view last) {
+  const Value from = row.get(first);
+  const Value to = row.get(last);
+  if (from.isNull() || to.isNull()) return {Date().plusDays(1), Date()};
+  return {from.toDate().datePart(), to.toDate().datePart()};
+}
+
 }  // namespace
 
 TypeRow typeIn(ado::Recordset& row) {
@@ -40,7 +48,7 @@ SlipPeriod periodIn(ado::Recordset& row) {
   period.type = textIn(row, "TSaPTEmTCode");
   period.number = wholeIn(row, "TSAPPeriodNo");
   period.payDate = row.get("TSAPDate").toDate();
-  period.salary = {row.get("TSAPStartDate").toDate(), row.get("TSAPEndDate").toDate()};
+  period.salary = spanIn(row, "TSAPStartDate", "TSAPEndDate");
   const auto status = smallIn(row, "TSAPStatus");
   period.frozen = status.has_value() && *status == 0;
   period.hasSlips = wholeIn(row, "SlipCount") > 0;
@@ -57,6 +65,7 @@ Employee employeeIn(ado::Recordset& row, const Records& records) {
   employee.resignDate = records.enteredDate(row.get("TEmpResignDate"));
   const Value salary = row.get("TEmpSalary");
   if (!salary.isNull()) employee.salary = salary.toCurrency();
+  employee.custom = moneyIn(row, "TEmpCustom");
   employee.skipSlip = wholeIn(row, "TEm2SkipSlip") != 0;
   employee.socialInsured = wholeIn(row, "TEm2SocialInsured") != 0;
   employee.fundMember = wholeIn(row, "TEm2FundMember") != 0;
@@ -90,7 +99,7 @@ KnownSlip slipIn(ado::Recordset& row) {
   slip.employee = textIn(row, "TEpSTEmpCode");
   slip.type = textIn(row, "TEPSTEmTCode");
   slip.payDate = row.get("TEpsTSaPDate").toDate();
-  slip.span = {row.get("TEpsStartDate").toDate(), row.get("TEpsEndDate").toDate()};
+  slip.span = spanIn(row, "TEpsStartDate", "TEpsEndDate");
   slip.sums = balanceSumsIn(row);
   slip.sums.socialSecurityEmployer = moneyIn(row, "EmployerSTAX");
   slip.sums.fundEmployer = moneyIn(row, "EmployerSFUND");

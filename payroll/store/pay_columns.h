@@ -11,7 +11,8 @@ inline constexpr const char* kEmployeeTables =
 
 inline constexpr const char* kEmployeeColumns =
     "TEmpCode, TEmpPrefix, TEmpFirstName, TEmpLastName, TEmpTEmTCode, TEmpTBraCode, TEmpSignDate, "
-    "TEmpResignDate, TEmpSalary, TEm2SkipSlip, TEm2SocialInsured, TEm2FundMember, TEm2FundRate, "
+    "TEmpResignDate, TEmpSalary, TEmpCustom, TEm2SkipSlip, TEm2SocialInsured, TEm2FundMember, "
+    "TEm2FundRate, "
     "TEm2FundSignDate, TEm2SpouseNoIncome, TEm2Children, TEm2ChildrenSecondSince2018, TEm2Parents, "
     "TEm2LifeInsurance, TEm2HomeInterest, TEm2CutWaive, TEm2CutStudySup";
 

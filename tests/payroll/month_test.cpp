@@ -222,6 +222,7 @@ TEST_F(Month2026, OneFailureIsNobodyElses) {
   ASSERT_EQ(told.failures.size(), 2u);
   EXPECT_EQ(told.failures[0], "E0005: no salary");
   EXPECT_EQ(told.failures[1].find("E'7: database error -2147217900"), 0u) << told.failures[1];
+  EXPECT_TRUE(told.noted("statuses of the employees could not"));
   EXPECT_EQ(told.outcome.failed, 2);
   EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEPSTEmTCode='M1'"), 14);
   EXPECT_EQ(count("KT7TEmpSlipItem WHERE TSmbTEPSNo NOT IN (SELECT TEPSNo FROM KT7TEmpSlipDoc)"),

@@ -18,6 +18,8 @@ struct RpcOptions {
 int serve(const RpcOptions& given, Console& console) {
   SessionOptions options = sessionOptions(given.database, given.workplace, console);
   options.trace = given.trace;
+  // No person sits at this end: a picker that nobody answers for has chosen nothing.
+  if (!options.pick) options.pick.emplace();
   Session session(options);
   RpcMessages messages(session);
   for (std::string line; console.out && std::getline(console.in, line);) {
