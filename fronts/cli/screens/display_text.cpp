@@ -114,7 +114,7 @@ std::vector<std::string> wrapped(std::string_view text, int width) {
 }
 
 std::string searchForm(std::string_view text) {
-  const std::string clean = oneLine(text);
+  std::string clean = oneLine(text);
   const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
   if (std::all_of(clean.begin(), clean.end(), isAscii)) return lowerCase(clean);
   constexpr auto kOptions = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE |
