@@ -77,7 +77,6 @@ ResultShape::ResultShape(std::vector<Column> columns) : columns_(std::move(colum
   while (slots < columns_.size() * 2) slots *= 2;
   slots_.assign(slots, -1);
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (find(columns_[i].name) >= 0) continue;
     std::size_t slot = nameHash(columns_[i].name) & (slots - 1);
     while (slots_[slot] >= 0) slot = (slot + 1) & (slots - 1);
     slots_[slot] = static_cast<std::int16_t>(i);

@@ -28,7 +28,7 @@ constexpr Keyword kRegionWords[] = {
 
 constexpr std::string_view kStatements[] = {"SELECT", "INSERT", "UPDATE", "DELETE"};
 constexpr std::string_view kComparisons[] = {"=", "==", "<>", "!=", "<", ">", "<=", ">="};
-constexpr std::string_view kWordsBeforeValues[] = {"IN", "LIKE", "BETWEEN", "AND"};
+constexpr std::string_view kWordsBeforeValues[] = {"LIKE", "BETWEEN", "AND"};
 
 // Beyond it a list of values is longer than is worth a statement of its own.
 constexpr std::size_t kMostLiterals = 200;

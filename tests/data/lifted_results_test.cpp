@@ -93,6 +93,8 @@ TEST_F(LiftedResultsTest, AnswerAsTheTextStands) {
       "SELECT Code FROM Pay WHERE Code='a' 'b'",
       "SELECT Code FROM Pay WHERE Code='a' y'",
       "SELECT Code FROM Pay WHERE (Code='a'",
+      "SELECT Code FROM Pay WHERE Code IN 'Nothing'",
+      "SELECT Code FROM Pay WHERE CAST(Code AS VARCHAR('x'))='a'",
   };
   for (const char* const sql : cases) {
     const Rows expected = plainly(sql);

@@ -45,6 +45,8 @@ TEST_F(RecordsetTest, WorksOnAConnectionOfItsOwn) {
   rows->Open("SELECT Number FROM Pay WHERE Code='b'", connectionString(), ado::kStatic,
              ado::kReadOnly);
   EXPECT_EQ(rows->get("Number").toInt32(), 20);
+  rows->MoveNext();
+  EXPECT_TRUE(rows->Eof());
 }
 
 TEST_F(RecordsetTest, UpdateWritesOnlyWhatWasAssigned) {
