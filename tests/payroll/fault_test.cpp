@@ -1,0 +1,104 @@
+// Steps of a pay run fail, before and after they took effect. Nobody is paid twice, what was told
+// as paid is paid, and the next run puts everything right.
+#include <set>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/trace/fault_injector.h"
+#include "host/trace/traced_data_obj.h"
+#include "host/trace/traced_platform.h"
+#include "paid_company.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+using trace::FaultInjector;
+
+class FaultyRun : public PaidCompany {
+ protected:
+  FaultyRun() {
+    pay(1, {}, "H1");
+    sql("UPDATE KT7TEmployeeType SET TEMTPaymentPeriod1=12 WHERE TEmTCode='H1'");
+    OwnConnection connection(platform_, database_.connectionString());
+    OpenRecordset checkpoint(platform_, "PRAGMA wal_checkpoint(TRUNCATE)", *connection);
+    checkpoint.close();
+    connection.close();
+    std::filesystem::copy_file(database_.file(), prepared());
+  }
+
+  std::filesystem::path prepared() const { return database_.file().parent_path() / "prepared.db"; }
+
+  /// A run on a copy of the prepared company; answers whether the step was reached.
+  bool run(int step, FaultInjector::When when, Told& told) {
+    std::filesystem::copy_file(prepared(), copy_.emplace().file());
+    FaultInjector faults;
+    trace::TracedPlatform platform(platform_, faults);
+    host::HostDataObj inner(copy_->connectionString());
+    trace::TracedDataObj dataObj(inner, faults);
+    platform_.setNow(Month(2026, 1).lastDay());
+    faults.failAt(step, when);
+    try {
+      told.outcome = payMonth(platform, dataObj, {Month(2026, 1), "H1", {}}, told);
+    } catch (const RunStopped& stopped) {
+      told.reasons = stopped.reasons();
+    } catch (const Error& error) {
+      told.reasons = {error.what()};
+    }
+    return faults.failed();
+  }
+
+  std::vector<std::string> slips() {
+    OwnConnection connection(platform_, copy_->connectionString());
+    OpenRecordset rows(platform_,
+                       "SELECT TEpSTEmpCode||' '||TEpsTSaPDate||' '||TEPSNetTotal||' '||"
+                       "COALESCE(TEATNetTotal,'unposted')||' '||(SELECT SUM(TSmbDebit) FROM "
+                       "KT7TEmpSlipItem WHERE TSmbTEPSNo=TEPSNo) AS line FROM KT7TEmpSlipDoc LEFT "
+                       "JOIN KT7TEmpAmassType ON TEATTEmpCode=TEpSTEmpCode AND "
+                       "TEATPaymentDate=TEpsTSaPDate ORDER BY TEpSTEmpCode",
+                       *connection);
+    std::vector<std::string> result;
+    for (; !rows->Eof(); rows->MoveNext()) result.push_back(rows->get("line").joinedText());
+    return result;
+  }
+
+  std::optional<test::TemporaryDatabase> copy_;
+};
+
+TEST_F(FaultyRun, PaysNobodyTwiceAndTellsTheTruth) {
+  constexpr int kStride = 7;
+  Told clean;
+  ASSERT_FALSE(run(0, FaultInjector::When::Before, clean));
+  const auto expected = slips();
+  ASSERT_EQ(expected.size(), 4u);
+
+  auto when = FaultInjector::When::Before;
+  for (int step = 1;; step += kStride) {
+    when = when == FaultInjector::When::Before ? FaultInjector::When::After
+                                               : FaultInjector::When::Before;
+    Told told;
+    if (!run(step, when, told)) {
+      EXPECT_GT(step, 100);
+      break;
+    }
+    SCOPED_TRACE("step " + std::to_string(step));
+    std::set<std::string> paid;
+    for (const std::string& line : slips()) {
+      const auto words = split(line, ' ');
+      EXPECT_TRUE(paid.insert(words[0]).second) << line;
+      EXPECT_EQ(words[2], words[3]) << line;
+    }
+    for (const Slip& slip : told.slips) EXPECT_EQ(paid.count(slip.employee), 1u);
+    const bool allTold = told.reasons.empty() && told.outcome.failed == 0;
+    if (allTold) EXPECT_EQ(slips(), expected);
+
+    host::HostDataObj dataObj(copy_->connectionString());
+    Told again;
+    payMonth(platform_, dataObj, {Month(2026, 1), "H1", {}}, again);
+    EXPECT_EQ(slips(), expected);
+  }
+}
+
+}  // namespace
+
+}  // namespace kt7::payroll
