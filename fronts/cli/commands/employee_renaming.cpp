@@ -41,6 +41,7 @@ std::string listOf(const std::vector<CodeRows>& counts) {
 
 std::vector<CodePlace> codePlaces() {
   std::vector<CodePlace> places;
+  places.reserve(schema::kEmployeeCodeColumns.size());
   for (const schema::EmployeeCodeColumn& each : schema::kEmployeeCodeColumns) {
     places.push_back({std::string(each.table), std::string(each.column), true});
   }
@@ -83,8 +84,9 @@ void renameEmployee(_HRObject& hr, host::HostDataObj& dataObj, const std::string
     hr.RenameEmployeeCodeTR(dataObj, from, newCode);
     for (const CodePlace& place : codePlaces()) {
       if (place.byOperation) continue;
-      dataObj.ExecuteSql("UPDATE " + place.table + " SET " + place.column + "='" + to + "' WHERE " +
-                         place.column + "='" + from + "'");
+      std::string sql = "UPDATE " + place.table + " SET ";
+      sql.append(place.column).append("='").append(to).append("' WHERE ");
+      dataObj.ExecuteSql(sql.append(place.column).append("='").append(from).append("'"));
     }
     dataObj.CommitTransaction();
   } catch (...) {
