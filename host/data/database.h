@@ -14,6 +14,8 @@ std::unique_ptr<ado::Connection> createConnection();
 std::unique_ptr<ado::Recordset> createRecordset();
 
 /// First column of the first row of a SELECT whose "?" are bound to the texts; null without a row.
+/// The text should be the same every time: it is prepared once. A database error on a connection
+/// that was not made here.
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters);
 
