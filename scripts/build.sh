@@ -22,10 +22,13 @@ build() {
   fi
 }
 
-# run_tests PRESET [CTEST OPTION...]: failures with their output and ctest's closing lines
+# run_tests PRESET [CTEST OPTION...]: failures with their output, ctest's closing lines and the counts
 run_tests() {
-  local preset=$1
+  local preset=$1 log=build-$1/test.log status=0
   shift
-  ctest --preset "$preset" --output-on-failure --no-tests=error "$@" </dev/null |
-    grep -Ev '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed |^Test project |^$'
+  ctest --preset "$preset" --output-on-failure --no-tests=error "$@" </dev/null | tee "$log" |
+    grep -Ev '^ +Start +[0-9]+: |^ *[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed |^Test project |^$' ||
+    status=$?
+  sed -nE 's/.*, ([0-9]+) tests failed out of ([0-9]+)$/\2 tests, \1 failed/p' "$log"
+  return "$status"
 }
