@@ -99,6 +99,7 @@ class MonthRun {
     for (const KnownSlip& known : page.slips[employee.code]) {
       const bool samePayDate =
           known.type == page.period.type && known.payDate == page.period.payDate;
+      if (samePayDate) requireOwn(known);
       if (samePayDate && number.empty()) {
         number = known.number;
       } else if (samePayDate || isUndue(known, employee)) {
@@ -128,6 +129,15 @@ class MonthRun {
     return change;
   }
 
+  /// The run writes over its own slips and takes them away, never those of another program.
+  static bool isOwn(const KnownSlip& slip) { return slipSequence(slip.number, slip.payDate) > 0; }
+
+  static void requireOwn(const KnownSlip& slip) {
+    if (!isOwn(slip)) {
+      throw NotPayable("slip " + slip.number + " of another program stands on that pay date");
+    }
+  }
+
   static void refuseSecondPay(const KnownSlip& known, const SlipPeriod& period) {
     if (!known.span.overlaps(period.salary)) return;
     throw NotPayable(common(known.span, period.salary).text() + " was paid already on " +
@@ -137,7 +147,7 @@ class MonthRun {
   /// Whether a slip of the month stands for a period that does not pay the employee any more.
   bool isUndue(const KnownSlip& slip, const Employee& owner) const {
     if (!plan_.month.days().contains(slip.payDate)) return false;
-    if (plan_.isFrozen(slip.type, slip.payDate)) return false;
+    if (!isOwn(slip) || plan_.isFrozen(slip.type, slip.payDate)) return false;
     const SlipPeriod* period = plan_.period(slip.type, slip.payDate);
     return period == nullptr || !isDue(owner, *period);
   }
@@ -191,7 +201,9 @@ class MonthRun {
       if (slips.empty()) return;
       query.afterNumber = slips.back().number;
       std::vector<SlipChange> changes;
-      for (const KnownSlip& slip : slips) changes.push_back({std::nullopt, {slip}});
+      for (const KnownSlip& slip : slips) {
+        if (isOwn(slip)) changes.push_back({std::nullopt, {slip}});
+      }
       writer_.write(changes);
     }
   }

@@ -253,6 +253,19 @@ TEST_F(Month2026, SlipOfAnotherRunIsNotPaidBeside) {
             std::vector<std::string>{"20260131-0000001"});
 }
 
+TEST_F(Month2026, SlipsOfOtherProgramsAreLeftAlone) {
+  sql("INSERT INTO KT7TEmpSlipDoc (TEPSNo, TEpSTEmpCode, TEPSTEmTCode, TEPSCheckGroup, "
+      "TEpsTSaPDate, TEPSNetTotal) VALUES ('X1', 'E0001', 'M1', 1, '2026-01-31', 5), "
+      "('X2', 'E0002', 'M1', 1, '2026-01-20', 7)");
+  const Told told = pay(1);
+  ASSERT_EQ(told.failures.size(), 1u);
+  EXPECT_EQ(told.failures[0], "E0001: slip X1 of another program stands on that pay date");
+  EXPECT_EQ(told.slipsOf("E0002"), 1);
+  EXPECT_EQ(lines("SELECT TEPSNetTotal AS line FROM KT7TEmpSlipDoc WHERE TEPSNo LIKE 'X%' ORDER BY "
+                  "TEPSNo"),
+            (std::vector<std::string>{"5", "7"}));
+}
+
 TEST_F(Month2026, DaysAreNotPaidAgainUnderAnotherType) {
   pay(1);
   // Daily pay in February begins with 21 January, which the January salary has paid.
