@@ -2,6 +2,8 @@
 
 #include <exception>
 
+#include "base/error.h"
+
 namespace kt7 {
 
 namespace {
@@ -9,6 +11,16 @@ namespace {
 constexpr const char* kCannotSaveNow =
     "ไม่สามารถบันทึกข้อมูลได้ในขณะนี้ โปรดจดจำ หรือบันทึกข้อความต่อไปนี้ หรือ Print Screen "
     "เพื่อแจ้งให้กับผู้ดูแลระบบ - ";
+
+/// Where there is nothing to roll back that is the error, with what led to it for people to read.
+void rollBack(ado::Connection& connection, const std::string& cause) {
+  try {
+    connection.RollbackTrans();
+  } catch (const Error& error) {
+    throw Error(error.kind(), error.number(), std::string(error.what()) + " (" + cause + ")",
+                error.cause());
+  }
+}
 
 }  // namespace
 
@@ -23,7 +35,7 @@ void inOwnTransaction(Platform& platform, DataObj& dataObj,
     connection->CommitTrans();
     connection->Close();
   } catch (const std::exception& error) {
-    connection->RollbackTrans();
+    rollBack(*connection, error.what());
     connection->Close();
     platform.showMessage(kCannotSaveNow + std::string(error.what()));
   }

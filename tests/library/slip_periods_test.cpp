@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "base/error.h"
 #include "support/company.h"
 #include "support/raises.h"
 
@@ -122,6 +123,18 @@ TEST(SlipPeriods, AConnectionThatCannotOpenReachesTheCaller) {
   EXPECT_EQ(test::raised([&] { company.hr().UpdatePeriodStatus(company.data(), false); }),
             "database");
   EXPECT_TRUE(company.messages().empty());
+}
+
+TEST(SlipPeriods, ALockThatTheCallerHoldsIsNamedAsTheCause) {
+  Company company;
+  company.hostData().BeginTransaction();
+  company.data().ExecuteSql("UPDATE KT7TEmployee SET TEmpNo = '1'");
+  try {
+    company.hr().UpdatePeriodStatus(company.data(), false);
+    FAIL() << "the caller's own lock stands in the way";
+  } catch (const Error& error) {
+    EXPECT_NE(std::string(error.what()).find("lock"), std::string::npos) << error.what();
+  }
 }
 
 TEST(PeriodPosition, AnswersOneOrZero) {
