@@ -7,10 +7,10 @@ int16_t HRObject::RenameEmployeeCodeTR(DataObj& dataObj, const std::string& From
                                        std::string& ToCode) {
   constexpr int16_t kAllRan = 1;
   for (const schema::EmployeeCodeColumn& owner : schema::kEmployeeCodeColumns) {
-    const std::string column(owner.column);
-    dataObj.ExecuteSqlEx("UPDATE " + std::string(owner.table) + " SET " + column + "='" + ToCode +
-                             "' WHERE " + column + "='" + FromCode + "'",
-                         true);
+    std::string sql = "UPDATE ";
+    sql.append(owner.table).append(" SET ").append(owner.column).append("='").append(ToCode);
+    sql.append("' WHERE ").append(owner.column).append("='").append(FromCode).append("'");
+    dataObj.ExecuteSqlEx(sql, true);
   }
   return kAllRan;
 }

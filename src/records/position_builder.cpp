@@ -15,7 +15,7 @@ constexpr std::size_t kPositionCodeCharacters = 30;
 std::string HRObject::BUILTPOSITION2TR(DataObj& dataObj, const std::string& PositionCode) {
   const records::OrganisationText text =
       records::parseOrganisationText(PositionCode.empty() ? "00" : PositionCode);
-  const std::string code = firstCharacters(text.code, kPositionCodeCharacters);
+  std::string code = firstCharacters(text.code, kPositionCodeCharacters);
   if (!dataTool().RecordExists("TPSTCode", 0, code, "KT7TPosition", dataObj.Connection(),
                                "TPSTCode", "", true)) {
     OpenRecordset position(platform_, "SELECT * FROM KT7TPosition WHERE TPSTCode='" + code + "'",
