@@ -16,7 +16,8 @@ build() {
   log=$folder/build.log
   if ! { cmake --preset "$preset" "$@" && cmake --build --preset "$preset" --target "$target"; } \
     >"$log" 2>&1 </dev/null; then
-    grep -E -A 12 'error|FAILED|CMake Error' "$log" | head -n 60 >&2 || true
+    { grep -E -A 12 'error:|^FAILED|^CMake Error|undefined reference' "$log" || tail -n 5 "$log"; } |
+      head -n 60 >&2 || true
     say "The build failed; all of its output is in $log" >&2
     return 1
   fi
