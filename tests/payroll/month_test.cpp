@@ -84,7 +84,8 @@ TEST_F(Month2026, JanuaryIsPaidByTheRules) {
                             input("E0014", "2026-01-15", "ABSENCE", "1", ""),
                             input("E0016", "2026-01-20", "OT15", "2.5", ""),
                             input("E0016", "2026-01-20", "OT2", "8", ""),
-                            input("E0031", "2026-01-10", "HOURS", "90", "")});
+                            input("E0031", "2026-01-10", "HOURS", "90", ""),
+                            input("E0031", "2026-01-10", "BONUS", "", "1000")});
   EXPECT_TRUE(told.failures.empty() && told.reasons.empty());
   EXPECT_EQ(told.slipsOf("E0008"), 0);  // comes in April
   EXPECT_EQ(told.slipsOf("E0019"), 1);  // came after the first half's days
@@ -100,7 +101,7 @@ TEST_F(Month2026, JanuaryIsPaidByTheRules) {
            {"E0006", "31", "31500.5", "31500.5", "875", "630.01", "1260.02"},
            {"E0014", "16", "8750", "8750", "845.83", "0", "0"},    // 16,916.67 in the month
            {"E0016", "13", "5200", "6187.5", "569.38", "0", "0"},  // 11,387.50 in the month
-           {"E0031", "11.25", "5400", "5400", "270", "0", "0"},
+           {"E0031", "11.25", "5400", "6400", "270", "0", "0"},
            {"E0034", "31", "33000", "33000", "875", "990", "1650"}}) {
     const RegisterAmounts amounts = told.amounts(row.employee);
     EXPECT_EQ(told.slip(row.employee).payDays, std::stod(row.payDays)) << row.employee;
@@ -152,6 +153,7 @@ TEST_F(Month2026, FrozenPeriodStaysAndCountsInTheMonth) {
   sql("UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0 WHERE TSaPTEmTCode='M2' AND "
       "TSAPDate='2026-01-15'");
   sql("UPDATE KT7TEmployee SET TEmpSalary=35000 WHERE TEmpCode='E0011'");
+  sql("UPDATE KT7TEmployee SET TEmpTEmTCode='M1' WHERE TEmpCode='E0012'");
   const Told second = pay(1, {input("E0011", "2026-01-15", "BONUS", "", "5000")});
   EXPECT_TRUE(second.noted("M2 on 2026-01-15 is frozen"));
   EXPECT_EQ(second.slipsOf("E0011"), 1);
@@ -160,6 +162,14 @@ TEST_F(Month2026, FrozenPeriodStaysAndCountsInTheMonth) {
   // 14,000 of the frozen half and 17,500: above the ceiling; the fund on the whole month's salary.
   EXPECT_EQ(second.amounts("E0011").socialSecurity, baht("875"));
   EXPECT_EQ(second.amounts("E0011").fundEmployee, baht("945"));
+
+  // The frozen half of somebody whose type has changed stays, and is not paid again.
+  ASSERT_EQ(second.failures.size(), 1u);
+  EXPECT_NE(second.failures[0].find("E0012: 2026-01-01 to 2026-01-15 was paid already"),
+            std::string::npos);
+  EXPECT_EQ(lines("SELECT TEpsTSaPDate||'' AS line FROM KT7TEmpSlipDoc WHERE "
+                  "TEpSTEmpCode='E0012'"),
+            std::vector<std::string>{"2026-01-15"});
 
   // A frozen period that closed the month keeps what was withheld; nothing is withheld twice.
   sql("UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0 WHERE TSaPTEmTCode='M1'");
@@ -174,6 +184,7 @@ TEST_F(Month2026, FrozenPeriodStaysAndCountsInTheMonth) {
 TEST_F(Month2026, LeaverClosesWithTheLastSlip) {
   pay(1);
   sql("UPDATE KT7TEmployee SET TEmpResignDate='2026-01-10' WHERE TEmpCode='E0013'");
+  sql("UPDATE KT7TEmployee SET TEmpResignDate='2026-01-31' WHERE TEmpCode='E0007'");
   const Told told = pay(1);
   EXPECT_TRUE(told.noted("of E0013 (M2 on 2026-01-31) is no longer due"));
   const RegisterAmounts amounts = told.amounts("E0013");
@@ -181,7 +192,10 @@ TEST_F(Month2026, LeaverClosesWithTheLastSlip) {
   EXPECT_EQ(amounts.gross, baht("21666.67"));  // 65,000 x 10 / 30
   EXPECT_EQ(amounts.socialSecurity, baht("875"));
   EXPECT_EQ(amounts.fundEmployee, baht("1083.33"));
-  EXPECT_EQ(amounts.tax, Currency());  // no more months: the year's income is below the allowances
+  // No month follows: what the year has paid is below the allowances, also of a high salary.
+  EXPECT_EQ(amounts.tax, Currency());
+  EXPECT_EQ(told.amounts("E0007").gross, baht("95000"));
+  EXPECT_EQ(told.amounts("E0007").tax, Currency());
 
   sql("UPDATE KT7TEmployee2 SET TEm2SkipSlip=1 WHERE TEm2TEmpCode='E0001'");
   sql("UPDATE KT7TEmployee SET TEmpTEmTCode='M1' WHERE TEmpCode='E0011'");
