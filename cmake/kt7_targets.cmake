@@ -1,6 +1,6 @@
 # One static library of a folder, or of a list of folders: every .cpp below it, warnings on. Its
 # headers are found from KT7_HEADER_ROOT, and the target all_verify_interface_header_sets compiles
-# each of them alone.
+# each of them alone. Files below a folder named in kt7_left_out are not part of it.
 set(KT7_HEADER_ROOT ${PROJECT_SOURCE_DIR})
 
 function(kt7_add_library name folders)
@@ -11,6 +11,10 @@ function(kt7_add_library name folders)
     file(GLOB_RECURSE folder_headers CONFIGURE_DEPENDS ${folder}/*.h)
     list(APPEND sources ${folder_sources})
     list(APPEND headers ${folder_headers})
+  endforeach()
+  foreach(folder IN LISTS kt7_left_out)
+    list(FILTER sources EXCLUDE REGEX "/${folder}")
+    list(FILTER headers EXCLUDE REGEX "/${folder}")
   endforeach()
   add_library(${name} STATIC ${sources})
   target_compile_options(${name} PRIVATE -Wall -Wextra -Wshadow -Wconversion -Werror)

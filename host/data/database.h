@@ -23,8 +23,11 @@ Value askOne(const ado::ActiveConnection& on, const std::string& sql,
 /// string without a known driver.
 std::string databaseType(const std::string& connectionString);
 
-/// Makes the empty database that the connection string names where its engine keeps it in a file;
-/// a database error when it cannot be made. Opening never makes one.
+/// The names after "Driver=" that this program can open, joined by ", ".
+std::string builtInDrivers();
+
+/// Makes the empty database that the connection string names where it is not there and its driver
+/// can; a database error when it cannot be made. Opening never makes one.
 void createDatabase(const std::string& connectionString);
 
 /// The connection string without its password, for messages.

@@ -12,7 +12,6 @@ namespace {
 using Clock = Lease::Clock;
 
 constexpr std::size_t kIdleSessions = 16;
-constexpr auto kTrustedIdleness = std::chrono::seconds(1);
 
 struct PoolKeyView {
   std::string_view connectionString;
@@ -94,7 +93,7 @@ Lease takeSession(std::string_view connectionString, std::string_view user,
       bucket->idle.pop_back();
     }
     const Clock::time_point now = Clock::now();
-    if (now - found.used < kTrustedIdleness || found.session->usable()) {
+    if (now - found.used < found.session->trustedIdleness() || found.session->usable()) {
       return Lease(*bucket, std::move(found.session), now);
     }
   }
@@ -103,9 +102,10 @@ Lease takeSession(std::string_view connectionString, std::string_view user,
 }
 
 Lease::~Lease() {
-  if (!session_) return;
+  if (!session_ || session_->lost()) return;
   try {
     if (session_->inTransaction()) session_->rollback();
+    if (session_->lost()) return;
     const std::lock_guard lock(pool().mutex);
     if (bucket_->idle.size() < kIdleSessions) {
       bucket_->idle.push_back({std::move(session_), taken_});

@@ -135,15 +135,15 @@ void Recordset::insertRow(Session& target, std::span<const std::size_t> columns,
     names.append(names.empty() ? "" : ",").append(columnName(column));
     places.append(places.empty() ? "?" : ",?");
   }
-  target.change("INSERT INTO " + table() + "(" + names + ") VALUES(" + places + ")", values);
+  const int key = keyColumn();
+  const bool given =
+      key >= 0 && (*rows_.shape())[static_cast<std::size_t>(key)].kind == ColumnKind::Integer;
+  const std::int64_t made =
+      target.insert("INSERT INTO " + table() + "(" + names + ") VALUES(" + places + ")", values,
+                    given ? columnName(static_cast<std::size_t>(key)) : std::string());
   rows_.addRow();
   position_ = rows_.rowCount() - 1;
-  const int key = keyColumn();
-  if (key < 0) return;
-  const ColumnKind kind = (*rows_.shape())[static_cast<std::size_t>(key)].kind;
-  if (kind == ColumnKind::Integer) {
-    rows_.put(position_, static_cast<std::size_t>(key), target.lastKey());
-  }
+  if (given) rows_.put(position_, static_cast<std::size_t>(key), made);
 }
 
 void Recordset::updateRow(Session& target, std::span<const std::size_t> columns,

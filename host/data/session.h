@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <span>
 #include <string>
@@ -28,8 +29,10 @@ class Session {
   virtual Stored stored(const Value& value, ColumnKind kind) const = 0;
   /// Runs a fixed text with its "?" bound and answers how many rows it changed.
   virtual std::int64_t change(const std::string& sql, std::span<const Stored> values) = 0;
-  /// The key that the engine gave to the row of the last INSERT.
-  virtual std::int64_t lastKey() = 0;
+  /// Runs a fixed INSERT with its "?" bound and answers the whole number that the engine gave to
+  /// the column `key` of the new row; it is not asked for where `key` is "".
+  virtual std::int64_t insert(const std::string& sql, std::span<const Stored> values,
+                              const std::string& key) = 0;
   /// The one column of the table's primary key; "" when it has none or several.
   virtual std::string primaryKey(const std::string& table) = 0;
 
@@ -38,8 +41,12 @@ class Session {
   virtual void rollback() = 0;
   virtual bool inTransaction() const = 0;
 
-  /// Asked after a time of idleness: false when the connection should be dropped.
+  /// How long an idle session is taken as it is; after that `usable` is asked first.
+  virtual std::chrono::seconds trustedIdleness() const { return std::chrono::seconds(30); }
+  /// False when the connection should be dropped.
   virtual bool usable() = 0;
+  /// True once the connection was lost: it is not used again.
+  virtual bool lost() const { return false; }
 };
 
 /// A connection with that user and password, which stand for those in the connection string where

@@ -148,6 +148,9 @@ void Snapshot::put(std::size_t row, std::size_t column, const Stored& stored) {
   } else if (const auto* number = std::get_if<double>(&stored)) {
     target.storage = Cell::Storage::Real;
     target.real = *number;
+  } else if (const auto* money = std::get_if<Currency>(&stored)) {
+    target.storage = Cell::Storage::Money;
+    target.integer = money->tenThousandths();
   } else if (const auto* words = std::get_if<std::string>(&stored)) {
     setText(target, *words);
   }
@@ -161,6 +164,8 @@ Value Snapshot::value(std::size_t row, std::size_t column) const {
       return valueOfInteger(kind, from.integer);
     case Cell::Storage::Real:
       return valueOfReal(kind, from.real);
+    case Cell::Storage::Money:
+      return Currency::fromTenThousandths(from.integer);
     case Cell::Storage::Text:
       return valueOfText(kind, text(from));
     case Cell::Storage::Null:
@@ -176,6 +181,8 @@ Stored Snapshot::stored(std::size_t row, std::size_t column) const {
       return from.integer;
     case Cell::Storage::Real:
       return from.real;
+    case Cell::Storage::Money:
+      return Currency::fromTenThousandths(from.integer);
     case Cell::Storage::Text:
       return std::string(text(from));
     case Cell::Storage::Null:

@@ -48,7 +48,8 @@ class ResultShape {
 
 /// A value as the engine stores it. Texts lie in the arena of their snapshot.
 struct Cell {
-  enum class Storage : std::uint8_t { Null, Integer, Real, Text };
+  /// Money is a count of ten-thousandths, for engines whose decimals are exact.
+  enum class Storage : std::uint8_t { Null, Integer, Real, Money, Text };
   Storage storage = Storage::Null;
   std::uint32_t length = 0;
   union {
@@ -58,8 +59,8 @@ struct Cell {
   };
 };
 
-/// A value in one of the forms that an engine stores: null, int64, double or text.
-using Stored = std::variant<Null, std::int64_t, double, std::string>;
+/// A value in one of the forms that an engine stores: null, int64, double, exact money or text.
+using Stored = std::variant<Null, std::int64_t, double, Currency, std::string>;
 
 /// All rows of one result, on the client. Buffers come from and go back to a store of the thread.
 class Snapshot {

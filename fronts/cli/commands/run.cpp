@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "host/data/database.h"
 #include "nearest_name.h"
 
 namespace kt7::cli {
@@ -116,7 +117,9 @@ int run(int argc, const char* const* argv, Console& console) {
   }
   CommandLine line{console, {}};
   CLI::App app("Payroll and personnel rules on a company's own database.", "kt7hr");
-  app.set_version_flag("--version", kVersionText, "Print the version and stop");
+  app.set_version_flag(
+      "--version", [] { return kVersionText + std::string("\ndatabases: ") + data::builtInDrivers(); },
+      "Print the version and the databases that are built in, and stop");
   app.require_subcommand(1);
   app.footer(kExample);
   for (const auto add : kCommands) add(app, line);

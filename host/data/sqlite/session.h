@@ -6,9 +6,9 @@
 
 #include "host/data/lru_cache.h"
 #include "host/data/session.h"
-#include "host/data/sqlite_statement.h"
+#include "host/data/sqlite/statement.h"
+#include "host/data/sqlite/write_lock.h"
 #include "host/data/statement_text.h"
-#include "host/data/write_lock.h"
 
 namespace kt7::data {
 
@@ -28,12 +28,15 @@ class SqliteSession final : public Session {
   Value askOne(const std::string& sql, std::span<const std::string> parameters) override;
   Stored stored(const Value& value, ColumnKind kind) const override;
   std::int64_t change(const std::string& sql, std::span<const Stored> values) override;
-  std::int64_t lastKey() override { return sqlite3_last_insert_rowid(database_.get()); }
+  std::int64_t insert(const std::string& sql, std::span<const Stored> values,
+                      const std::string& key) override;
   std::string primaryKey(const std::string& table) override;
   void begin() override;
   void commit() override;
   void rollback() override;
   bool inTransaction() const override { return sqlite3_get_autocommit(database_.get()) == 0; }
+  /// Short: a company's file may be replaced under a running host.
+  std::chrono::seconds trustedIdleness() const override { return std::chrono::seconds(1); }
   bool usable() override;
 
  private:

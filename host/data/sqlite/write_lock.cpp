@@ -1,4 +1,4 @@
-#include "host/data/write_lock.h"
+#include "host/data/sqlite/write_lock.h"
 
 #include <map>
 

@@ -1,4 +1,4 @@
-#include "host/data/sqlite_session.h"
+#include "host/data/sqlite/session.h"
 
 #include <cmath>
 
@@ -110,6 +110,12 @@ std::int64_t SqliteSession::change(const std::string& sql, std::span<const Store
   statement.bind(values);
   run(statement, sql);
   return sqlite3_changes64(database_.get());
+}
+
+std::int64_t SqliteSession::insert(const std::string& sql, std::span<const Stored> values,
+                                   const std::string&) {
+  change(sql, values);
+  return sqlite3_last_insert_rowid(database_.get());
 }
 
 std::string SqliteSession::primaryKey(const std::string& table) {

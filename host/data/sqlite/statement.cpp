@@ -1,4 +1,4 @@
-#include "host/data/sqlite_statement.h"
+#include "host/data/sqlite/statement.h"
 
 #include <new>
 
@@ -98,6 +98,8 @@ void SqliteStatement::bind(std::span<const Stored> values) {
       sqlite3_bind_int64(handle_, place, *whole);
     } else if (const auto* number = std::get_if<double>(&value)) {
       sqlite3_bind_double(handle_, place, *number);
+    } else if (const auto* money = std::get_if<Currency>(&value)) {
+      sqlite3_bind_double(handle_, place, money->toDouble());
     } else if (const auto* text = std::get_if<std::string>(&value)) {
       bindText(handle_, place, *text);
     } else {

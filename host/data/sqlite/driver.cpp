@@ -1,7 +1,7 @@
 #include <filesystem>
 
 #include "base/error.h"
-#include "host/data/sqlite_session.h"
+#include "host/data/sqlite/session.h"
 
 namespace kt7::data {
 
