@@ -5,12 +5,14 @@
 
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "fronts/cli/commands/json_values.h"
 #include "fronts/cli/commands/run.h"
+#include "support/company.h"
 
 namespace kt7::cli {
 
@@ -58,16 +60,12 @@ class Commands : public testing::Test {
 class SampleCompany : public testing::Test {
  protected:
   static void SetUpTestSuite() {
-    std::string name = (std::filesystem::temp_directory_path() / "kt7hr_XXXXXX").string();
-    folder_ = mkdtemp(name.data());
-    const Outcome made = kt7hr({"init", "--sample", "--db", database()});
-    ASSERT_EQ(made.exitCode, kDone) << made.err;
+    database_ = std::make_unique<test::TemporaryDatabase>();
+    test::makeSampleCompany(*database_);
   }
-  static void TearDownTestSuite() { std::filesystem::remove_all(folder_); }
+  static void TearDownTestSuite() { database_.reset(); }
 
-  static std::string database() {
-    return "Driver=SQLite;Database=" + (folder_ / "company.db").string();
-  }
+  static const std::string& database() { return database_->connectionString(); }
 
   /// The answers of one session to the lines, each as JSON.
   static std::vector<Json> rpc(const std::vector<std::string>& lines,
@@ -83,7 +81,7 @@ class SampleCompany : public testing::Test {
     return answers;
   }
 
-  static inline std::filesystem::path folder_;
+  static inline std::unique_ptr<test::TemporaryDatabase> database_;
 };
 
 inline std::string request(const std::string& method, const std::string& params) {

@@ -34,8 +34,10 @@ TEST(ConnectionStringTest, NamesTheDatabaseKind) {
 }
 
 TEST_F(ConnectionTest, OpensOnlyWhatIsThere) {
-  const std::string missing = "Driver=SQLite;Database=" + (folder_ / "missing.db").string();
-  std::ofstream(folder_ / "text.db") << "this is no database, whatever its name says, but a text";
+  const std::string missing =
+      "Driver=SQLite;Database=" + (database_.folder() / "missing.db").string();
+  std::ofstream(database_.folder() / "text.db")
+      << "this is no database, whatever its name says, but a text";
   struct Case {
     std::string connectionString;
     const char* words;
@@ -44,8 +46,8 @@ TEST_F(ConnectionTest, OpensOnlyWhatIsThere) {
       {missing, "kt7hr init"},
       {"Driver=SQLite;Database=:memory:", "in memory"},
       {"Driver=SQLite", "Database="},
-      {"Driver=SQLite;Database=" + folder_.string(), "unable to open"},
-      {"Driver=SQLite;Database=" + (folder_ / "text.db").string(), "not a database"},
+      {"Driver=SQLite;Database=" + database_.folder().string(), "unable to open"},
+      {"Driver=SQLite;Database=" + (database_.folder() / "text.db").string(), "not a database"},
       {"Driver=MySQL;Server=x", "not built into"},
       {"no keyword", "keyword=value"},
   };
@@ -54,7 +56,7 @@ TEST_F(ConnectionTest, OpensOnlyWhatIsThere) {
     expectConnectionError([&] { connection->Open(c.connectionString); }, c.words);
     expectStatementError([&] { connection->Close(); }, "closed");
   }
-  EXPECT_FALSE(std::filesystem::exists(folder_ / "missing.db"));
+  EXPECT_FALSE(std::filesystem::exists(database_.folder() / "missing.db"));
   createDatabase(missing);
   EXPECT_NO_THROW(createConnection()->Open(missing));
 }
@@ -132,7 +134,7 @@ TEST_F(ConnectionTest, PoolKeepsConnectionsApartByUserAndPassword) {
 
 TEST_F(ConnectionTest, ADatabaseMadeAnewIsNotAnsweredFromTheOldOne) {
   connection_->Close();
-  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+  for (const auto& entry : std::filesystem::directory_iterator(database_.folder())) {
     std::filesystem::remove(entry.path());
   }
   createDatabase(connectionString());

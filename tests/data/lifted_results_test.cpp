@@ -19,7 +19,7 @@ class LiftedResultsTest : public DataTest {
         "('A',2,0,20,1,'2026-02-28'),('it''s',3,NULL,30,2,NULL),('',10,1,5,3,''),('ก',4,1,1,4,'x'"
         ")");
     connection_->Execute("INSERT INTO Other VALUES('a',1),('B','1'),('it''s','b')");
-    sqlite3_open(file().c_str(), &plain_);
+    sqlite3_open(file().string().c_str(), &plain_);
   }
   ~LiftedResultsTest() override { sqlite3_close(plain_); }
 

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -11,25 +9,39 @@
 
 #include "base/error.h"
 #include "host/data/database.h"
+#include "host/schema/ddl.h"
+#include "support/engine.h"
 
 namespace kt7::data::test {
 
-/// A database in a folder of its own, gone afterwards, with a table of every kind of column.
+using kt7::test::engine;
+using kt7::test::TemporaryDatabase;
+
+/// A database of its own with a table of every kind of column.
 class DataTest : public ::testing::Test {
  protected:
   DataTest() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "kt7-data-XXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-    createDatabase(connectionString());
+    database_.make();
     connection_->Open(connectionString());
-    connection_->Execute(
-        "CREATE TABLE Pay(PayRowID INTEGER PRIMARY KEY, Code TEXT, Amount NUMERIC, Flag SMALLINT, "
-        "Number INTEGER, Rate DOUBLE PRECISION, Day DATE, Moment TIMESTAMP)");
+    connection_->Execute(schema::createTableText(payTable(), schema::engineOf(engine().kind)));
   }
-  ~DataTest() override { std::filesystem::remove_all(folder_); }
 
-  std::string file() const { return (folder_ / "company.db").string(); }
-  std::string connectionString() const { return "Driver=SQLite;Database=" + file(); }
+  std::filesystem::path file() const { return database_.file(); }
+  const std::string& connectionString() const { return database_.connectionString(); }
+
+  static schema::Table payTable() {
+    using enum schema::ColumnType;
+    return {"Pay",
+            {{"PayRowID", RowId},
+             {"Code", Text, 200},
+             {"Amount", Money},
+             {"Flag", Small},
+             {"Number", Whole},
+             {"Rate", Number},
+             {"Day", Date},
+             {"Moment", Moment}},
+            {}};
+  }
 
   std::unique_ptr<ado::Connection> another() const {
     auto connection = createConnection();
@@ -46,7 +58,7 @@ class DataTest : public ::testing::Test {
   }
   std::string text(const std::string& sql) { return ask(sql).joinedText(); }
 
-  std::filesystem::path folder_;
+  TemporaryDatabase database_;
   std::unique_ptr<ado::Connection> connection_ = createConnection();
 };
 

@@ -53,7 +53,7 @@ struct Told : RunListener {
 class PaidCompany : public testing::Test {
  protected:
   PaidCompany() {
-    std::filesystem::copy_file(sampleFile(), database_.file());
+    test::makeSampleCompany(database_);
     platform_.setMessageView([this](const std::string& text) { messages_.push_back(text); });
   }
 
@@ -91,22 +91,6 @@ class PaidCompany : public testing::Test {
   test::TemporaryDatabase database_;
   host::HostPlatform platform_;
   std::vector<std::string> messages_;
-
- private:
-  static const std::filesystem::path& sampleFile() {
-    static const test::TemporaryDatabase database;
-    static const bool made = [] {
-      host::HostPlatform platform;
-      data::createDatabase(database.connectionString());
-      OwnConnection connection(platform, database.connectionString());
-      schema::createSchema(*connection, schema::Engine::SQLite);
-      schema::loadSample(*connection);
-      OpenRecordset checkpoint(platform, "PRAGMA wal_checkpoint(TRUNCATE)", *connection);
-      return true;
-    }();
-    static const std::filesystem::path file = made ? database.file() : std::filesystem::path();
-    return file;
-  }
 };
 
 inline Currency baht(const char* text) { return Currency::fromText(text); }

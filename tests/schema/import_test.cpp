@@ -23,7 +23,7 @@ Problems problemsOf(OpenDatabase& database, const std::string& table, const std:
 
 class Import : public testing::Test {
  protected:
-  Import() { createSchema(database_.connection(), Engine::SQLite); }
+  Import() { createSchema(database_.connection(), testedEngine()); }
   OpenDatabase database_;
 };
 

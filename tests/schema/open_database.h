@@ -1,34 +1,28 @@
 #pragma once
 
-#include <unistd.h>
-
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "host/data/database.h"
 #include "host/schema/schema.h"
+#include "support/engine.h"
 
 namespace kt7::schema {
 
-/// An empty embedded database of its own in a folder that goes with it.
+/// The dialect of the engine under test.
+inline Engine testedEngine() { return engineOf(test::engine().kind); }
+
+/// An empty database of its own.
 class OpenDatabase {
  public:
   OpenDatabase() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "kt7schemaXXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-    const std::string text = "Driver=SQLite;Database=" + (folder_ / "company.db").string();
-    data::createDatabase(text);
-    connection_ = data::createConnection();
-    connection_->Open(text);
-  }
-  ~OpenDatabase() {
-    connection_->Close();
-    std::filesystem::remove_all(folder_);
+    database_.make();
+    connection_->Open(database_.connectionString());
   }
 
   ado::Connection& connection() { return *connection_; }
+  const std::string& connectionString() const { return database_.connectionString(); }
   void run(const std::string& sql) { connection_->Execute(sql); }
 
   /// The first column of every row as text, null as "null".
@@ -57,8 +51,8 @@ class OpenDatabase {
   }
 
  private:
-  std::filesystem::path folder_;
-  std::unique_ptr<ado::Connection> connection_;
+  test::TemporaryDatabase database_;
+  std::unique_ptr<ado::Connection> connection_ = data::createConnection();
 };
 
 }  // namespace kt7::schema

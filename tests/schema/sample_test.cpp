@@ -11,7 +11,7 @@ namespace {
 class Sample : public testing::Test {
  protected:
   Sample() {
-    createSchema(database_.connection(), Engine::SQLite);
+    createSchema(database_.connection(), testedEngine());
     loadSample(database_.connection());
   }
   OpenDatabase database_;

@@ -19,12 +19,12 @@ std::string refusal(OpenDatabase& database, const std::string& sql) {
 
 TEST(Schema, IsMadeOnceInAnEmptyDatabase) {
   OpenDatabase database;
-  EXPECT_FALSE(hasSchema(database.connection(), Engine::SQLite));
-  createSchema(database.connection(), Engine::SQLite);
-  EXPECT_TRUE(hasSchema(database.connection(), Engine::SQLite));
+  EXPECT_FALSE(hasSchema(database.connection(), testedEngine()));
+  createSchema(database.connection(), testedEngine());
+  EXPECT_TRUE(hasSchema(database.connection(), testedEngine()));
   EXPECT_EQ(schemaVersion(database.connection()), kSchemaVersion);
   try {
-    createSchema(database.connection(), Engine::SQLite);
+    createSchema(database.connection(), testedEngine());
     ADD_FAILURE() << "made twice";
   } catch (const Error& error) {
     EXPECT_NE(std::string(error.what()).find("the database already holds KT7T"), std::string::npos)
@@ -35,13 +35,13 @@ TEST(Schema, IsMadeOnceInAnEmptyDatabase) {
 TEST(Schema, LeavesAForeignDatabaseUntouchedWhereATableIsTaken) {
   OpenDatabase database;
   database.run("CREATE TABLE kt7tsetting (A TEXT)");
-  EXPECT_THROW(createSchema(database.connection(), Engine::SQLite), Error);
+  EXPECT_THROW(createSchema(database.connection(), testedEngine()), Error);
   EXPECT_EQ(database.count("sqlite_master"), "1");
 }
 
 TEST(Schema, EveryTableAndViewAnswersByAnyLetterCase) {
   OpenDatabase database;
-  createSchema(database.connection(), Engine::SQLite);
+  createSchema(database.connection(), testedEngine());
   for (const Table& table : tables()) {
     const std::string column = table.columns[1].name;
     EXPECT_EQ(database.texts(column, "SELECT " + lowerCase(column) + " FROM " +
@@ -57,7 +57,7 @@ TEST(Schema, EveryTableAndViewAnswersByAnyLetterCase) {
 
 TEST(Schema, NaturalKeysRefuseDuplicatesButNotNulls) {
   OpenDatabase database;
-  createSchema(database.connection(), Engine::SQLite);
+  createSchema(database.connection(), testedEngine());
   const struct {
     const char* insert;
     bool repeats;
@@ -87,7 +87,7 @@ TEST(Schema, NaturalKeysRefuseDuplicatesButNotNulls) {
 
 TEST(Schema, ViewsJoinWhatBelongsTogether) {
   OpenDatabase database;
-  createSchema(database.connection(), Engine::SQLite);
+  createSchema(database.connection(), testedEngine());
   for (const char* row :
        {"KT7TEmployee (TEmpCode, TEmpTDivCode) VALUES ('E1', 'D1')",
         "KT7TDivision (TDivCode, TDivName) VALUES ('D1', 'Sales')",

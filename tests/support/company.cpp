@@ -1,44 +1,31 @@
 #include "support/company.h"
 
-#include <stdlib.h>
-
-#include <gtest/gtest.h>
-
 #include "collab/opened.h"
 
 namespace kt7::test {
 
-TemporaryDatabase::TemporaryDatabase() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "kt7-test-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  folder_ = pattern;
-  connectionString_ = "Driver=SQLite;Database=" + file().string();
-}
-
-TemporaryDatabase::~TemporaryDatabase() { std::filesystem::remove_all(folder_); }
-
 namespace {
 
-/// The tables are made once and copied for every company.
-const std::filesystem::path& emptyCompany() {
-  static const TemporaryDatabase database;
-  static const bool made = [] {
-    host::HostPlatform platform;
-    data::createDatabase(database.connectionString());
-    OwnConnection connection(platform, database.connectionString());
-    schema::createSchema(*connection, schema::Engine::SQLite);
-    OpenRecordset checkpoint(platform, "PRAGMA wal_checkpoint(TRUNCATE)", *connection);
-    return true;
-  }();
-  static const std::filesystem::path file = made ? database.file() : std::filesystem::path();
-  return file;
+void makeTables(const std::string& connectionString, bool withSample) {
+  const auto connection = data::createConnection();
+  connection->Open(connectionString);
+  schema::createSchema(*connection, schema::engineOf(engine().kind));
+  if (withSample) schema::loadSample(*connection);
 }
 
 }  // namespace
 
+void makeEmptyCompany(const TemporaryDatabase& database) {
+  database.make("empty", [](const std::string& made) { makeTables(made, false); });
+}
+
+void makeSampleCompany(const TemporaryDatabase& database) {
+  database.make("sample", [](const std::string& made) { makeTables(made, true); });
+}
+
 Company::Company(const char* now)
     : host_(Date::fromIsoText(now)), hostData_(database_.connectionString()) {
-  std::filesystem::copy_file(emptyCompany(), database_.file());
+  makeEmptyCompany(database_);
   host_.setMessageView([this](const std::string& text) { messages_.push_back(text); });
   hostData_.OpenConnection();
 }

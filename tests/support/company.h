@@ -12,26 +12,16 @@
 #include "host/trace/traced_data_obj.h"
 #include "host/trace/traced_platform.h"
 #include "interface/hr_object.h"
+#include "support/engine.h"
 
 namespace kt7::test {
 
-/// A folder of its own for the database of one test, gone
-/// afterwards; the file is not made yet.
-class TemporaryDatabase {
- public:
-  TemporaryDatabase();
-  ~TemporaryDatabase();
-  TemporaryDatabase(const TemporaryDatabase&) = delete;
-  TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
-  const std::string& connectionString() const { return connectionString_; }
-  std::filesystem::path file() const { return folder_ / "company.db"; }
+/// Makes the tables and views of an empty company.
+void makeEmptyCompany(const TemporaryDatabase& database);
+/// Makes the sample company.
+void makeSampleCompany(const TemporaryDatabase& database);
 
- private:
-  std::filesystem::path folder_;
-  std::string connectionString_;
-};
-
-/// An empty company in the embedded database, the library on it, and every step it takes.
+/// An empty company in a database of its own, the library on it, and every step it takes.
 class Company {
  public:
   explicit Company(const char* now = "2026-01-15T10:00:00");

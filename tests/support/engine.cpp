@@ -1,0 +1,120 @@
+#include "support/engine.h"
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <map>
+#include <memory>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/data/database.h"
+#include "host/data/pool.h"
+
+namespace kt7::test {
+
+namespace {
+
+std::string environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
+
+Engine readEngine() {
+  Engine engine;
+  engine.kind = "SQLITE";
+  engine.server = environment("KT7_TEST_DB");
+  if (engine.server.empty()) return engine;
+  engine.embedded = false;
+  engine.maker = environment("KT7_TEST_MAKER");
+  if (engine.maker.empty()) engine.maker = engine.server;
+  engine.odbc = engine.maker != engine.server;
+  engine.kind = data::databaseType(engine.maker);
+  engine.files = engine.kind == "SQLITE";
+  engine.templates = engine.kind == "POSTGRESQL";
+  engine.oneWriter = engine.files;
+  engine.exactDecimals = !engine.files;
+  return engine;
+}
+
+void runByMaker(const std::string& sql) {
+  const auto connection = data::createConnection();
+  connection->Open(engine().maker + (engine().templates ? ";Database=postgres" : ""));
+  connection->Execute(sql);
+}
+
+std::string freshName() {
+  static int count = 0;
+  return "kt7_" + std::to_string(::getpid()) + "_" + std::to_string(++count);
+}
+
+/// Nobody may be connected to a database that is copied.
+void copyTemplate(const std::string& from, const std::string& to) {
+  runByMaker("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = '" + from +
+             "'");
+  runByMaker("CREATE DATABASE " + to + " TEMPLATE " + from);
+}
+
+}  // namespace
+
+const Engine& engine() {
+  static const Engine instance = readEngine();
+  return instance;
+}
+
+TemporaryDatabase::TemporaryDatabase() : name_(freshName()) {
+  std::string pattern = (std::filesystem::temp_directory_path() / "kt7-test-XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  folder_ = pattern;
+  if (engine().files) name_ = file().string();
+  const std::string server = engine().embedded ? "Driver=SQLite" : engine().server;
+  connectionString_ = server + ";Database=" + name_;
+}
+
+TemporaryDatabase::~TemporaryDatabase() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+  if (engine().files) return;
+  try {
+    runByMaker("DROP DATABASE IF EXISTS " + name_ + (engine().templates ? " WITH (FORCE)" : ""));
+    data::dropUnusableSessions();
+  } catch (const Error&) {
+    // The server goes with its folder after the tests.
+  }
+}
+
+std::string TemporaryDatabase::makerString(const std::string& database) const {
+  return (engine().files ? "Driver=SQLite" : engine().maker) + ";Database=" + database;
+}
+
+void TemporaryDatabase::make() const { data::createDatabase(makerString(name_)); }
+
+void TemporaryDatabase::make(
+    const std::string& content,
+    const std::function<void(const std::string& connectionString)>& fill) const {
+  if (!engine().files && !engine().templates) {
+    make();
+    fill(connectionString_);
+    return;
+  }
+  static std::map<std::string, std::unique_ptr<TemporaryDatabase>> made;
+  std::unique_ptr<TemporaryDatabase>& original = made[content];
+  if (original == nullptr) {
+    original = std::make_unique<TemporaryDatabase>();
+    original->make();
+    fill(original->connectionString());
+    if (engine().files) {
+      const auto connection = data::createConnection();
+      connection->Open(makerString(original->name_));
+      const auto rows = data::createRecordset();
+      rows->Open("PRAGMA wal_checkpoint(TRUNCATE)", *connection, ado::kStatic, ado::kReadOnly);
+    }
+  }
+  if (engine().files) {
+    std::filesystem::copy_file(original->file(), file());
+  } else {
+    copyTemplate(original->name_, name_);
+  }
+}
+
+}  // namespace kt7::test
