@@ -13,6 +13,11 @@
 
 namespace kt7::test {
 
+const Engine& embeddedEngine() {
+  static const Engine instance{.kind = "SQLITE", .server = "Driver=SQLite"};
+  return instance;
+}
+
 namespace {
 
 std::string environment(const char* name) {
@@ -22,9 +27,8 @@ std::string environment(const char* name) {
 
 Engine readEngine() {
   Engine engine;
-  engine.kind = "SQLITE";
   engine.server = environment("KT7_TEST_DB");
-  if (engine.server.empty()) return engine;
+  if (engine.server.empty()) return embeddedEngine();
   engine.embedded = false;
   engine.maker = environment("KT7_TEST_MAKER");
   if (engine.maker.empty()) engine.maker = engine.server;
@@ -37,9 +41,9 @@ Engine readEngine() {
   return engine;
 }
 
-void runByMaker(const std::string& sql) {
+void runByMaker(const Engine& on, const std::string& sql) {
   const auto connection = data::createConnection();
-  connection->Open(engine().maker + (engine().templates ? ";Database=postgres" : ""));
+  connection->Open(on.maker + (on.templates ? ";Database=postgres" : ""));
   connection->Execute(sql);
 }
 
@@ -49,10 +53,10 @@ std::string freshName() {
 }
 
 /// Nobody may be connected to a database that is copied.
-void copyTemplate(const std::string& from, const std::string& to) {
-  runByMaker("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = '" + from +
-             "'");
-  runByMaker("CREATE DATABASE " + to + " TEMPLATE " + from);
+void copyTemplate(const Engine& on, const std::string& from, const std::string& to) {
+  runByMaker(
+      on, "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE datname = '" + from + "'");
+  runByMaker(on, "CREATE DATABASE " + to + " TEMPLATE " + from);
 }
 
 }  // namespace
@@ -62,21 +66,20 @@ const Engine& engine() {
   return instance;
 }
 
-TemporaryDatabase::TemporaryDatabase() : name_(freshName()) {
+TemporaryDatabase::TemporaryDatabase(const Engine& on) : on_(on), name_(freshName()) {
   std::string pattern = (std::filesystem::temp_directory_path() / "kt7-test-XXXXXX").string();
   if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
   folder_ = pattern;
-  if (engine().files) name_ = file().string();
-  const std::string server = engine().embedded ? "Driver=SQLite" : engine().server;
-  connectionString_ = server + ";Database=" + name_;
+  if (on_.files) name_ = file().string();
+  connectionString_ = on_.server + ";Database=" + name_;
 }
 
 TemporaryDatabase::~TemporaryDatabase() {
   std::error_code ignored;
   std::filesystem::remove_all(folder_, ignored);
-  if (engine().files) return;
+  if (on_.files) return;
   try {
-    runByMaker("DROP DATABASE IF EXISTS " + name_ + (engine().templates ? " WITH (FORCE)" : ""));
+    runByMaker(on_, "DROP DATABASE IF EXISTS " + name_ + (on_.templates ? " WITH (FORCE)" : ""));
     data::dropUnusableSessions();
   } catch (const Error&) {
     // The server goes with its folder after the tests.
@@ -84,7 +87,7 @@ TemporaryDatabase::~TemporaryDatabase() {
 }
 
 std::string TemporaryDatabase::makerString(const std::string& database) const {
-  return (engine().files ? "Driver=SQLite" : engine().maker) + ";Database=" + database;
+  return (on_.files ? "Driver=SQLite" : on_.maker) + ";Database=" + database;
 }
 
 void TemporaryDatabase::make() const { data::createDatabase(makerString(name_)); }
@@ -92,28 +95,28 @@ void TemporaryDatabase::make() const { data::createDatabase(makerString(name_));
 void TemporaryDatabase::make(
     const std::string& content,
     const std::function<void(const std::string& connectionString)>& fill) const {
-  if (!engine().files && !engine().templates) {
+  if (!on_.files && !on_.templates) {
     make();
     fill(connectionString_);
     return;
   }
   static std::map<std::string, std::unique_ptr<TemporaryDatabase>> made;
-  std::unique_ptr<TemporaryDatabase>& original = made[content];
+  std::unique_ptr<TemporaryDatabase>& original = made[content + on_.server];
   if (original == nullptr) {
-    original = std::make_unique<TemporaryDatabase>();
+    original = std::make_unique<TemporaryDatabase>(on_);
     original->make();
     fill(original->connectionString());
-    if (engine().files) {
+    if (on_.files) {
       const auto connection = data::createConnection();
       connection->Open(makerString(original->name_));
       const auto rows = data::createRecordset();
       rows->Open("PRAGMA wal_checkpoint(TRUNCATE)", *connection, ado::kStatic, ado::kReadOnly);
     }
   }
-  if (engine().files) {
+  if (on_.files) {
     std::filesystem::copy_file(original->file(), file());
   } else {
-    copyTemplate(original->name_, name_);
+    copyTemplate(on_, original->name_, name_);
   }
 }
 

@@ -20,16 +20,20 @@ struct Engine {
   bool exactDecimals = false;  // amounts are not kept as doubles
 };
 
+/// The engine under test.
 const Engine& engine();
+/// The embedded one, whatever is under test.
+const Engine& embeddedEngine();
 
 /// A database for one test, gone afterwards; nothing is made yet.
 class TemporaryDatabase {
  public:
-  TemporaryDatabase();
+  explicit TemporaryDatabase(const Engine& on = engine());
   ~TemporaryDatabase();
   TemporaryDatabase(const TemporaryDatabase&) = delete;
   TemporaryDatabase& operator=(const TemporaryDatabase&) = delete;
 
+  const Engine& on() const { return on_; }
   const std::string& connectionString() const { return connectionString_; }
   /// Where the engine keeps the database in a file: that file.
   std::filesystem::path file() const { return folder_ / "company.db"; }
@@ -45,6 +49,7 @@ class TemporaryDatabase {
 
  private:
   std::string makerString(const std::string& database) const;
+  const Engine& on_;
   std::filesystem::path folder_;
   std::string name_;
   std::string connectionString_;
