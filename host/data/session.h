@@ -49,6 +49,14 @@ class Session {
   virtual bool lost() const { return false; }
 };
 
+/// The SQLSTATE of an error after which nobody knows whether the work took effect: the connection
+/// was lost while the engine was at it. Whatever repeats the work has to look first.
+inline constexpr std::string_view kOutcomeUnknown = "08007";
+
+/// A connection error for a connection that was lost while `sql` ran.
+[[noreturn]] void raiseConnectionLost(const std::string& text, const std::string& sql,
+                                      std::int32_t nativeCode, bool outcomeUnknown);
+
 /// A connection with that user and password, which stand for those in the connection string where
 /// they are not empty. A connection error when the engine refuses or is not built in.
 std::unique_ptr<Session> openSession(const ConnectionString& where, std::string_view user,

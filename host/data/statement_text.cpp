@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/error.h"
 #include "base/text.h"
 
 namespace kt7::data {
@@ -39,6 +40,11 @@ bool isOneOf(std::string_view word, const List& list) {
                      [word](std::string_view entry) { return equalNoCase(entry, word); });
 }
 
+/// The names of this system's tables, views and indexes begin alike.
+bool isOwnTable(std::string_view word) {
+  return word.size() > 4 && equalNoCase(word.substr(0, 3), "KT7");
+}
+
 std::string withoutQuotes(std::string_view quoted) {
   std::string text;
   for (std::size_t i = 1; i + 1 < quoted.size(); ++i) {
@@ -62,9 +68,10 @@ class StatementRewriter {
       : sql_(sql), dialect_(dialect), out_(out), tokens_(out.tokens_) {}
 
   void run() {
-    lifts_ = dialect_.liftsLiterals && isOneOf(word(0), kStatements) &&
-             std::none_of(tokens_.begin(), tokens_.end(),
-                          [](const Token& token) { return token.kind == TokenKind::Parameter; });
+    const bool withParameters = std::any_of(tokens_.begin(), tokens_.end(), [](const Token& token) {
+      return token.kind == TokenKind::Parameter;
+    });
+    lifts_ = dialect_.liftsLiterals && isOneOf(word(0), kStatements) && !withParameters;
     levels_.emplace_back().open = lifts_;
     for (std::size_t i = 0; i < tokens_.size(); ++i) visit(i);
     while (!levels_.empty()) closeLevel(tokens_.size());
@@ -100,12 +107,24 @@ class StatementRewriter {
     } else if (isSymbol(i, ")") && levels_.size() > 1) {
       closeLevel(i);
     } else if (tokens_[i].kind == TokenKind::Text && mayLift(i)) {
-      edits_.push_back({tokens_[i].begin, tokens_[i].length, "?"});
       out_.literals_.push_back(withoutQuotes(word(i)));
+      edits_.push_back({tokens_[i].begin, tokens_[i].length, placeholder()});
+    } else if (dialect_.numberedPlaceholders && tokens_[i].kind == TokenKind::Parameter &&
+               word(i) == "?") {
+      ++parameters_;
+      edits_.push_back({tokens_[i].begin, tokens_[i].length, "$" + std::to_string(parameters_)});
     }
   }
 
+  std::string placeholder() const {
+    return dialect_.numberedPlaceholders ? "$" + std::to_string(out_.literals_.size()) : "?";
+  }
+
   void visitWord(std::size_t i) {
+    if (dialect_.foldsTableNames && isOwnTable(word(i))) {
+      edits_.push_back({tokens_[i].begin, tokens_[i].length, lowerCase(word(i))});
+      return;
+    }
     for (const Keyword& keyword : kRegionWords) {
       if (!equalNoCase(keyword.word, word(i))) continue;
       levels_.back().region = keyword.region;
@@ -203,17 +222,45 @@ class StatementRewriter {
   StatementText& out_;
   const std::vector<Token>& tokens_;
   bool lifts_ = false;
+  std::size_t parameters_ = 0;
   std::vector<Level> levels_;
   std::vector<Edit> edits_;
 };
 
 void StatementText::read(std::string_view sql, const Dialect& dialect) {
+  rewrite(sql, dialect, lexSql(sql, tokens_));
+}
+
+void StatementText::readOne(const std::string& sql, const Dialect& dialect) {
+  if (sql.find('\0') != std::string::npos) {
+    raiseStatementFailed("a statement cannot contain a zero character", {sql, 0, {}});
+  }
+  const bool lexes = lexSql(sql, tokens_);
+  const auto end = std::find_if(tokens_.begin(), tokens_.end(), [&sql](const Token& token) {
+    return token.kind == TokenKind::Symbol && sql[token.begin] == ';';
+  });
+  if (end == tokens_.begin() && (lexes || end != tokens_.end())) {
+    raiseStatementFailed("the statement is empty", {sql, 0, {}});
+  }
+  std::string_view statement = sql;
+  if (end != tokens_.end()) {
+    if (!isBlankSql(statement.substr(end->end()))) {
+      raiseStatementFailed("only one statement can run at a time", {sql, 0, {}});
+    }
+    statement = statement.substr(0, end->begin);
+    tokens_.erase(end, tokens_.end());
+  }
+  rewrite(statement, dialect, lexes);
+}
+
+void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool lexes) {
   text_.clear();
   literals_.clear();
-  const bool lexes = lexSql(sql, tokens_) && !tokens_.empty();
-  const std::string_view first =
-      lexes ? sql.substr(tokens_[0].begin, tokens_[0].length) : std::string_view{};
-  if (!isOneOf(first, kStatements) && !equalNoCase(first, "WITH")) {
+  const std::string_view first = lexes && !tokens_.empty()
+                                     ? sql.substr(tokens_[0].begin, tokens_[0].length)
+                                     : std::string_view{};
+  const bool known = isOneOf(first, kStatements) || equalNoCase(first, "WITH");
+  if (!known && (first.empty() || !dialect.foldsTableNames)) {
     text_ = sql;
     return;
   }
@@ -221,7 +268,7 @@ void StatementText::read(std::string_view sql, const Dialect& dialect) {
   if (literals_.size() > kMostLiterals) {
     Dialect unlifted = dialect;
     unlifted.liftsLiterals = false;
-    read(sql, unlifted);
+    rewrite(sql, unlifted, lexes);
   }
 }
 

@@ -12,7 +12,9 @@ namespace kt7::data {
 struct Dialect {
   bool limitForTop = false;    // "SELECT TOP n ..." becomes "... LIMIT n"
   bool wholeYears = false;     // "year(x)" becomes a whole number that also compares with '2016'
-  bool liftsLiterals = false;  // quoted values become "?" and are bound
+  bool liftsLiterals = false;  // quoted values become placeholders and are bound
+  bool numberedPlaceholders = false;  // "$1" in the place of "?"
+  bool foldsTableNames = false;       // KT7T... and KT7V... become lower case
 };
 
 /// A statement as the engine gets it, and the texts to bind. Reused from statement to statement.
@@ -20,6 +22,9 @@ class StatementText {
  public:
   /// Only SELECT, INSERT, UPDATE and DELETE are touched, and only where they lex.
   void read(std::string_view sql, const Dialect& dialect);
+  /// As `read`, without the semicolons at its end. A statement error for an empty text, for one
+  /// with a zero character and for anything after the first statement.
+  void readOne(const std::string& sql, const Dialect& dialect);
 
   std::string_view text() const { return text_; }
   /// In the order of their "?", quotes taken off.
@@ -27,6 +32,7 @@ class StatementText {
 
  private:
   friend class StatementRewriter;
+  void rewrite(std::string_view sql, const Dialect& dialect, bool lexes);
   std::string text_;
   std::vector<std::string> literals_;
   std::vector<Token> tokens_;

@@ -1,0 +1,158 @@
+#include "host/data/mysql/driver.h"
+
+#include <mariadb/mysqld_error.h>
+
+#include <charconv>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/data/mysql/session.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr unsigned kConnectSeconds = 5;
+
+/// Codes compare byte for byte, blanks at their end too; a backslash is an ordinary character; what
+/// a column cannot hold is refused; nobody waits longer than five seconds for a lock.
+constexpr const char* kMariadbSettings =
+    "SET NAMES utf8mb4 COLLATE utf8mb4_nopad_bin, "
+    "sql_mode='STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO,"
+    "NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT', innodb_lock_wait_timeout=5, lock_wait_timeout=5, "
+    "tx_isolation='READ-COMMITTED'";
+constexpr const char* kMysqlSettings =
+    "SET NAMES utf8mb4 COLLATE utf8mb4_0900_bin, "
+    "sql_mode='STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO,"
+    "NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT', innodb_lock_wait_timeout=5, lock_wait_timeout=5, "
+    "transaction_isolation='READ-COMMITTED'";
+
+bool isMariadb(MYSQL* connection) {
+  return std::string_view(mysql_get_server_info(connection)).find("MariaDB") !=
+         std::string_view::npos;
+}
+
+unsigned portOf(const ConnectionString& where) {
+  const std::string_view text = where.value("Port");
+  if (text.empty()) return 0;
+  unsigned port = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), port);
+  constexpr unsigned kLastPort = 65535;
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || port > kLastPort) {
+    raiseConnectionFailed("'" + std::string(text) + "' is no port; write Port=3306");
+  }
+  return port;
+}
+
+std::string firstOf(const ConnectionString& where, std::string_view one, std::string_view other) {
+  return std::string(where.value(one).empty() ? where.value(other) : where.value(one));
+}
+
+const char* orNull(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
+
+/// SslMode=disable|require|verify, SslCa, SslCert, SslKey: passed to the client library.
+void setTls(MYSQL* connection, const ConnectionString& where) {
+  const std::string mode(where.value("SslMode"));
+  const std::string authority(where.value("SslCa"));
+  const std::string certificate(where.value("SslCert"));
+  const std::string key(where.value("SslKey"));
+  const bool verify = equalNoCase(mode, "verify");
+  if (!mode.empty() && !verify && !equalNoCase(mode, "require") && !equalNoCase(mode, "disable")) {
+    raiseConnectionFailed("'" + mode + "' is no SslMode; write disable, require or verify");
+  }
+  if (equalNoCase(mode, "disable")) return;
+  if (mode.empty() && authority.empty() && certificate.empty()) return;
+  mysql_ssl_set(connection, orNull(key), orNull(certificate), orNull(authority), nullptr, nullptr);
+  const my_bool on = 1;
+  const my_bool checked = verify ? 1 : 0;
+  mysql_options(connection, MYSQL_OPT_SSL_ENFORCE, &on);
+  mysql_options(connection, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &checked);
+}
+
+[[noreturn]] void raiseCannotConnect(MYSQL* connection, const std::string& server,
+                                     const std::string& database) {
+  const auto code = static_cast<std::int32_t>(mysql_errno(connection));
+  const std::string state = mysql_sqlstate(connection);
+  std::string text = "cannot connect to the database" +
+                     (database.empty() ? "" : " '" + database + "'") + " at " + server + ": " +
+                     mysql_error(connection);
+  if (code == ER_BAD_DB_ERROR) text += "; run \"kt7hr init\" to create it";
+  raiseConnectionFailed(text, {{}, code, state});
+}
+
+MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
+                      const std::string& user, const std::string& password,
+                      const std::string& database) {
+  MysqlHandle handle(mysql_init(nullptr));
+  if (handle == nullptr) throw std::bad_alloc();
+  MYSQL* const connection = handle.get();
+  mysql_options(connection, MYSQL_OPT_CONNECT_TIMEOUT, &kConnectSeconds);
+  mysql_options(connection, MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  setTls(connection, where);
+  const std::string socket(where.value("Socket"));
+  const std::string host = socket.empty() ? server : "localhost";
+  if (mysql_real_connect(connection, host.c_str(), user.c_str(), password.c_str(), orNull(database),
+                         portOf(where), orNull(socket), CLIENT_FOUND_ROWS) == nullptr) {
+    raiseCannotConnect(connection, socket.empty() ? server : socket, database);
+  }
+  const char* const settings = isMariadb(connection) ? kMariadbSettings : kMysqlSettings;
+  if (mysql_query(connection, settings) != 0) raiseCannotConnect(connection, server, database);
+  return handle;
+}
+
+MysqlHandle connect(const ConnectionString& where, std::string_view user, std::string_view password,
+                    const std::string& database) {
+  const std::string name = user.empty() ? firstOf(where, "Uid", "User") : std::string(user);
+  const std::string secret =
+      password.empty() ? firstOf(where, "Pwd", "Password") : std::string(password);
+  const std::string given(where.value("Server"));
+  const std::vector<std::string> servers = split(given.empty() ? "127.0.0.1" : given, ',');
+  for (std::size_t i = 0; i + 1 < servers.size(); ++i) {
+    try {
+      return connectTo(std::string(trimmedBlanks(servers[i])), where, name, secret, database);
+    } catch (const Error&) {
+      // The next server may answer; the last one's refusal is told.
+    }
+  }
+  return connectTo(std::string(trimmedBlanks(servers.back())), where, name, secret, database);
+}
+
+std::string requiredDatabase(const ConnectionString& where) {
+  if (where.database().empty()) {
+    raiseConnectionFailed("the connection string names no database; write Database=kt7");
+  }
+  return std::string(where.database());
+}
+
+std::string quotedName(const std::string& name) { return "`" + replaceAll(name, "`", "``") + "`"; }
+
+}  // namespace
+
+std::unique_ptr<Session> openMysql(const ConnectionString& where, std::string_view user,
+                                   std::string_view password) {
+  return std::make_unique<MysqlSession>(
+      connect(where, user, password, std::string(where.database())));
+}
+
+void createMysql(const ConnectionString& where) {
+  const std::string database = requiredDatabase(where);
+  try {
+    connect(where, {}, {}, database);
+    return;
+  } catch (const Error& error) {
+    if (error.cause().nativeCode != ER_BAD_DB_ERROR) throw;
+  }
+  const MysqlHandle connection = connect(where, {}, {}, {});
+  const std::string collation =
+      isMariadb(connection.get()) ? "utf8mb4_nopad_bin" : "utf8mb4_0900_bin";
+  const std::string sql = "CREATE DATABASE IF NOT EXISTS " + quotedName(database) +
+                          " CHARACTER SET utf8mb4 COLLATE " + collation;
+  if (mysql_query(connection.get(), sql.c_str()) == 0) return;
+  raiseConnectionFailed("the database '" + database + "' is not there and cannot be made: " +
+                            mysql_error(connection.get()) + "; have an administrator run: " + sql +
+                            "; GRANT ALL ON " + quotedName(database) + ".* TO this user",
+                        {sql, static_cast<std::int32_t>(mysql_errno(connection.get())),
+                         mysql_sqlstate(connection.get())});
+}
+
+}  // namespace kt7::data

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <mariadb/mysql.h>
+
+#include <map>
+
+#include "host/data/lru_cache.h"
+#include "host/data/session.h"
+#include "host/data/statement_text.h"
+
+namespace kt7::data {
+
+struct CloseMysql {
+  void operator()(MYSQL* connection) const { mysql_close(connection); }
+};
+using MysqlHandle = std::unique_ptr<MYSQL, CloseMysql>;
+
+/// A connection to one server. Statements keep their values in their text: preparing them gains
+/// nothing here.
+class MysqlSession final : public Session {
+ public:
+  explicit MysqlSession(MysqlHandle connection);
+
+  void execute(const std::string& sql) override;
+  void query(const std::string& sql, Snapshot& rows) override;
+  Value askOne(const std::string& sql, std::span<const std::string> parameters) override;
+  Stored stored(const Value& value, ColumnKind kind) const override;
+  std::int64_t change(const std::string& sql, std::span<const Stored> values) override;
+  std::int64_t insert(const std::string& sql, std::span<const Stored> values,
+                      const std::string& key) override;
+  std::string primaryKey(const std::string& table) override;
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  bool inTransaction() const override;
+  bool usable() override;
+  bool lost() const override { return lost_; }
+
+ private:
+  struct Shape {
+    std::shared_ptr<const ResultShape> columns;
+    std::vector<int> decimals;
+  };
+
+  /// Sends the text; `sql` is what errors show.
+  void run(std::string_view text, const std::string& sql);
+  [[noreturn]] void fail(const std::string& sql);
+  /// The rows of the statement that ran, read to their end.
+  void readRows(const std::string& sql, Snapshot& rows);
+  void readRow(MYSQL_RES& result, MYSQL_ROW row, const Shape& shape, Snapshot& rows) const;
+  const Shape& shapeOf(MYSQL_RES& result);
+  /// The fixed text with its "?" replaced by literals.
+  const std::string& inlined(const std::string& sql, std::span<const Stored> values);
+  void control(const std::string& statement);
+
+  MysqlHandle connection_;
+  bool begun_ = false;
+  bool lost_ = false;
+  bool writes_ = false;
+  StatementText text_;
+  std::string inlined_;
+  std::string shapeKey_;
+  LruCache<Shape> shapes_;
+  std::map<std::string, std::string> primaryKeys_;
+};
+
+}  // namespace kt7::data

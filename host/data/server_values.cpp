@@ -1,0 +1,126 @@
+#include "host/data/server_values.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "base/error.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr int kMoneyDecimals = 4;
+constexpr std::size_t kPlainLength = 18;  // a longer text may be beyond an amount: read with care
+
+std::string shortest(double number) {
+  char buffer[32];
+  const auto result = std::to_chars(std::begin(buffer), std::end(buffer), number);
+  return {std::begin(buffer), result.ptr};
+}
+
+template <typename Number>
+Number parsed(std::string_view text) {
+  Number number{};
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size()) {
+    raiseStatementFailed("the database answered '" + std::string(text) + "' for a number");
+  }
+  return number;
+}
+
+}  // namespace
+
+Stored storedOnServer(const Value& value, ColumnKind kind) {
+  const Value::Storage& storage = value.storage();
+  if (value.isNull()) return Null{};
+  if (const auto* text = std::get_if<std::string>(&storage)) return *text;
+  if (const auto* flag = std::get_if<bool>(&storage)) return std::int64_t{*flag ? 1 : 0};
+  if (const auto* number = std::get_if<double>(&storage)) {
+    if (!std::isfinite(*number)) {
+      raiseStatementFailed("a number that is infinite or undefined cannot be kept");
+    }
+    if (kind == ColumnKind::Money) return Currency::fromDouble(*number);
+    return *number;
+  }
+  if (const auto* whole = std::get_if<std::int64_t>(&storage)) return *whole;
+  if (const auto* date = std::get_if<Date>(&storage)) {
+    const bool withTime =
+        kind == ColumnKind::Moment || (kind != ColumnKind::Day && date->timeOfDay() != 0);
+    return withTime ? date->isoDateTimeText() : date->isoDateText();
+  }
+  if (const auto* money = std::get_if<Currency>(&storage)) return *money;
+  return std::int64_t{value.toInt32()};
+}
+
+std::string serverText(const Stored& value) {
+  if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
+  if (const auto* number = std::get_if<double>(&value)) return shortest(*number);
+  if (const auto* money = std::get_if<Currency>(&value)) return money->toText();
+  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  return {};
+}
+
+void appendLiteral(std::string& sql, const Stored& value) {
+  if (std::holds_alternative<Null>(value)) {
+    sql += "NULL";
+    return;
+  }
+  const auto* const text = std::get_if<std::string>(&value);
+  if (text == nullptr) {
+    sql += serverText(value);
+    return;
+  }
+  sql += '\'';
+  for (const char c : *text) {
+    if (c == '\'') sql += '\'';
+    sql += c;
+  }
+  sql += '\'';
+}
+
+ColumnKind decimalKind(int decimals) {
+  if (decimals == 0) return ColumnKind::Integer;
+  return decimals > kMoneyDecimals ? ColumnKind::Real : ColumnKind::Money;
+}
+
+void setDecimal(Cell& cell, std::string_view text, int decimals) {
+  const ColumnKind kind = decimals < 0 ? ColumnKind::Real : decimalKind(decimals);
+  if (kind == ColumnKind::Real) {
+    setReal(cell, text);
+    return;
+  }
+  if (kind == ColumnKind::Integer) {
+    setInteger(cell, text);
+    return;
+  }
+  cell.storage = Cell::Storage::Money;
+  if (text.size() > kPlainLength) {
+    cell.integer = Currency::fromText(text).tenThousandths();
+    return;
+  }
+  const std::size_t point = text.find('.');
+  std::int64_t count = 0;
+  bool negative = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '-') {
+      negative = true;
+    } else if (i != point) {
+      count = count * 10 + (text[i] - '0');
+    }
+  }
+  const std::size_t given = point == std::string_view::npos ? 0 : text.size() - point - 1;
+  for (std::size_t i = given; i < kMoneyDecimals; ++i) count *= 10;
+  cell.integer = negative ? -count : count;
+}
+
+void setInteger(Cell& cell, std::string_view text) {
+  cell.storage = Cell::Storage::Integer;
+  cell.integer = parsed<std::int64_t>(text);
+}
+
+void setReal(Cell& cell, std::string_view text) {
+  cell.storage = Cell::Storage::Real;
+  cell.real = parsed<double>(text);
+}
+
+}  // namespace kt7::data

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/data/snapshot.h"
+
+namespace kt7::data {
+
+/// What the servers have in common: exact decimals, dates as ISO texts, yes/no as 1 and 0. A
+/// database error for a number that is infinite or undefined.
+Stored storedOnServer(const Value& value, ColumnKind kind);
+
+/// As the servers read it in a statement, without quotes; null is not asked for.
+std::string serverText(const Stored& value);
+/// A literal of an SQL text in which a backslash is an ordinary character.
+void appendLiteral(std::string& sql, const Stored& value);
+
+/// A decimal text of an engine with exact decimals: a whole number where the column has no
+/// decimals, money up to four, else a double. `decimals` is below zero where it is not known.
+void setDecimal(Cell& cell, std::string_view text, int decimals);
+ColumnKind decimalKind(int decimals);
+void setInteger(Cell& cell, std::string_view text);
+void setReal(Cell& cell, std::string_view text);
+
+}  // namespace kt7::data
