@@ -84,7 +84,9 @@ ColumnKind decimalKind(int decimals) {
 }
 
 void setDecimal(Cell& cell, std::string_view text, int decimals) {
-  const ColumnKind kind = decimals < 0 ? ColumnKind::Real : decimalKind(decimals);
+  const std::size_t point = text.find('.');
+  const std::size_t given = point == std::string_view::npos ? 0 : text.size() - point - 1;
+  const ColumnKind kind = decimalKind(decimals < 0 ? static_cast<int>(given) : decimals);
   if (kind == ColumnKind::Real) {
     setReal(cell, text);
     return;
@@ -98,7 +100,6 @@ void setDecimal(Cell& cell, std::string_view text, int decimals) {
     cell.integer = Currency::fromText(text).tenThousandths();
     return;
   }
-  const std::size_t point = text.find('.');
   std::int64_t count = 0;
   bool negative = false;
   for (std::size_t i = 0; i < text.size(); ++i) {
@@ -108,7 +109,6 @@ void setDecimal(Cell& cell, std::string_view text, int decimals) {
       count = count * 10 + (text[i] - '0');
     }
   }
-  const std::size_t given = point == std::string_view::npos ? 0 : text.size() - point - 1;
   for (std::size_t i = given; i < kMoneyDecimals; ++i) count *= 10;
   cell.integer = negative ? -count : count;
 }

@@ -18,7 +18,7 @@ std::string serverText(const Stored& value);
 void appendLiteral(std::string& sql, const Stored& value);
 
 /// A decimal text of an engine with exact decimals: a whole number where the column has no
-/// decimals, money up to four, else a double. `decimals` is below zero where it is not known.
+/// decimals, money up to four, else a double. Where `decimals` is below zero the text tells.
 void setDecimal(Cell& cell, std::string_view text, int decimals);
 ColumnKind decimalKind(int decimals);
 void setInteger(Cell& cell, std::string_view text);

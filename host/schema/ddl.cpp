@@ -108,8 +108,19 @@ std::string createViewText(const View& view, Engine engine) {
   return sql + " FROM " + storedNames(view.from, engine);
 }
 
-std::vector<std::string> createSchemaTexts(Engine engine) {
+std::vector<std::string> createFunctionTexts(Engine engine) {
   std::vector<std::string> result;
+  if (engine != Engine::PostgreSQL) return result;
+  for (const char* const type : {"date", "timestamp"}) {
+    result.push_back(std::string("CREATE OR REPLACE FUNCTION year(") + type +
+                     ") RETURNS integer LANGUAGE sql IMMUTABLE STRICT AS "
+                     "'SELECT CAST(EXTRACT(YEAR FROM $1) AS integer)'");
+  }
+  return result;
+}
+
+std::vector<std::string> createSchemaTexts(Engine engine) {
+  std::vector<std::string> result = createFunctionTexts(engine);
   for (const Table& table : tables()) {
     result.push_back(createTableText(table, engine));
     for (std::string& index : createIndexTexts(table, engine)) result.push_back(std::move(index));

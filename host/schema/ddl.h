@@ -20,7 +20,11 @@ std::string createTableText(const Table& table, Engine engine);
 std::vector<std::string> createIndexTexts(const Table& table, Engine engine);
 std::string createViewText(const View& view, Engine engine);
 
-/// Every statement that makes the schema, in an order that works: tables, indexes, views.
+/// The functions that the library's statements use and the engine lacks.
+std::vector<std::string> createFunctionTexts(Engine engine);
+
+/// Every statement that makes the schema, in an order that works: functions, tables, indexes,
+/// views.
 std::vector<std::string> createSchemaTexts(Engine engine);
 
 /// The name under which the engine keeps a table or view: MySQL tells letter cases apart on some

@@ -11,7 +11,7 @@ namespace {
 
 class ConnectionTest : public DataTest {
  protected:
-  std::string rowCount() { return text("SELECT COUNT(*) FROM Pay"); }
+  std::string rowCount() { return text("SELECT COUNT(*) FROM KT7TPay"); }
 };
 
 TEST(ConnectionStringTest, KeywordsAndBraces) {
@@ -75,36 +75,36 @@ TEST_F(ConnectionTest, RefusesMisuse) {
   expectStatementError([&] { connection_->BeginTrans(); }, "already open");
   connection_->CommitTrans();
   connection_->Close();
-  expectStatementError([&] { connection_->Execute("DELETE FROM Pay"); }, "closed");
-  expectStatementError([&] { opened("SELECT * FROM Pay"); }, "closed");
+  expectStatementError([&] { connection_->Execute("DELETE FROM KT7TPay"); }, "closed");
+  expectStatementError([&] { opened("SELECT * FROM KT7TPay"); }, "closed");
 }
 
 TEST_F(ConnectionTest, RunsOneStatementACall) {
-  for (const char* sql :
-       {"INSERT INTO Pay(Code) VALUES('a'); DELETE FROM Pay",
-        "INSERT INTO Pay(Code) VALUES('a');;x", "INSERT INTO Pay(Code) VALUES('a');SELECT 1",
-        "INSERT INTO Pay(Code) VALUES('a'); '"}) {
+  for (const char* sql : {"INSERT INTO KT7TPay(Code) VALUES('a'); DELETE FROM KT7TPay",
+                          "INSERT INTO KT7TPay(Code) VALUES('a');;x",
+                          "INSERT INTO KT7TPay(Code) VALUES('a');SELECT 1",
+                          "INSERT INTO KT7TPay(Code) VALUES('a'); '"}) {
     expectStatementError([&] { connection_->Execute(sql); }, "only one statement");
   }
-  expectStatementError([&] { opened("SELECT 1; DELETE FROM Pay"); }, "only one statement");
+  expectStatementError([&] { opened("SELECT 1; DELETE FROM KT7TPay"); }, "only one statement");
   expectStatementError([&] { connection_->Execute(" -- nothing"); }, "empty");
-  expectStatementError([&] { connection_->Execute(std::string("DELETE FROM Pay\0 x", 18)); },
+  expectStatementError([&] { connection_->Execute(std::string("DELETE FROM KT7TPay\0 x", 18)); },
                        "zero character");
   EXPECT_EQ(rowCount(), "0");
-  connection_->Execute("INSERT INTO Pay(Code) VALUES('a') ; -- and no more\n /* ; */ ;");
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('a') ; -- and no more\n /* ; */ ;");
   EXPECT_EQ(rowCount(), "1");
 }
 
 TEST_F(ConnectionTest, ErrorsCarryTheStatementAndTheNativeCode) {
-  connection_->Execute("CREATE UNIQUE INDEX PayCode ON Pay(Code)");
-  const std::string insert = "INSERT INTO Pay(Code) VALUES('a')";
+  connection_->Execute("CREATE UNIQUE INDEX PayCode ON KT7TPay(Code)");
+  const std::string insert = "INSERT INTO KT7TPay(Code) VALUES('a')";
   connection_->Execute(insert);
   try {
     connection_->Execute(insert);
     FAIL() << "a second row with the same code";
   } catch (const Error& error) {
     EXPECT_EQ(error.number(), error_number::kStatementFailed);
-    EXPECT_STREQ(error.what(), "UNIQUE constraint failed: Pay.Code");
+    EXPECT_STREQ(error.what(), "UNIQUE constraint failed: KT7TPay.Code");
     EXPECT_EQ(error.cause().statement, insert);
     EXPECT_EQ(error.cause().nativeCode, 2067);
   }
@@ -112,11 +112,11 @@ TEST_F(ConnectionTest, ErrorsCarryTheStatementAndTheNativeCode) {
 
 TEST_F(ConnectionTest, PoolRollsBackWhatWasLeftOpen) {
   connection_->BeginTrans();
-  connection_->Execute("INSERT INTO Pay(Code) VALUES('lost')");
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('lost')");
   connection_->Close();
   connection_->Open(connectionString());
   EXPECT_EQ(rowCount(), "0");
-  EXPECT_NO_THROW(another()->Execute("DELETE FROM Pay"));
+  EXPECT_NO_THROW(another()->Execute("DELETE FROM KT7TPay"));
 }
 
 TEST_F(ConnectionTest, PoolKeepsConnectionsApartByUserAndPassword) {
@@ -143,30 +143,30 @@ TEST_F(ConnectionTest, ADatabaseMadeAnewIsNotAnsweredFromTheOldOne) {
 }
 
 TEST_F(ConnectionTest, ASecondWriterOfTheSameThreadFailsAtOnce) {
-  connection_->Execute("INSERT INTO Pay(Code) VALUES('a')");
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('a')");
   const auto second = another();
   // A transaction may also begin by its text, and a written row locks as well.
   for (const char* begin : {"BEGIN IMMEDIATE", "BEGIN"}) {
     connection_->Execute(begin);
-    connection_->Execute("UPDATE Pay SET Flag=1");
-    expectStatementError([&] { second->Execute("UPDATE Pay SET Flag=2"); }, "of this thread");
+    connection_->Execute("UPDATE KT7TPay SET Flag=1");
+    expectStatementError([&] { second->Execute("UPDATE KT7TPay SET Flag=2"); }, "of this thread");
     expectStatementError([&] { second->BeginTrans(); }, "of this thread");
     const auto rows = createRecordset();
-    rows->Open("SELECT * FROM Pay", *second, ado::kStatic, ado::kOptimistic);
+    rows->Open("SELECT * FROM KT7TPay", *second, ado::kStatic, ado::kOptimistic);
     EXPECT_TRUE(rows->get("Flag").isNull());
     rows->set("Flag", 3);
     expectStatementError([&] { rows->Update(); }, "of this thread");
     connection_->RollbackTrans();
-    EXPECT_NO_THROW(second->Execute("UPDATE Pay SET Flag=NULL"));
+    EXPECT_NO_THROW(second->Execute("UPDATE KT7TPay SET Flag=NULL"));
   }
 }
 
 TEST_F(ConnectionTest, AnotherThreadWaitsForTheWriter) {
   connection_->BeginTrans();
-  connection_->Execute("INSERT INTO Pay(Code) VALUES('first')");
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('first')");
   std::thread other([this] {
     const auto second = another();
-    EXPECT_NO_THROW(second->Execute("INSERT INTO Pay(Code) VALUES('second')"));
+    EXPECT_NO_THROW(second->Execute("INSERT INTO KT7TPay(Code) VALUES('second')"));
   });
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
   connection_->CommitTrans();
@@ -175,20 +175,21 @@ TEST_F(ConnectionTest, AnotherThreadWaitsForTheWriter) {
 }
 
 TEST_F(ConnectionTest, ThreadsShareThePool) {
-  connection_->Execute("INSERT INTO Pay(Code,Number) VALUES('a',0)");
+  connection_->Execute("INSERT INTO KT7TPay(Code,Number) VALUES('a',0)");
   std::vector<std::thread> threads;
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([this] {
       const std::vector<std::string> key{"a"};
       for (int turn = 1; turn <= 20; ++turn) {
-        another()->Execute("UPDATE Pay SET Number=Number+1 WHERE Code='a'");
-        const Value seen = askOne(connectionString(), "SELECT Number FROM Pay WHERE Code=?", key);
+        another()->Execute("UPDATE KT7TPay SET Number=Number+1 WHERE Code='a'");
+        const Value seen =
+            askOne(connectionString(), "SELECT Number FROM KT7TPay WHERE Code=?", key);
         EXPECT_GE(seen.toInt32(), turn);
       }
     });
   }
   for (std::thread& thread : threads) thread.join();
-  EXPECT_EQ(text("SELECT Number FROM Pay"), "80");
+  EXPECT_EQ(text("SELECT Number FROM KT7TPay"), "80");
 }
 
 class Forwarding final : public WrappedConnection {
@@ -214,13 +215,13 @@ TEST_F(ConnectionTest, LookupsSeeThroughAWrapping) {
   Forwarding wrapped(*connection_);
   Forwarding twice(wrapped);
   twice.BeginTrans();
-  twice.Execute("INSERT INTO Pay(Code,Number) VALUES('it''s',7)");
+  twice.Execute("INSERT INTO KT7TPay(Code,Number) VALUES('it''s',7)");
   const std::vector<std::string> key{"it's"};
-  const std::string sql = "SELECT Number FROM Pay WHERE Code=?";
+  const std::string sql = "SELECT Number FROM KT7TPay WHERE Code=?";
   EXPECT_EQ(askOne(twice, sql, key).toInt32(), 7);
   EXPECT_TRUE(askOne(connectionString(), sql, key).isNull());  // not committed yet
   const auto rows = createRecordset();
-  rows->Open("SELECT * FROM Pay", twice, ado::kStatic, ado::kReadOnly);
+  rows->Open("SELECT * FROM KT7TPay", twice, ado::kStatic, ado::kReadOnly);
   EXPECT_EQ(rows->get("code").toText(), "it's");
   expectStatementError([&] { askOne(twice, sql, {}); }, "takes 1 parameters");
 }

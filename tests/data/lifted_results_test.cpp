@@ -15,7 +15,8 @@ class LiftedResultsTest : public DataTest {
   LiftedResultsTest() {
     connection_->Execute("CREATE TABLE Other(Name TEXT COLLATE NOCASE, Free, UNIQUE(Name))");
     connection_->Execute(
-        "INSERT INTO Pay(Code,Amount,Flag,Number,Rate,Day) VALUES('a',1.5,1,10,0.5,'2026-01-31'),"
+        "INSERT INTO KT7TPay(Code,Amount,Flag,Number,Rate,Day) "
+        "VALUES('a',1.5,1,10,0.5,'2026-01-31'),"
         "('A',2,0,20,1,'2026-02-28'),('it''s',3,NULL,30,2,NULL),('',10,1,5,3,''),('ก',4,1,1,4,'x'"
         ")");
     connection_->Execute("INSERT INTO Other VALUES('a',1),('B','1'),('it''s','b')");
@@ -65,36 +66,38 @@ class LiftedResultsTest : public DataTest {
 
 TEST_F(LiftedResultsTest, AnswerAsTheTextStands) {
   const char* const cases[] = {
-      "SELECT Code AS c FROM Pay WHERE Code='a'",
-      "SELECT Code FROM Pay WHERE Code<>'a' AND Code>='' ORDER BY Code='it''s', Code DESC",
-      "SELECT Code FROM Pay WHERE Code IN ('a','it''s','ก') ORDER BY 1",
-      "SELECT Code FROM Pay WHERE Code LIKE 'A%' ORDER BY 1",
-      "SELECT Code FROM Pay WHERE Code LIKE 'i!t%' ESCAPE '!'",
-      "SELECT Code FROM Pay WHERE Day BETWEEN '2026-01-01' AND '2026-12-31' ORDER BY 1",
-      "SELECT Code FROM Pay WHERE Amount='1.5' OR Amount='2.0' OR Flag='1 ' ORDER BY 1",
-      "SELECT Code FROM Pay WHERE Amount>'9' ORDER BY 1",
-      "SELECT Code FROM Pay WHERE Number IN ('10','5') AND PayRowID<>'4'",
-      "SELECT Code FROM Pay WHERE PayRowID='1'",
-      "SELECT Code FROM Pay WHERE PayRowID='one'",
-      "SELECT Code FROM Pay WHERE Number+1='11' OR '20'=Number",
-      "SELECT Code FROM Pay WHERE (Code,Number)=('a','10')",
-      "SELECT Code FROM Pay WHERE CAST('10' AS INTEGER)=Number AND ''<>1",
-      "SELECT Code FROM Pay WHERE Code='A' COLLATE NOCASE ORDER BY 1",
-      "SELECT Code FROM Pay WHERE lower(Code)=lower('A') ORDER BY 1",
+      "SELECT Code AS c FROM KT7TPay WHERE Code='a'",
+      "SELECT Code FROM KT7TPay WHERE Code<>'a' AND Code>='' ORDER BY Code='it''s', Code DESC",
+      "SELECT Code FROM KT7TPay WHERE Code IN ('a','it''s','ก') ORDER BY 1",
+      "SELECT Code FROM KT7TPay WHERE Code LIKE 'A%' ORDER BY 1",
+      "SELECT Code FROM KT7TPay WHERE Code LIKE 'i!t%' ESCAPE '!'",
+      "SELECT Code FROM KT7TPay WHERE Day BETWEEN '2026-01-01' AND '2026-12-31' ORDER BY 1",
+      "SELECT Code FROM KT7TPay WHERE Amount='1.5' OR Amount='2.0' OR Flag='1 ' ORDER BY 1",
+      "SELECT Code FROM KT7TPay WHERE Amount>'9' ORDER BY 1",
+      "SELECT Code FROM KT7TPay WHERE Number IN ('10','5') AND PayRowID<>'4'",
+      "SELECT Code FROM KT7TPay WHERE PayRowID='1'",
+      "SELECT Code FROM KT7TPay WHERE PayRowID='one'",
+      "SELECT Code FROM KT7TPay WHERE Number+1='11' OR '20'=Number",
+      "SELECT Code FROM KT7TPay WHERE (Code,Number)=('a','10')",
+      "SELECT Code FROM KT7TPay WHERE CAST('10' AS INTEGER)=Number AND ''<>1",
+      "SELECT Code FROM KT7TPay WHERE Code='A' COLLATE NOCASE ORDER BY 1",
+      "SELECT Code FROM KT7TPay WHERE lower(Code)=lower('A') ORDER BY 1",
       "SELECT Name FROM Other WHERE Name='b' OR Free='1' ORDER BY Name",
       "SELECT Name FROM Other WHERE Free=1 OR Name IN ('IT''S') ORDER BY Name",
-      "SELECT Code FROM Pay p WHERE EXISTS(SELECT 1 FROM Other WHERE Name=p.Code AND Name<>'a')",
-      "SELECT Code='a', 'x', (SELECT Name FROM Other WHERE Name='b') FROM Pay WHERE Code='a'",
-      "SELECT * FROM (SELECT Code='a', Number FROM Pay WHERE Code>'') WHERE Number>'5' ORDER BY 2",
-      "SELECT Code FROM Pay WHERE Code='a' UNION SELECT 'z' ORDER BY 1",
-      "SELECT max(Number) FROM Pay WHERE Code>'' GROUP BY Code='a' HAVING max(Code)<>'q'",
-      "SELECT Code FROM Pay WHERE Code='a' -- and 'not' this",
-      "SELECT Code FROM Pay WHERE Nothing='a'",
-      "SELECT Code FROM Pay WHERE Code='a' 'b'",
-      "SELECT Code FROM Pay WHERE Code='a' y'",
-      "SELECT Code FROM Pay WHERE (Code='a'",
-      "SELECT Code FROM Pay WHERE Code IN 'Nothing'",
-      "SELECT Code FROM Pay WHERE CAST(Code AS VARCHAR('x'))='a'",
+      "SELECT Code FROM KT7TPay p WHERE EXISTS(SELECT 1 FROM Other WHERE Name=p.Code AND "
+      "Name<>'a')",
+      "SELECT Code='a', 'x', (SELECT Name FROM Other WHERE Name='b') FROM KT7TPay WHERE Code='a'",
+      "SELECT * FROM (SELECT Code='a', Number FROM KT7TPay WHERE Code>'') WHERE Number>'5' ORDER "
+      "BY 2",
+      "SELECT Code FROM KT7TPay WHERE Code='a' UNION SELECT 'z' ORDER BY 1",
+      "SELECT max(Number) FROM KT7TPay WHERE Code>'' GROUP BY Code='a' HAVING max(Code)<>'q'",
+      "SELECT Code FROM KT7TPay WHERE Code='a' -- and 'not' this",
+      "SELECT Code FROM KT7TPay WHERE Nothing='a'",
+      "SELECT Code FROM KT7TPay WHERE Code='a' 'b'",
+      "SELECT Code FROM KT7TPay WHERE Code='a' y'",
+      "SELECT Code FROM KT7TPay WHERE (Code='a'",
+      "SELECT Code FROM KT7TPay WHERE Code IN 'Nothing'",
+      "SELECT Code FROM KT7TPay WHERE CAST(Code AS VARCHAR('x'))='a'",
   };
   for (const char* const sql : cases) {
     const Rows expected = plainly(sql);
@@ -105,19 +108,19 @@ TEST_F(LiftedResultsTest, AnswerAsTheTextStands) {
 
 TEST_F(LiftedResultsTest, WriteAsTheTextStands) {
   const char* const cases[] = {
-      "UPDATE Pay SET Code='x''y',Amount='7.5',Number='12' WHERE Code='a'",
-      "UPDATE Pay SET Code=Code||'z' WHERE Amount='2'",
-      "UPDATE Pay SET 'Code'='q' WHERE Day=''",
-      "UPDATE Pay SET Flag=2,'Code'='q' WHERE Day=''",
-      "UPDATE Pay SET (Code,Amount)=('r','1') WHERE Flag IS NULL",
-      "DELETE FROM Pay WHERE Number<'15' AND Code<>'ก'",
-      "INSERT INTO Pay('Code',Amount,Flag,Number,Rate,Day) VALUES('','012','x','1e2','3','')",
-      "INSERT INTO Pay(Code,Number) SELECT 'new',Number FROM Pay WHERE Code='a'",
+      "UPDATE KT7TPay SET Code='x''y',Amount='7.5',Number='12' WHERE Code='a'",
+      "UPDATE KT7TPay SET Code=Code||'z' WHERE Amount='2'",
+      "UPDATE KT7TPay SET 'Code'='q' WHERE Day=''",
+      "UPDATE KT7TPay SET Flag=2,'Code'='q' WHERE Day=''",
+      "UPDATE KT7TPay SET (Code,Amount)=('r','1') WHERE Flag IS NULL",
+      "DELETE FROM KT7TPay WHERE Number<'15' AND Code<>'ก'",
+      "INSERT INTO KT7TPay('Code',Amount,Flag,Number,Rate,Day) VALUES('','012','x','1e2','3','')",
+      "INSERT INTO KT7TPay(Code,Number) SELECT 'new',Number FROM KT7TPay WHERE Code='a'",
       "INSERT INTO Other VALUES('A','9') ON CONFLICT(Name) DO UPDATE SET Free='8' WHERE Name='a'",
   };
   const std::string dump =
       "SELECT group_concat(line,'/') AS line FROM (SELECT quote(PayRowID)||quote(Code)||quote("
-      "Amount)||quote(Flag)||quote(Number)||quote(Rate)||quote(Day) AS line FROM Pay UNION ALL "
+      "Amount)||quote(Flag)||quote(Number)||quote(Rate)||quote(Day) AS line FROM KT7TPay UNION ALL "
       "SELECT quote(Name)||quote(Free) FROM Other)";
   const Rows before = plainly(dump);
   for (const char* const sql : cases) {

@@ -7,42 +7,42 @@ namespace {
 class RecordsetTest : public DataTest {
  protected:
   RecordsetTest() {
-    connection_->Execute("INSERT INTO Pay(Code,Number) VALUES('a',1),('b',2),('c',3)");
+    connection_->Execute("INSERT INTO KT7TPay(Code,Number) VALUES('a',1),('b',2),('c',3)");
   }
   std::unique_ptr<ado::Recordset> edited(const std::string& condition = "") {
-    return opened("SELECT * FROM Pay " + condition + " ORDER BY PayRowID", ado::kOptimistic);
+    return opened("SELECT * FROM KT7TPay " + condition + " ORDER BY PayRowID", ado::kOptimistic);
   }
-  std::string numbers() { return text("SELECT group_concat(Number) FROM Pay"); }
+  std::string numbers() { return text("SELECT group_concat(Number) FROM KT7TPay"); }
 };
 
 TEST_F(RecordsetTest, IsASnapshot) {
   std::string codes;
-  const auto rows = opened("SELECT Code,Number FROM Pay ORDER BY Code");
+  const auto rows = opened("SELECT Code,Number FROM KT7TPay ORDER BY Code");
   for (; !rows->Eof(); rows->MoveNext()) {
     codes += rows->get("CODE").toText();
-    connection_->Execute("UPDATE Pay SET Code=Code||'+'");
-    connection_->Execute("DELETE FROM Pay WHERE Code LIKE 'c%'");
-    connection_->Execute("INSERT INTO Pay(Code) VALUES('z')");
+    connection_->Execute("UPDATE KT7TPay SET Code=Code||'+'");
+    connection_->Execute("DELETE FROM KT7TPay WHERE Code LIKE 'c%'");
+    connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('z')");
   }
   EXPECT_EQ(codes, "abc");
 }
 
 TEST_F(RecordsetTest, SnapshotsDoNotShareTheirRows) {
-  const auto first = opened("SELECT Code FROM Pay WHERE Code='a'");
-  const auto second = opened("SELECT Code FROM Pay WHERE Code='b'");
+  const auto first = opened("SELECT Code FROM KT7TPay WHERE Code='a'");
+  const auto second = opened("SELECT Code FROM KT7TPay WHERE Code='b'");
   opened("SELECT 'other text' AS Code")->Close();
   EXPECT_EQ(first->get("Code").toText() + second->get("Code").toText(), "ab");
 }
 
 TEST_F(RecordsetTest, WorksOnAConnectionOfItsOwn) {
   const auto rows = createRecordset();
-  rows->Open("SELECT * FROM Pay WHERE Code='b'", connectionString(), ado::kStatic,
+  rows->Open("SELECT * FROM KT7TPay WHERE Code='b'", connectionString(), ado::kStatic,
              ado::kOptimistic);
   connection_->Close();
   rows->set("Number", 20);
   rows->Update();
   rows->Close();
-  rows->Open("SELECT Number FROM Pay WHERE Code='b'", connectionString(), ado::kStatic,
+  rows->Open("SELECT Number FROM KT7TPay WHERE Code='b'", connectionString(), ado::kStatic,
              ado::kReadOnly);
   EXPECT_EQ(rows->get("Number").toInt32(), 20);
   rows->MoveNext();
@@ -52,13 +52,13 @@ TEST_F(RecordsetTest, WorksOnAConnectionOfItsOwn) {
 TEST_F(RecordsetTest, UpdateWritesOnlyWhatWasAssigned) {
   const auto rows = edited();
   rows->MoveNext();
-  connection_->Execute("UPDATE Pay SET Code='changed elsewhere'");
+  connection_->Execute("UPDATE KT7TPay SET Code='changed elsewhere'");
   rows->set("number", 22);
   EXPECT_EQ(rows->get("Number").toInt32(), 22);
   EXPECT_EQ(numbers(), "1,2,3");
   rows->Update();
   EXPECT_EQ(numbers(), "1,22,3");
-  EXPECT_EQ(text("SELECT Code FROM Pay WHERE Number=22"), "changed elsewhere");
+  EXPECT_EQ(text("SELECT Code FROM KT7TPay WHERE Number=22"), "changed elsewhere");
   rows->Update();
   EXPECT_EQ(rows->get("Number").toInt32(), 22);
   EXPECT_EQ(rows->get("Code").toText(), "b");
@@ -102,18 +102,18 @@ TEST_F(RecordsetTest, ANewRowIsEmptyAndThenCurrent) {
 }
 
 TEST_F(RecordsetTest, ARowKeepsWhatItWasGivenWhenItsUpdateFails) {
-  connection_->Execute("CREATE UNIQUE INDEX PayCode ON Pay(Code)");
+  connection_->Execute("CREATE UNIQUE INDEX PayCode ON KT7TPay(Code)");
   const auto rows = edited();
   rows->set("Code", "b");
   expectStatementError([&] { rows->Update(); }, "UNIQUE constraint failed");
   rows->set("Code", "free");
   rows->Update();
-  EXPECT_EQ(text("SELECT Code FROM Pay WHERE Number=1"), "free");
+  EXPECT_EQ(text("SELECT Code FROM KT7TPay WHERE Number=1"), "free");
 }
 
 TEST_F(RecordsetTest, ARowThatIsGoneIsAnError) {
   const auto rows = edited();
-  connection_->Execute("DELETE FROM Pay WHERE Code='a'");
+  connection_->Execute("DELETE FROM KT7TPay WHERE Code='a'");
   rows->set("Number", 9);
   expectStatementError([&] { rows->Update(); }, "no longer there");
   EXPECT_EQ(numbers(), "2,3");
@@ -145,7 +145,7 @@ TEST_F(RecordsetTest, RefusesMisuse) {
   expectStatementError([&] { closed->Eof(); }, "closed");
   expectStatementError([&] { closed->Fields(); }, "closed");
   expectStatementError([&] { closed->Close(); }, "closed");
-  const auto reading = opened("SELECT * FROM Pay WHERE Code='none'");
+  const auto reading = opened("SELECT * FROM KT7TPay WHERE Code='none'");
   expectStatementError([&] { reading->Open("SELECT 1", *connection_, 3, 1); }, "already open");
   expectStatementError([&] { reading->get("Code"); }, "no current row");
   expectStatementError([&] { reading->MoveNext(); }, "no current row");
@@ -154,7 +154,7 @@ TEST_F(RecordsetTest, RefusesMisuse) {
   expectStatementError([&] { reading->Update(); }, "reading only");
   const auto editing = edited("WHERE Code='none'");
   expectStatementError([&] { editing->set("Code", "x"); }, "no current row");
-  expectStatementError([&] { opened("UPDATE Pay SET Number=0"); }, "answers no rows");
+  expectStatementError([&] { opened("UPDATE KT7TPay SET Number=0"); }, "answers no rows");
   EXPECT_EQ(numbers(), "1,2,3");
 }
 
@@ -173,7 +173,7 @@ TEST_F(RecordsetTest, AFailedOpenLeavesItClosed) {
   // Fails in its second row, after the first has been read.
   const std::string sql =
       "SELECT abs(CASE WHEN Number=1 THEN 1 ELSE -9223372036854775808 END) "
-      "FROM Pay ORDER BY PayRowID";
+      "FROM KT7TPay ORDER BY PayRowID";
   expectStatementError([&] { rows->Open(sql, *connection_, 3, 1); }, "integer overflow");
   expectStatementError([&] { rows->Eof(); }, "closed");
   rows->Open("SELECT 1 AS One", *connection_, 3, 1);
@@ -181,10 +181,10 @@ TEST_F(RecordsetTest, AFailedOpenLeavesItClosed) {
 }
 
 TEST_F(RecordsetTest, SeesAColumnThatCameLater) {
-  const std::string sql = "SELECT * FROM Pay WHERE Code='a'";
+  const std::string sql = "SELECT * FROM KT7TPay WHERE Code='a'";
   opened(sql)->Close();
-  connection_->Execute("ALTER TABLE Pay ADD COLUMN Later DATE");
-  connection_->Execute("UPDATE Pay SET Later='2026-01-31'");
+  connection_->Execute("ALTER TABLE KT7TPay ADD COLUMN Later DATE");
+  connection_->Execute("UPDATE KT7TPay SET Later='2026-01-31'");
   EXPECT_EQ(opened(sql)->get("Later"), Value(Date::fromYmd(2026, 1, 31)));
 }
 

@@ -23,7 +23,9 @@ class DataTest : public ::testing::Test {
   DataTest() {
     database_.make();
     connection_->Open(connectionString());
-    connection_->Execute(schema::createTableText(payTable(), schema::engineOf(engine().kind)));
+    const schema::Engine dialect = schema::engineOf(engine().kind);
+    for (const std::string& sql : schema::createFunctionTexts(dialect)) connection_->Execute(sql);
+    connection_->Execute(schema::createTableText(payTable(), dialect));
   }
 
   std::filesystem::path file() const { return database_.file(); }
@@ -31,7 +33,7 @@ class DataTest : public ::testing::Test {
 
   static schema::Table payTable() {
     using enum schema::ColumnType;
-    return {"Pay",
+    return {"KT7TPay",
             {{"PayRowID", RowId},
              {"Code", Text, 200},
              {"Amount", Money},

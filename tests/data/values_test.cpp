@@ -45,30 +45,30 @@ TEST_F(ValuesTest, AssignedValuesComeBack) {
       {"Day", Value(), "NULL", Value()},
   };
   for (const Case& c : cases) {
-    connection_->Execute("DELETE FROM Pay");
-    auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
+    connection_->Execute("DELETE FROM KT7TPay");
+    auto rows = opened("SELECT * FROM KT7TPay", ado::kOptimistic);
     rows->AddNew();
     rows->set(c.column, c.assigned);
     rows->Update();
     const std::string column = c.column;
-    EXPECT_EQ(text("SELECT quote(" + column + ") FROM Pay"), c.kept) << column;
-    EXPECT_EQ(opened("SELECT * FROM Pay")->get(column), c.read) << column << " " << c.kept;
-    EXPECT_EQ(ask("SELECT " + column + " FROM Pay"), c.read) << column << " " << c.kept;
+    EXPECT_EQ(text("SELECT quote(" + column + ") FROM KT7TPay"), c.kept) << column;
+    EXPECT_EQ(opened("SELECT * FROM KT7TPay")->get(column), c.read) << column << " " << c.kept;
+    EXPECT_EQ(ask("SELECT " + column + " FROM KT7TPay"), c.read) << column << " " << c.kept;
   }
 }
 
 TEST_F(ValuesTest, WhatWouldNotComeBackIsRefused) {
-  const auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
+  const auto rows = opened("SELECT * FROM KT7TPay", ado::kOptimistic);
   rows->AddNew();
   rows->set("Amount", money("900000000000000.0001"));
   expectStatementError([&] { rows->Update(); }, "900000000000000.0001");
   rows->set("Amount", std::numeric_limits<double>::quiet_NaN());
   expectStatementError([&] { rows->Update(); }, "undefined");
-  EXPECT_EQ(text("SELECT COUNT(*) FROM Pay"), "0");
+  EXPECT_EQ(text("SELECT COUNT(*) FROM KT7TPay"), "0");
 }
 
 TEST_F(ValuesTest, EveryFractionOfFifteenDigitsComesBack) {
-  const auto rows = opened("SELECT * FROM Pay", ado::kOptimistic);
+  const auto rows = opened("SELECT * FROM KT7TPay", ado::kOptimistic);
   rows->AddNew();
   rows->set("Code", "x");
   rows->Update();
@@ -76,7 +76,7 @@ TEST_F(ValuesTest, EveryFractionOfFifteenDigitsComesBack) {
     const auto amount = Currency::fromTenThousandths(count);
     rows->set("Amount", amount);
     rows->Update();
-    EXPECT_EQ(ask("SELECT Amount FROM Pay"), Value(amount));
+    EXPECT_EQ(ask("SELECT Amount FROM KT7TPay"), Value(amount));
   }
 }
 
@@ -119,7 +119,7 @@ TEST_F(ValuesTest, DeclaredTypesDecideHowAValueIsRead) {
 
 TEST_F(ValuesTest, YearComparesWithNumbersAndTexts) {
   connection_->Execute(
-      "INSERT INTO Pay(Code,Day,Moment) VALUES('a','2016-12-31','2017-01-01 00:00:00'),"
+      "INSERT INTO KT7TPay(Code,Day,Moment) VALUES('a','2016-12-31','2017-01-01 00:00:00'),"
       "('b',NULL,NULL),('c','','2016'),('d','2016-02-30','x')");
   struct Case {
     const char* question;
@@ -133,20 +133,21 @@ TEST_F(ValuesTest, YearComparesWithNumbersAndTexts) {
       {"year(Day) IN ('2015','2016')", "a"},
       {"year(Day) IS NULL", "b,c,d"},
       {"year(Moment) IS NULL", "b,c,d"},
-      {"Day IN (SELECT TOP 1 Day FROM Pay WHERE year(Day)='2016')", "a"},
+      {"Day IN (SELECT TOP 1 Day FROM KT7TPay WHERE year(Day)='2016')", "a"},
   };
   for (const Case& c : cases) {
-    const std::string sql = std::string("SELECT group_concat(Code) FROM Pay WHERE ") + c.question;
+    const std::string sql =
+        std::string("SELECT group_concat(Code) FROM KT7TPay WHERE ") + c.question;
     EXPECT_EQ(text(sql), c.codes) << c.question;
     EXPECT_EQ(opened(sql)->get("group_concat(Code)").joinedText(), c.codes) << c.question;
   }
-  EXPECT_EQ(opened("SELECT year(Day) FROM Pay")->get("year(Day)"), Value(std::int32_t{2016}));
+  EXPECT_EQ(opened("SELECT year(Day) FROM KT7TPay")->get("year(Day)"), Value(std::int32_t{2016}));
 }
 
 TEST_F(ValuesTest, CodesCompareByteForByte) {
-  connection_->Execute("INSERT INTO Pay(Code) VALUES('a'),('A'),('a ')");
-  EXPECT_EQ(text("SELECT COUNT(*) FROM Pay WHERE Code='a'"), "1");
-  EXPECT_EQ(ask("SELECT COUNT(*) FROM Pay WHERE Code=?", {"a "}), Value(std::int32_t{1}));
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('a'),('A'),('a ')");
+  EXPECT_EQ(text("SELECT COUNT(*) FROM KT7TPay WHERE Code='a'"), "1");
+  EXPECT_EQ(ask("SELECT COUNT(*) FROM KT7TPay WHERE Code=?", {"a "}), Value(std::int32_t{1}));
 }
 
 }  // namespace

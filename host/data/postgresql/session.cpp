@@ -1,0 +1,362 @@
+#include "host/data/postgresql/session.h"
+
+#include <charconv>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/data/server_values.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr std::size_t kKeptStatements = 64;
+constexpr std::size_t kKeptShapes = 64;
+constexpr int kNotDecimal = -2;
+constexpr Dialect kPostgresqlDialect{
+    .limitForTop = true, .liftsLiterals = true, .numberedPlaceholders = true};
+constexpr Dialect kUnlifted{.limitForTop = true, .numberedPlaceholders = true};
+
+/// Types by their fixed numbers in the catalogue.
+enum TypeNumber : Oid {
+  kBool = 16,
+  kInt8 = 20,
+  kInt2 = 21,
+  kInt4 = 23,
+  kOid = 26,
+  kFloat4 = 700,
+  kFloat8 = 701,
+  kDate = 1082,
+  kTimestamp = 1114,
+  kTimestampZone = 1184,
+  kNumeric = 1700
+};
+
+ColumnKind kindOf(Oid type, int decimals) {
+  switch (type) {
+    case kBool:
+    case kInt2:
+      return ColumnKind::SmallInteger;
+    case kInt4:
+    case kInt8:
+    case kOid:
+      return ColumnKind::Integer;
+    case kFloat4:
+    case kFloat8:
+      return ColumnKind::Real;
+    case kNumeric:
+      return decimals < 0 ? ColumnKind::Other : decimalKind(decimals);
+    case kDate:
+      return ColumnKind::Day;
+    case kTimestamp:
+    case kTimestampZone:
+      return ColumnKind::Moment;
+    default:
+      return ColumnKind::Text;
+  }
+}
+
+/// The decimals of a NUMERIC(p,s); -1 where the type does not say.
+int decimalsOf(int modifier) {
+  constexpr int kHeader = 4;
+  constexpr int kScaleMask = 0x7ff;
+  return modifier < kHeader ? -1 : (modifier - kHeader) & kScaleMask;
+}
+
+std::string_view stateOf(const PGresult* result) {
+  const char* const state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
+  return state == nullptr ? std::string_view{} : std::string_view(state);
+}
+
+std::string messageOf(PGconn* connection, const PGresult* result) {
+  const char* const primary = PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY);
+  return std::string(trimmedBlanks(primary != nullptr ? primary : PQerrorMessage(connection)));
+}
+
+/// The plan no longer fits the tables, or the server forgot the statement.
+bool isStale(std::string_view state) { return state == "0A000" || state == "26000"; }
+
+/// What a text that is only refused with its values lifted is refused for.
+bool isTypeless(std::string_view state) {
+  return state == "42P18" || state == "42P08" || state == "42725" || state == "42804" ||
+         state == "42883";
+}
+
+std::vector<const char*> pointers(std::span<const std::string> texts) {
+  std::vector<const char*> result;
+  for (const std::string& text : texts) result.push_back(text.c_str());
+  return result;
+}
+
+}  // namespace
+
+PostgresqlSession::PostgresqlSession(PostgresqlHandle connection)
+    : connection_(std::move(connection)),
+      statements_(kKeptStatements),
+      fixed_(kKeptStatements),
+      shapes_(kKeptShapes) {
+  PQsetNoticeProcessor(
+      connection_.get(), [](void*, const char*) {}, nullptr);
+}
+
+void PostgresqlSession::fail(const PGresult* result, const std::string& sql) {
+  PGconn* const handle = connection_.get();
+  const std::string text = messageOf(handle, result);
+  const std::string state(stateOf(result));
+  if (PQstatus(handle) == CONNECTION_BAD || state.starts_with("57P")) {
+    lost_ = true;
+    raiseConnectionLost(text, sql, 0, writes_ && (!begun_ || sql == "COMMIT"));
+  }
+  const DatabaseCause cause{sql, 0, state};
+  if (state == "25P02") {
+    raiseStatementFailed(text + "; the first error was: " + firstCause_, cause);
+  }
+  if (inTransaction() && firstCause_.empty()) firstCause_ = text;
+  if (state == "55P03") {
+    raiseStatementFailed(
+        "the rows are locked: another connection, perhaps of this same thread, has a transaction "
+        "open that writes to them; commit or roll back that one first (" +
+            text + ")",
+        cause);
+  }
+  raiseStatementFailed(text, cause);
+}
+
+PostgresqlResult PostgresqlSession::checked(PostgresqlResult result, const std::string& sql) {
+  const ExecStatusType status = PQresultStatus(result.get());
+  if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) fail(result.get(), sql);
+  return result;
+}
+
+PostgresqlResult PostgresqlSession::send(const std::string& text,
+                                         std::span<const char* const> values) {
+  return PostgresqlResult(PQexecParams(connection_.get(), text.c_str(),
+                                       static_cast<int>(values.size()), nullptr, values.data(),
+                                       nullptr, nullptr, 0));
+}
+
+std::shared_ptr<const std::string> PostgresqlSession::prepare(const std::string& text,
+                                                              const std::string& sql) {
+  const auto drop = [this](const std::string* name) {
+    dropped_.push_back(*name);
+    delete name;
+  };
+  const std::string name = "kt7_" + std::to_string(++made_);
+  checked(PostgresqlResult(PQprepare(connection_.get(), name.c_str(), text.c_str(), 0, nullptr)),
+          sql);
+  return {new std::string(name), drop};
+}
+
+/// Outside the path of an error: a statement that fell out of the cache costs one message more.
+void PostgresqlSession::closeDropped() {
+  if (dropped_.empty() || PQtransactionStatus(connection_.get()) == PQTRANS_INERROR) return;
+  const std::vector<std::string> names = std::move(dropped_);
+  dropped_.clear();
+  for (const std::string& name : names) send("DEALLOCATE " + name, {});
+}
+
+PostgresqlResult PostgresqlSession::runKept(const std::string& text,
+                                            std::span<const char* const> values,
+                                            const std::string& sql) {
+  writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT");
+  Kept* kept = statements_.find(text);
+  if (kept == nullptr) {
+    statements_.keep(text, {});
+    closeDropped();
+    return send(text, values);
+  }
+  if (kept->name == nullptr) kept->name = prepare(text, sql);
+  PostgresqlResult result(PQexecPrepared(connection_.get(), kept->name->c_str(),
+                                         static_cast<int>(values.size()), values.data(), nullptr,
+                                         nullptr, 0));
+  if (!isStale(stateOf(result.get()))) return result;
+  kept->name.reset();
+  closeDropped();
+  return inTransaction() ? std::move(result) : send(text, values);
+}
+
+PostgresqlResult PostgresqlSession::run(const std::string& sql) {
+  text_.readOne(sql, kPostgresqlDialect);
+  const std::vector<const char*> values = pointers(text_.literals());
+  const std::string text(text_.text());
+  PostgresqlResult result = runKept(text, values, sql);
+  if (!values.empty() && isTypeless(stateOf(result.get())) && !inTransaction()) {
+    // Refused with its values lifted: what the engine says to the text as it stands counts.
+    text_.readOne(sql, kUnlifted);
+    result = send(std::string(text_.text()), {});
+  }
+  return checked(std::move(result), sql);
+}
+
+PostgresqlResult PostgresqlSession::runFixed(const std::string& sql,
+                                             std::span<const Stored> values) {
+  const std::string* text = fixed_.find(sql);
+  if (text == nullptr) {
+    text_.read(sql, kUnlifted);
+    text = &fixed_.keep(sql, std::string(text_.text()));
+  }
+  std::vector<std::string> texts;
+  std::vector<const char*> bound;
+  texts.reserve(values.size());
+  for (const Stored& value : values) {
+    const bool isNull = std::holds_alternative<Null>(value);
+    if (!isNull) texts.push_back(serverText(value));
+    bound.push_back(isNull ? nullptr : texts.back().c_str());
+  }
+  return checked(runKept(*text, bound, sql), sql);
+}
+
+void PostgresqlSession::execute(const std::string& sql) { run(sql); }
+
+void PostgresqlSession::query(const std::string& sql, Snapshot& rows) {
+  readRows(*run(sql), rows, sql);
+}
+
+void PostgresqlSession::readRows(const PGresult& result, Snapshot& rows, const std::string& sql) {
+  if (PQresultStatus(&result) != PGRES_TUPLES_OK) {
+    raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+  }
+  const Shape& shape = shapeOf(result);
+  rows.start(shape.columns);
+  const int count = PQntuples(&result);
+  const int columns = PQnfields(&result);
+  for (int row = 0; row < count; ++row) {
+    Cell* cell = rows.addRow();
+    for (int i = 0; i < columns; ++i, ++cell) {
+      if (PQgetisnull(&result, row, i) != 0) continue;
+      const auto column = static_cast<std::size_t>(i);
+      const std::string_view text(PQgetvalue(&result, row, i),
+                                  static_cast<std::size_t>(PQgetlength(&result, row, i)));
+      if (shape.decimals[column] != kNotDecimal) {
+        setDecimal(*cell, text, shape.decimals[column]);
+        continue;
+      }
+      switch ((*shape.columns)[column].kind) {
+        case ColumnKind::SmallInteger:
+        case ColumnKind::Integer:
+          setInteger(*cell, text == "t" ? "1" : text == "f" ? "0" : text);
+          break;
+        case ColumnKind::Real:
+          setReal(*cell, text);
+          break;
+        default:
+          rows.setText(*cell, text);
+      }
+    }
+  }
+}
+
+const PostgresqlSession::Shape& PostgresqlSession::shapeOf(const PGresult& result) {
+  const int count = PQnfields(&result);
+  shapeKey_.clear();
+  for (int i = 0; i < count; ++i) {
+    shapeKey_.append(PQfname(&result, i)) += ' ';
+    const std::uint32_t type[] = {PQftype(&result, i),
+                                  static_cast<std::uint32_t>(PQfmod(&result, i))};
+    shapeKey_.append(reinterpret_cast<const char*>(type), sizeof type);
+  }
+  if (const Shape* const kept = shapes_.find(shapeKey_)) return *kept;
+  Shape shape;
+  std::vector<Column> columns;
+  for (int i = 0; i < count; ++i) {
+    const bool decimal = PQftype(&result, i) == kNumeric;
+    const int decimals = decimal ? decimalsOf(PQfmod(&result, i)) : kNotDecimal;
+    columns.push_back({PQfname(&result, i), kindOf(PQftype(&result, i), decimals)});
+    shape.decimals.push_back(decimals);
+  }
+  shape.columns = std::make_shared<const ResultShape>(std::move(columns));
+  return shapes_.keep(shapeKey_, std::move(shape));
+}
+
+Value PostgresqlSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
+  const std::vector<Stored> values(parameters.begin(), parameters.end());
+  Snapshot rows;
+  readRows(*runFixed(sql, values), rows, sql);
+  return rows.rowCount() == 0 ? Value() : rows.value(0, 0);
+}
+
+Stored PostgresqlSession::stored(const Value& value, ColumnKind kind) const {
+  return storedOnServer(value, kind);
+}
+
+std::int64_t PostgresqlSession::change(const std::string& sql, std::span<const Stored> values) {
+  const PostgresqlResult result = runFixed(sql, values);
+  const std::string_view count = PQcmdTuples(result.get());
+  std::int64_t changed = 0;
+  std::from_chars(count.data(), count.data() + count.size(), changed);
+  return changed;
+}
+
+std::int64_t PostgresqlSession::insert(const std::string& sql, std::span<const Stored> values,
+                                       const std::string& key) {
+  if (key.empty()) return change(sql, values), 0;
+  Snapshot rows;
+  readRows(*runFixed(sql + " RETURNING " + key, values), rows, sql);
+  return rows.value(0, 0).toInt32();
+}
+
+std::string PostgresqlSession::primaryKey(const std::string& table) {
+  const std::string folded = lowerCase(table);
+  if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
+    return known->second;
+  }
+  const std::string name =
+      askOne(
+          "SELECT MAX(CAST(a.attname AS text)) FROM pg_index i JOIN pg_attribute a ON "
+          "a.attrelid=i.indrelid AND a.attnum=ANY(i.indkey) WHERE i.indisprimary AND "
+          "i.indrelid=to_regclass(?) HAVING COUNT(*)=1",
+          {&folded, 1})
+          .joinedText();
+  if (!name.empty()) primaryKeys_.emplace(folded, name);
+  return name;
+}
+
+PostgresqlResult PostgresqlSession::control(const std::string& statement) {
+  writes_ = true;
+  return checked(send(statement, {}), statement);
+}
+
+bool PostgresqlSession::inTransaction() const {
+  const PGTransactionStatusType status = PQtransactionStatus(connection_.get());
+  return status == PQTRANS_INTRANS || status == PQTRANS_INERROR || status == PQTRANS_ACTIVE;
+}
+
+void PostgresqlSession::begin() {
+  if (inTransaction()) {
+    raiseStatementFailed("a transaction is already open on this connection", {"BEGIN", 0, {}});
+  }
+  firstCause_.clear();
+  control("BEGIN");
+  begun_ = true;
+}
+
+void PostgresqlSession::commit() {
+  if (!inTransaction()) {
+    raiseStatementFailed("no transaction is open on this connection", {"COMMIT", 0, {}});
+  }
+  const PostgresqlResult result = control("COMMIT");
+  begun_ = false;
+  // An aborted transaction is rolled back by a COMMIT that reports no error.
+  if (std::string_view(PQcmdStatus(result.get())) != "COMMIT") {
+    raiseStatementFailed(
+        "the transaction could not be committed and was rolled back; the first error was: " +
+            firstCause_,
+        {"COMMIT", 0, "25P02"});
+  }
+}
+
+void PostgresqlSession::rollback() {
+  if (!inTransaction()) {
+    raiseStatementFailed("no transaction is open on this connection", {"ROLLBACK", 0, {}});
+  }
+  control("ROLLBACK");
+  begun_ = false;
+}
+
+bool PostgresqlSession::usable() {
+  if (lost_) return false;
+  const PostgresqlResult result = send("SELECT 1", {});
+  return PQresultStatus(result.get()) == PGRES_TUPLES_OK;
+}
+
+}  // namespace kt7::data

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <postgresql/libpq-fe.h>
+
+#include <map>
+
+#include "host/data/lru_cache.h"
+#include "host/data/session.h"
+#include "host/data/statement_text.h"
+
+namespace kt7::data {
+
+struct ClosePostgresql {
+  void operator()(PGconn* connection) const { PQfinish(connection); }
+  void operator()(PGresult* result) const { PQclear(result); }
+};
+using PostgresqlHandle = std::unique_ptr<PGconn, ClosePostgresql>;
+using PostgresqlResult = std::unique_ptr<PGresult, ClosePostgresql>;
+
+/// A connection to one server. Quoted values are lifted out of the texts and bound, and the last
+/// statements are kept prepared by what is left.
+class PostgresqlSession final : public Session {
+ public:
+  explicit PostgresqlSession(PostgresqlHandle connection);
+
+  void execute(const std::string& sql) override;
+  void query(const std::string& sql, Snapshot& rows) override;
+  Value askOne(const std::string& sql, std::span<const std::string> parameters) override;
+  Stored stored(const Value& value, ColumnKind kind) const override;
+  std::int64_t change(const std::string& sql, std::span<const Stored> values) override;
+  std::int64_t insert(const std::string& sql, std::span<const Stored> values,
+                      const std::string& key) override;
+  std::string primaryKey(const std::string& table) override;
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  bool inTransaction() const override;
+  bool usable() override;
+  bool lost() const override { return lost_; }
+
+ private:
+  struct Shape {
+    std::shared_ptr<const ResultShape> columns;
+    std::vector<int> decimals;  // of a decimal column; -1 for any other
+  };
+  /// A text is prepared when it comes for the second time.
+  struct Kept {
+    std::shared_ptr<const std::string> name;
+  };
+
+  /// Runs a text with its values inlined.
+  PostgresqlResult run(const std::string& sql);
+  PostgresqlResult runLifted(const std::string& sql);
+  /// Runs a fixed text with its "?" bound.
+  PostgresqlResult runFixed(const std::string& sql, std::span<const Stored> values);
+  PostgresqlResult runKept(const std::string& text, std::span<const char* const> values,
+                           const std::string& sql);
+  PostgresqlResult send(const std::string& text, std::span<const char* const> values);
+  std::shared_ptr<const std::string> prepare(const std::string& text, const std::string& sql);
+  void closeDropped();
+  PostgresqlResult checked(PostgresqlResult result, const std::string& sql);
+  [[noreturn]] void fail(const PGresult* result, const std::string& sql);
+  const Shape& shapeOf(const PGresult& result);
+  void readRows(const PGresult& result, Snapshot& rows, const std::string& sql);
+  PostgresqlResult control(const std::string& statement);
+
+  PostgresqlHandle connection_;
+  bool lost_ = false;
+  bool begun_ = false;
+  bool writes_ = false;
+  std::string firstCause_;  // of the transaction that failed
+  StatementText text_;
+  std::vector<std::string> dropped_;  // names of statements to close
+  LruCache<Kept> statements_;
+  LruCache<std::string> fixed_;
+  LruCache<Shape> shapes_;
+  std::string shapeKey_;
+  std::uint64_t made_ = 0;
+  std::map<std::string, std::string> primaryKeys_;
+};
+
+}  // namespace kt7::data
