@@ -1,6 +1,8 @@
 #include "host/data/pool.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <mutex>
 #include <unordered_map>
 #include <vector>
@@ -113,6 +115,16 @@ Lease::~Lease() {
   } catch (const std::exception&) {
     // What cannot be rolled back is closed, which rolls it back at the engine.
     session_.reset();
+  }
+}
+
+void dropIdleSessions(std::string_view connectionString) {
+  std::vector<PoolBucket::Idle> dropped;
+  const std::lock_guard lock(pool().mutex);
+  for (auto& [key, bucket] : pool().buckets) {
+    if (key.connectionString != connectionString) continue;
+    std::ranges::move(bucket.idle, std::back_inserter(dropped));
+    bucket.idle.clear();
   }
 }
 

@@ -33,6 +33,9 @@ class Lease {
 Lease takeSession(std::string_view connectionString, std::string_view user = {},
                   std::string_view password = {});
 
+/// Closes the idle sessions of that connection string, whoever logged in by it.
+void dropIdleSessions(std::string_view connectionString);
+
 /// Closes the idle sessions whose database is no longer the one they opened.
 void dropUnusableSessions();
 

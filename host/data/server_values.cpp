@@ -30,6 +30,13 @@ Number parsed(std::string_view text) {
 
 }  // namespace
 
+void requireParameters(const std::string& sql, std::size_t wanted, std::size_t given) {
+  if (wanted == given) return;
+  raiseStatementFailed("the statement takes " + std::to_string(wanted) +
+                           " parameters and was given " + std::to_string(given),
+                       {sql, 0, {}});
+}
+
 Stored storedOnServer(const Value& value, ColumnKind kind) {
   const Value::Storage& storage = value.storage();
   if (value.isNull()) return Null{};

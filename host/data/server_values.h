@@ -8,6 +8,9 @@
 
 namespace kt7::data {
 
+/// A statement error where a fixed text takes another number of values than it was given.
+void requireParameters(const std::string& sql, std::size_t wanted, std::size_t given);
+
 /// What the servers have in common: exact decimals, dates as ISO texts, yes/no as 1 and 0. A
 /// database error for a number that is infinite or undefined.
 Stored storedOnServer(const Value& value, ColumnKind kind);

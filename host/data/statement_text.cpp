@@ -109,10 +109,11 @@ class StatementRewriter {
     } else if (tokens_[i].kind == TokenKind::Text && mayLift(i)) {
       out_.literals_.push_back(withoutQuotes(word(i)));
       edits_.push_back({tokens_[i].begin, tokens_[i].length, placeholder()});
-    } else if (dialect_.numberedPlaceholders && tokens_[i].kind == TokenKind::Parameter &&
-               word(i) == "?") {
-      ++parameters_;
-      edits_.push_back({tokens_[i].begin, tokens_[i].length, "$" + std::to_string(parameters_)});
+    } else if (tokens_[i].kind == TokenKind::Parameter && word(i) == "?") {
+      ++out_.parameters_;
+      if (!dialect_.numberedPlaceholders) return;
+      edits_.push_back(
+          {tokens_[i].begin, tokens_[i].length, "$" + std::to_string(out_.parameters_)});
     }
   }
 
@@ -222,7 +223,6 @@ class StatementRewriter {
   StatementText& out_;
   const std::vector<Token>& tokens_;
   bool lifts_ = false;
-  std::size_t parameters_ = 0;
   std::vector<Level> levels_;
   std::vector<Edit> edits_;
 };
@@ -256,6 +256,8 @@ void StatementText::readOne(const std::string& sql, const Dialect& dialect) {
 void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool lexes) {
   text_.clear();
   literals_.clear();
+  parameters_ = 0;
+  onlyChanges_ = false;
   const std::string_view first = lexes && !tokens_.empty()
                                      ? sql.substr(tokens_[0].begin, tokens_[0].length)
                                      : std::string_view{};
@@ -264,6 +266,10 @@ void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool l
     text_ = sql;
     return;
   }
+  onlyChanges_ = isOneOf(first, kStatements) && !equalNoCase(first, "SELECT") &&
+                 std::none_of(tokens_.begin(), tokens_.end(), [sql](const Token& token) {
+                   return equalNoCase(sql.substr(token.begin, token.length), "RETURNING");
+                 });
   StatementRewriter(sql, dialect, *this).run();
   if (literals_.size() > kMostLiterals) {
     Dialect unlifted = dialect;

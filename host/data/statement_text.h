@@ -29,6 +29,10 @@ class StatementText {
   std::string_view text() const { return text_; }
   /// In the order of their "?", quotes taken off.
   const std::vector<std::string>& literals() const { return literals_; }
+  /// How many "?" the text came with.
+  std::size_t parameters() const { return parameters_; }
+  /// An INSERT, UPDATE or DELETE that answers no rows.
+  bool onlyChanges() const { return onlyChanges_; }
 
  private:
   friend class StatementRewriter;
@@ -36,6 +40,8 @@ class StatementText {
   std::string text_;
   std::vector<std::string> literals_;
   std::vector<Token> tokens_;
+  std::size_t parameters_ = 0;
+  bool onlyChanges_ = false;
 };
 
 /// The table after the first FROM; "" when it is not a plain name.

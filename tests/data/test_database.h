@@ -58,6 +58,14 @@ class DataTest : public ::testing::Test {
   Value ask(const std::string& sql, std::vector<std::string> parameters = {}) {
     return askOne(*connection_, sql, parameters);
   }
+  /// The column "line" of all rows, joined by ",".
+  std::string list(const std::string& sql) {
+    std::string joined;
+    for (const auto rows = opened(sql); !rows->Eof(); rows->MoveNext()) {
+      joined += (joined.empty() ? "" : ",") + rows->get("line").joinedText();
+    }
+    return joined;
+  }
   std::string text(const std::string& sql) { return ask(sql).joinedText(); }
 
   TemporaryDatabase database_;

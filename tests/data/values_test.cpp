@@ -15,8 +15,9 @@ TEST_F(ValuesTest, AssignedValuesComeBack) {
   struct Case {
     const char* column;
     Value assigned;
-    const char* kept;  // as the database holds it
+    const char* kept;  // as SQLite holds it
     Value read;
+    bool exactType = true;  // else only SQLite takes it
   };
   const Case cases[] = {
       {"Code", "it's", "'it''s'", "it's"},
@@ -28,30 +29,33 @@ TEST_F(ValuesTest, AssignedValuesComeBack) {
       {"Amount", money("99999999999.9999"), "99999999999.9999", money("99999999999.9999")},
       {"Amount", money("900000000000000"), "900000000000000", money("900000000000000")},
       {"Amount", 12.34567, "12.34567", money("12.3457")},
-      {"Amount", "text", "'text'", "text"},
+      {"Amount", "text", "'text'", "text", false},
       {"Flag", true, "1", std::int16_t{1}},
       {"Flag", false, "0", std::int16_t{0}},
       {"Flag", std::int16_t{-2}, "-2", std::int16_t{-2}},
-      {"Flag", std::int32_t{40000}, "40000", std::int32_t{40000}},
+      {"Flag", std::int32_t{40000}, "40000", std::int32_t{40000}, false},
       {"Number", std::int32_t{40000}, "40000", std::int32_t{40000}},
-      {"Number", std::int64_t{1} << 40, "1099511627776", std::int64_t{1} << 40},
-      {"Number", 2.5, "2.5", 2.5},
+      {"Number", std::int64_t{1} << 40, "1099511627776", std::int64_t{1} << 40, false},
+      {"Number", 2.5, "2.5", 2.5, false},
       {"Rate", std::int32_t{3}, "3.0", 3.0},
       {"Rate", money("1.5"), "1.5", 1.5},
       {"Day", date("2026-01-31 23:59:59"), "'2026-01-31'", date("2026-01-31")},
-      {"Day", "no date", "'no date'", "no date"},
+      {"Day", "no date", "'no date'", "no date", false},
       {"Moment", date("2026-01-31 23:59:59"), "'2026-01-31 23:59:59'", date("2026-01-31 23:59:59")},
       {"Moment", date("2026-01-31"), "'2026-01-31 00:00:00'", date("2026-01-31")},
       {"Day", Value(), "NULL", Value()},
   };
   for (const Case& c : cases) {
+    if (!c.exactType && !engine().embedded) continue;
     connection_->Execute("DELETE FROM KT7TPay");
     auto rows = opened("SELECT * FROM KT7TPay", ado::kOptimistic);
     rows->AddNew();
     rows->set(c.column, c.assigned);
     rows->Update();
     const std::string column = c.column;
-    EXPECT_EQ(text("SELECT quote(" + column + ") FROM KT7TPay"), c.kept) << column;
+    if (engine().embedded) {
+      EXPECT_EQ(text("SELECT quote(" + column + ") FROM KT7TPay"), c.kept) << column;
+    }
     EXPECT_EQ(opened("SELECT * FROM KT7TPay")->get(column), c.read) << column << " " << c.kept;
     EXPECT_EQ(ask("SELECT " + column + " FROM KT7TPay"), c.read) << column << " " << c.kept;
   }
@@ -60,8 +64,10 @@ TEST_F(ValuesTest, AssignedValuesComeBack) {
 TEST_F(ValuesTest, WhatWouldNotComeBackIsRefused) {
   const auto rows = opened("SELECT * FROM KT7TPay", ado::kOptimistic);
   rows->AddNew();
-  rows->set("Amount", money("900000000000000.0001"));
-  expectStatementError([&] { rows->Update(); }, "900000000000000.0001");
+  if (engine().files) {
+    rows->set("Amount", money("900000000000000.0001"));
+    expectStatementError([&] { rows->Update(); }, "900000000000000.0001");
+  }
   rows->set("Amount", std::numeric_limits<double>::quiet_NaN());
   expectStatementError([&] { rows->Update(); }, "undefined");
   EXPECT_EQ(text("SELECT COUNT(*) FROM KT7TPay"), "0");
@@ -80,7 +86,21 @@ TEST_F(ValuesTest, EveryFractionOfFifteenDigitsComesBack) {
   }
 }
 
+TEST_F(ValuesTest, ExactDecimalsKeepEveryDigit) {
+  if (!engine().exactDecimals) GTEST_SKIP() << "fifteen digits";
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('a')");
+  for (const char* amount : {"900000000000000.0001", "-922337203685477.5808",
+                             "922337203685477.5807", "-0.0001", "1234567890123.4567"}) {
+    const auto rows = opened("SELECT * FROM KT7TPay", ado::kOptimistic);
+    rows->set("Amount", money(amount));
+    rows->Update();
+    EXPECT_EQ(ask("SELECT Amount FROM KT7TPay"), money(amount)) << amount;
+    EXPECT_EQ(ask("SELECT SUM(Amount) FROM KT7TPay"), money(amount)) << amount;
+  }
+}
+
 TEST_F(ValuesTest, DeclaredTypesDecideHowAValueIsRead) {
+  if (!engine().embedded) GTEST_SKIP() << "servers say the types of their results";
   connection_->Execute(
       "CREATE TABLE Kinds(a numeric(19,4), b DECIMAL, c money, d varchar(20), e datetime, f int, "
       "g float, h, i Date)");
@@ -120,10 +140,16 @@ TEST_F(ValuesTest, DeclaredTypesDecideHowAValueIsRead) {
 TEST_F(ValuesTest, YearComparesWithNumbersAndTexts) {
   connection_->Execute(
       "INSERT INTO KT7TPay(Code,Day,Moment) VALUES('a','2016-12-31','2017-01-01 00:00:00'),"
-      "('b',NULL,NULL),('c','','2016'),('d','2016-02-30','x')");
+      "('b',NULL,NULL)");
+  std::string undated = "b";
+  if (engine().embedded) {
+    connection_->Execute(
+        "INSERT INTO KT7TPay(Code,Day,Moment) VALUES('c','','2016'),('d','2016-02-30','x')");
+    undated = "b,c,d";
+  }
   struct Case {
     const char* question;
-    const char* codes;
+    std::string codes;
   };
   const Case cases[] = {
       {"year(Day)=2016", "a"},
@@ -131,16 +157,17 @@ TEST_F(ValuesTest, YearComparesWithNumbersAndTexts) {
       {"YEAR (Moment) = '2017' AND year(Day)>'2015'", "a"},
       {"'2016'=year(Day)", "a"},
       {"year(Day) IN ('2015','2016')", "a"},
-      {"year(Day) IS NULL", "b,c,d"},
-      {"year(Moment) IS NULL", "b,c,d"},
-      {"Day IN (SELECT TOP 1 Day FROM KT7TPay WHERE year(Day)='2016')", "a"},
+      {"year(Day) IS NULL", undated},
+      {"year(Moment) IS NULL", undated},
+      {"Day = (SELECT TOP 1 Day FROM KT7TPay WHERE year(Day)='2016')", "a"},
   };
   for (const Case& c : cases) {
     const std::string sql =
-        std::string("SELECT group_concat(Code) FROM KT7TPay WHERE ") + c.question;
-    EXPECT_EQ(text(sql), c.codes) << c.question;
-    EXPECT_EQ(opened(sql)->get("group_concat(Code)").joinedText(), c.codes) << c.question;
+        std::string("SELECT Code AS line FROM KT7TPay WHERE ") + c.question + " ORDER BY Code";
+    EXPECT_EQ(list(sql), c.codes) << c.question;
   }
+  EXPECT_EQ(ask("SELECT year(Day) FROM KT7TPay WHERE Code='a'"), Value(std::int32_t{2016}));
+  if (!engine().embedded) return;
   EXPECT_EQ(opened("SELECT year(Day) FROM KT7TPay")->get("year(Day)"), Value(std::int32_t{2016}));
 }
 

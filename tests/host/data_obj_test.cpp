@@ -26,7 +26,7 @@ TEST_F(DataObjTest, OpensAreCounted) {
   EXPECT_EQ(dataObj_.opens(), 0);
   dataObj_.OpenConnection();
   EXPECT_EQ(dataObj_.opens(), 1);
-  EXPECT_EQ(dataObj_.DatabaseType(), "SQLITE");
+  EXPECT_EQ(dataObj_.DatabaseType(), test::engine().kind);
   EXPECT_EQ(dataObj_.ConnectionString(), connectionString_);
 }
 

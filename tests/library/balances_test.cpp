@@ -45,7 +45,9 @@ TEST(Balances, SumTheItemsOfASlipByKindAndBySign) {
   EXPECT_EQ(post(company, 4), 1);
   const std::string select =
       "TEATAddSalary || ' ' || TEATSubSalary || ' ' || TEATAddWelfare || ' ' || TEATSubAddWelfar12 "
-      "|| ' ' || TEATSubAddWelfare12 || ' ' || coalesce(TEATSubAddWelfare13, '-') || ' ' || "
+      "|| ' ' || TEATSubAddWelfare12 || ' ' || coalesce(" +
+      test::asText("TEATSubAddWelfare13") +
+      ", '-') || ' ' || "
       "TEATCutTAX || ' ' || TEATCutMoneyNoFix || ' ' || TEATCutTotal || ' ' || TEATCutAllTotal || "
       "' ' || TEATAddTotal || ' ' || TEATAmassTotal || ' ' || TEATTotalDay || ' ' || TEATNetTotal "
       "|| ' ' || TEATTBraCode || ' ' || TEATMonth || '/' || TEATYear || ' ' || TEATFlag1 || ' ' || "

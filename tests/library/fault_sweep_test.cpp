@@ -42,16 +42,19 @@ void fill(Company& company) {
 
 Lines state(Company& company) {
   Lines all;
-  for (const char* sql :
-       {"TEmpCode || TEmpStatus || coalesce(TEmpFlag3, '') AS line FROM KT7TEmployee",
-        "TEm2TEmpCode || TEm2BonusAmass AS line FROM KT7TEmployee2",
-        "TSaPTEmTCode || TSAPDate AS line FROM KT7TEmpSlipPeriod",
-        "TEATTEmpCode || TEATAddSalary || TEATCutTAX AS line FROM KT7TEmpAmassType",
-        "TEAATEmpCode || TEAAType AS line FROM KT7TEmpActiveAmass",
-        "TBraCode AS line FROM KT7TBranch", "TSecCode AS line FROM KT7TSection",
-        "TPSTCode AS line FROM KT7TPosition", "TWPTWeekDay AS line FROM KT7TEmpWorkTime",
-        "TEHPTEmpCode || TEHPLn AS line FROM KT7TEmpHisPosition",
-        "TEpSTEmpCode AS line FROM KT7TEmpSlipDoc"}) {
+  for (const std::string& sql :
+       {"TEmpCode || TEmpStatus || coalesce(" + test::asText("TEmpFlag3") +
+            ", '') AS line FROM KT7TEmployee",
+        std::string("TEm2TEmpCode || TEm2BonusAmass AS line FROM KT7TEmployee2"),
+        std::string("TSaPTEmTCode || TSAPDate AS line FROM KT7TEmpSlipPeriod"),
+        std::string("TEATTEmpCode || TEATAddSalary || TEATCutTAX AS line FROM KT7TEmpAmassType"),
+        std::string("TEAATEmpCode || TEAAType AS line FROM KT7TEmpActiveAmass"),
+        std::string("TBraCode AS line FROM KT7TBranch"),
+        std::string("TSecCode AS line FROM KT7TSection"),
+        std::string("TPSTCode AS line FROM KT7TPosition"),
+        std::string("TWPTWeekDay AS line FROM KT7TEmpWorkTime"),
+        std::string("TEHPTEmpCode || TEHPLn AS line FROM KT7TEmpHisPosition"),
+        std::string("TEpSTEmpCode AS line FROM KT7TEmpSlipDoc")}) {
     for (const std::string& line : company.rows(sql)) all.push_back(line);
   }
   return all;

@@ -87,15 +87,18 @@ TEST(SlipPeriods, CoverTheTypesInUseAndRewriteAllButFrozenRows) {
   EXPECT_EQ(periods(company).size(), 1u);
   company.run("UPDATE KT7TEmpSlipPeriod SET TSAPStatus = 0, TSAPPeriodNo = 7, TSAPFlag3 = NULL");
   company.hr().UpdatePeriodStatus(company.data(), false);
-  EXPECT_EQ(company.rows("TSaPTEmTCode || TSAPPeriodNo || TSAPStatus || (TSAPFlag3 IS NULL) AS "
-                         "line FROM KT7TEmpSlipPeriod ORDER BY TSaPTEmTCode"),
-            (Lines{"A701", "B110"}));
+  EXPECT_EQ(company.rows("TSaPTEmTCode || ' ' || TSAPPeriodNo || ' ' || TSAPStatus || CASE WHEN "
+                         "TSAPFlag3 IS NULL THEN ' null' ELSE '' END AS line FROM "
+                         "KT7TEmpSlipPeriod ORDER BY TSaPTEmTCode"),
+            (Lines{"A 7 0 null", "B 1 1"}));
   company.run("UPDATE KT7TEmpSlipPeriod SET TSAPStatus = NULL, TSAPPeriodNo = 9");
   company.setNow("2026-02-11T08:30:00");
   company.hr().UpdatePeriodStatus(company.data(), false);
-  EXPECT_EQ(company.rows("TSAPPeriodNo || TSAPStatus || TSAPFlag3 AS line FROM KT7TEmpSlipPeriod "
-                         "ORDER BY TSaPTEmTCode"),
-            (Lines{"112026-02-11 08:30:00", "112026-02-11 08:30:00"}));
+  EXPECT_EQ(
+      company.rows(
+          "TSAPPeriodNo || ' ' || TSAPStatus || ' ' || TSAPFlag3 AS line FROM KT7TEmpSlipPeriod "
+          "ORDER BY TSaPTEmTCode"),
+      (Lines{"1 1 2026-02-11 08:30:00", "1 1 2026-02-11 08:30:00"}));
 }
 
 TEST(SlipPeriods, AFailureLeavesTheTableAsItWasAndIsShownOnce) {
@@ -126,6 +129,7 @@ TEST(SlipPeriods, AConnectionThatCannotOpenReachesTheCaller) {
 }
 
 TEST(SlipPeriods, ALockThatTheCallerHoldsIsNamedAsTheCause) {
+  if (!test::engine().oneWriter) GTEST_SKIP() << "other rows can be written meanwhile";
   Company company;
   company.hostData().BeginTransaction();
   company.data().ExecuteSql("UPDATE KT7TEmployee SET TEmpNo = '1'");

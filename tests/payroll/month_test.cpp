@@ -10,7 +10,8 @@ namespace {
 std::string joined(std::initializer_list<const char*> columns) {
   std::string text;
   for (const char* column : columns) {
-    text += (text.empty() ? "COALESCE(" : "||'|'||COALESCE(") + std::string(column) + ",'-')";
+    text += (text.empty() ? "COALESCE(" : "||'|'||COALESCE(") + test::asText(std::string(column)) +
+            ",'-')";
   }
   return text;
 }

@@ -81,7 +81,8 @@ class PaidCompany : public testing::Test {
     OwnConnection connection(platform_, database_.connectionString());
     OpenRecordset rows(platform_, query, *connection);
     std::vector<std::string> result;
-    for (; !rows->Eof(); rows->MoveNext()) result.push_back(rows->get("line").joinedText());
+    for (; !rows->Eof(); rows->MoveNext())
+      result.push_back(test::plainNumbers(rows->get("line").joinedText()));
     return result;
   }
   int count(const std::string& from) {

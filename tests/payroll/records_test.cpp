@@ -57,11 +57,11 @@ TEST_F(Records2026, HistoryBeginsWithTheFirstRunAndFollowsTheSalary) {
         "KT7TEmpHisPosition WHERE TEHPTEmpCode='E0003' ORDER BY TEHPLn");
   };
   pay(1);
-  EXPECT_EQ(history(), Lines{"1 2024-02-29 26000.0"});
+  EXPECT_EQ(history(), Lines{"1 2024-02-29 26000"});
   sql("UPDATE KT7TEmployee SET TEmpSalary=27500.25 WHERE TEmpCode='E0003'");
   pay(2);
   pay(2);
-  EXPECT_EQ(history(), (Lines{"1 2024-02-29 26000.0", "2 2026-02-01 27500.25"}));
+  EXPECT_EQ(history(), (Lines{"1 2024-02-29 26000", "2 2026-02-01 27500.25"}));
 }
 
 TEST_F(Records2026, StatusesFollowTheResignationDates) {

@@ -58,8 +58,9 @@ class Year2026 : public PaidCompany {
   double allowances(const std::string& code) {
     return 60000 + 60000 * number(code, "TEm2SpouseNoIncome") +
            30000 * number(code, "TEm2Children+TEm2ChildrenSecondSince2018") +
-           30000 * number(code, "TEm2Parents") + number(code, "MIN(TEm2LifeInsurance,100000)") +
-           number(code, "MIN(TEm2HomeInterest,100000)");
+           30000 * number(code, "TEm2Parents") +
+           std::min(number(code, "TEm2LifeInsurance"), 100000.0) +
+           std::min(number(code, "TEm2HomeInterest"), 100000.0);
   }
 
   std::map<std::string, Year> years_;

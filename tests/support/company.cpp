@@ -42,7 +42,7 @@ std::vector<std::string> Company::rows(const std::string& sql) {
   std::vector<std::string> lines;
   for (; !result->Eof(); result->MoveNext()) {
     const Value line = result->get("line");
-    lines.push_back(line.isNull() ? "-" : line.toText());
+    lines.push_back(line.isNull() ? "-" : plainNumbers(line.toText()));
   }
   return lines;
 }

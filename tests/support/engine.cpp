@@ -1,8 +1,10 @@
 #include "support/engine.h"
 
+#include <gtest/gtest.h>
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 
@@ -59,11 +61,47 @@ void copyTemplate(const Engine& on, const std::string& from, const std::string& 
   runByMaker(on, "CREATE DATABASE " + to + " TEMPLATE " + from);
 }
 
+using Originals = std::map<std::string, std::unique_ptr<TemporaryDatabase>>;
+
+Originals& originals() {
+  static Originals instance;
+  return instance;
+}
+
+/// Drops them while the client libraries still work.
+struct DropOriginals : testing::Environment {
+  void TearDown() override { originals().clear(); }
+};
+[[maybe_unused]] const auto* const kDropOriginals =
+    testing::AddGlobalTestEnvironment(new DropOriginals);
+
 }  // namespace
 
 const Engine& engine() {
   static const Engine instance = readEngine();
   return instance;
+}
+
+std::string asText(const std::string& column) {
+  return "CAST(" + column + " AS " + (engine().kind == "MYSQL" ? "CHAR" : "TEXT") + ")";
+}
+
+std::string plainNumbers(const std::string& line) {
+  std::string plain;
+  for (std::size_t at = 0; at < line.size();) {
+    const std::size_t end = std::min(line.find_first_not_of("-0123456789.", at), line.size());
+    std::string word = line.substr(at, end - at);
+    if (const std::size_t point = word.find('.');
+        point != std::string::npos && word.find('.', point + 1) == std::string::npos) {
+      word.erase(word.find_last_not_of('0') + 1);
+      if (word.back() == '.') word.pop_back();
+    }
+    plain += word;
+    const std::size_t next = std::min(line.find_first_of("-0123456789.", end), line.size());
+    plain.append(line, end, next - end);
+    at = next;
+  }
+  return plain;
 }
 
 TemporaryDatabase::TemporaryDatabase(const Engine& on) : on_(on), name_(freshName()) {
@@ -75,12 +113,12 @@ TemporaryDatabase::TemporaryDatabase(const Engine& on) : on_(on), name_(freshNam
 }
 
 TemporaryDatabase::~TemporaryDatabase() {
+  data::dropIdleSessions(connectionString_);
   std::error_code ignored;
   std::filesystem::remove_all(folder_, ignored);
   if (on_.files) return;
   try {
     runByMaker(on_, "DROP DATABASE IF EXISTS " + name_ + (on_.templates ? " WITH (FORCE)" : ""));
-    data::dropUnusableSessions();
   } catch (const Error&) {
     // The server goes with its folder after the tests.
   }
@@ -100,8 +138,7 @@ void TemporaryDatabase::make(
     fill(connectionString_);
     return;
   }
-  static std::map<std::string, std::unique_ptr<TemporaryDatabase>> made;
-  std::unique_ptr<TemporaryDatabase>& original = made[content + on_.server];
+  std::unique_ptr<TemporaryDatabase>& original = originals()[content + on_.server];
   if (original == nullptr) {
     original = std::make_unique<TemporaryDatabase>(on_);
     original->make();

@@ -25,6 +25,11 @@ const Engine& engine();
 /// The embedded one, whatever is under test.
 const Engine& embeddedEngine();
 
+/// The column as a text, in the words of the engine under test.
+std::string asText(const std::string& column);
+/// The line with its numbers as all engines show them: 450.5000 and 450.50 as 450.5.
+std::string plainNumbers(const std::string& line);
+
 /// A database for one test, gone afterwards; nothing is made yet.
 class TemporaryDatabase {
  public:

@@ -103,6 +103,7 @@ void MysqlSession::execute(const std::string& sql) {
 
 void MysqlSession::query(const std::string& sql, Snapshot& rows) {
   text_.readOne(sql, kMysqlDialect);
+  if (text_.onlyChanges()) raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
   run(text_.text(), sql);
   readRows(sql, rows);
 }
@@ -185,11 +186,7 @@ const std::string& MysqlSession::inlined(const std::string& sql, std::span<const
     appendLiteral(inlined_, values[given++]);
     at = token.end();
   }
-  if (wanted != values.size()) {
-    raiseStatementFailed("the statement takes " + std::to_string(wanted) +
-                             " parameters and was given " + std::to_string(values.size()),
-                         {sql, 0, {}});
-  }
+  requireParameters(sql, wanted, values.size());
   inlined_.append(sql, at);
   return inlined_;
 }

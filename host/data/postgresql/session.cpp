@@ -175,8 +175,11 @@ PostgresqlResult PostgresqlSession::runKept(const std::string& text,
   return inTransaction() ? std::move(result) : send(text, values);
 }
 
-PostgresqlResult PostgresqlSession::run(const std::string& sql) {
+PostgresqlResult PostgresqlSession::run(const std::string& sql, bool wantsRows) {
   text_.readOne(sql, kPostgresqlDialect);
+  if (wantsRows && text_.onlyChanges()) {
+    raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+  }
   const std::vector<const char*> values = pointers(text_.literals());
   const std::string text(text_.text());
   PostgresqlResult result = runKept(text, values, sql);
@@ -190,11 +193,12 @@ PostgresqlResult PostgresqlSession::run(const std::string& sql) {
 
 PostgresqlResult PostgresqlSession::runFixed(const std::string& sql,
                                              std::span<const Stored> values) {
-  const std::string* text = fixed_.find(sql);
-  if (text == nullptr) {
+  const Fixed* fixed = fixed_.find(sql);
+  if (fixed == nullptr) {
     text_.read(sql, kUnlifted);
-    text = &fixed_.keep(sql, std::string(text_.text()));
+    fixed = &fixed_.keep(sql, {std::string(text_.text()), text_.parameters()});
   }
+  requireParameters(sql, fixed->parameters, values.size());
   std::vector<std::string> texts;
   std::vector<const char*> bound;
   texts.reserve(values.size());
@@ -203,13 +207,13 @@ PostgresqlResult PostgresqlSession::runFixed(const std::string& sql,
     if (!isNull) texts.push_back(serverText(value));
     bound.push_back(isNull ? nullptr : texts.back().c_str());
   }
-  return checked(runKept(*text, bound, sql), sql);
+  return checked(runKept(fixed->text, bound, sql), sql);
 }
 
-void PostgresqlSession::execute(const std::string& sql) { run(sql); }
+void PostgresqlSession::execute(const std::string& sql) { run(sql, false); }
 
 void PostgresqlSession::query(const std::string& sql, Snapshot& rows) {
-  readRows(*run(sql), rows, sql);
+  readRows(*run(sql, true), rows, sql);
 }
 
 void PostgresqlSession::readRows(const PGresult& result, Snapshot& rows, const std::string& sql) {

@@ -48,9 +48,14 @@ class PostgresqlSession final : public Session {
     std::shared_ptr<const std::string> name;
   };
 
-  /// Runs a text with its values inlined.
-  PostgresqlResult run(const std::string& sql);
-  PostgresqlResult runLifted(const std::string& sql);
+  struct Fixed {
+    std::string text;
+    std::size_t parameters = 0;
+  };
+
+  /// Runs a text with its values inlined; one that answers no rows is refused where they are
+  /// wanted.
+  PostgresqlResult run(const std::string& sql, bool wantsRows);
   /// Runs a fixed text with its "?" bound.
   PostgresqlResult runFixed(const std::string& sql, std::span<const Stored> values);
   PostgresqlResult runKept(const std::string& text, std::span<const char* const> values,
@@ -72,7 +77,7 @@ class PostgresqlSession final : public Session {
   StatementText text_;
   std::vector<std::string> dropped_;  // names of statements to close
   LruCache<Kept> statements_;
-  LruCache<std::string> fixed_;
+  LruCache<Fixed> fixed_;
   LruCache<Shape> shapes_;
   std::string shapeKey_;
   std::uint64_t made_ = 0;
