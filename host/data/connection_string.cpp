@@ -41,7 +41,7 @@ std::string takeValue(std::string_view& rest) {
 
 }  // namespace
 
-ConnectionString::ConnectionString(std::string_view text) {
+ConnectionString::ConnectionString(std::string_view text) : text_(text) {
   std::string_view rest = text;
   while (!(rest = trimmedBlanks(rest)).empty()) {
     if (rest.front() == ';') {
@@ -65,6 +65,20 @@ std::string_view ConnectionString::value(std::string_view keyword) const {
     if (equalNoCase(name, keyword)) return value;
   }
   return {};
+}
+
+std::string ConnectionString::textWithout(std::string_view keyword, std::string_view value) const {
+  std::string_view rest = text_;
+  while (!rest.empty()) {
+    const std::size_t begin = text_.size() - rest.size();
+    const std::size_t equals = std::min(rest.find('='), rest.size() - 1);
+    const std::string_view name = trimmedBlanks(rest.substr(0, equals));
+    rest.remove_prefix(equals + 1);
+    if (equalNoCase(takeValue(rest), value) && equalNoCase(name, keyword)) {
+      return text_.substr(0, begin).append(rest);
+    }
+  }
+  return text_;
 }
 
 std::string ConnectionString::shown() const {

@@ -19,10 +19,13 @@ class ConnectionString {
   std::string_view driver() const { return value("Driver"); }
   std::string_view database() const { return value("Database"); }
 
+  /// The text as it was given, without the first part of that keyword and value.
+  std::string textWithout(std::string_view keyword, std::string_view value) const;
   /// The text again with every password hidden.
   std::string shown() const;
 
  private:
+  std::string text_;
   std::vector<std::pair<std::string, std::string>> parts_;
 };
 

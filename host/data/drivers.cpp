@@ -113,6 +113,10 @@ std::string databaseType(const std::string& connectionString) {
                              : std::string(driver.kind);
 }
 
+std::string namedDatabaseType(const std::string& connectionString) {
+  return std::string(driverOf(ConnectionString(connectionString)).kind);
+}
+
 void createDatabase(const std::string& connectionString) {
   const ConnectionString where(connectionString);
   const Driver& driver = builtInDriver(where);

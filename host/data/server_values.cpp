@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/error.h"
+#include "host/data/sql_lexer.h"
 
 namespace kt7::data {
 
@@ -59,6 +60,20 @@ Stored storedOnServer(const Value& value, ColumnKind kind) {
   return std::int64_t{value.toInt32()};
 }
 
+Stored storedAsDouble(const Value& value, ColumnKind kind) {
+  const Value::Storage& storage = value.storage();
+  if (const auto* money = std::get_if<Currency>(&storage)) {
+    const std::int64_t count = money->tenThousandths();
+    if (count % Currency::kScale == 0) return count / Currency::kScale;
+    // 15 digits
+    const double number = money->toDouble();
+    if (Currency::fromDouble(number) == *money) return number;
+    raiseStatementFailed("the amount " + money->toText() +
+                         " has more digits than the database can keep");
+  }
+  return storedOnServer(value, std::holds_alternative<double>(storage) ? ColumnKind::Real : kind);
+}
+
 std::string serverText(const Stored& value) {
   if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
   if (const auto* number = std::get_if<double>(&value)) return shortest(*number);
@@ -83,6 +98,22 @@ void appendLiteral(std::string& sql, const Stored& value) {
     sql += c;
   }
   sql += '\'';
+}
+
+std::string inlinedStatement(const std::string& sql, std::span<const Stored> values) {
+  std::vector<Token> tokens;
+  lexSql(sql, tokens);
+  std::string text;
+  std::size_t at = 0;
+  std::size_t wanted = 0;
+  for (const Token& token : tokens) {
+    if (token.kind != TokenKind::Parameter || ++wanted > values.size()) continue;
+    text.append(sql, at, token.begin - at);
+    appendLiteral(text, values[wanted - 1]);
+    at = token.end();
+  }
+  requireParameters(sql, wanted, values.size());
+  return text.append(sql, at);
 }
 
 ColumnKind decimalKind(int decimals) {
@@ -128,6 +159,23 @@ void setInteger(Cell& cell, std::string_view text) {
 void setReal(Cell& cell, std::string_view text) {
   cell.storage = Cell::Storage::Real;
   cell.real = parsed<double>(text);
+}
+
+bool setNumber(Cell& cell, std::string_view text) {
+  const char* const end = text.data() + text.size();
+  std::int64_t whole = 0;
+  if (const auto read = std::from_chars(text.data(), end, whole);
+      read.ec == std::errc() && read.ptr == end) {
+    cell.storage = Cell::Storage::Integer;
+    cell.integer = whole;
+    return true;
+  }
+  double number = 0;
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) return false;
+  cell.storage = Cell::Storage::Real;
+  cell.real = number;
+  return true;
 }
 
 }  // namespace kt7::data

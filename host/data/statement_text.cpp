@@ -150,8 +150,8 @@ class StatementRewriter {
     const bool holdsValues = around.region == Region::Condition || around.region == Region::Values;
     inside.region = holdsValues ? around.region : Region::Elsewhere;
     inside.open = around.open && holdsValues;
-    inside.isYear =
-        dialect_.wholeYears && i > 0 && isWord(i - 1, "year") && !(i > 1 && isSymbol(i - 2, "."));
+    inside.isYear = (dialect_.wholeYears || dialect_.yearsByText) && i > 0 &&
+                    isWord(i - 1, "year") && !(i > 1 && isSymbol(i - 2, "."));
     inside.yearWord = i - 1;
     levels_.push_back(std::move(inside));
   }
@@ -177,7 +177,13 @@ class StatementRewriter {
       const std::string_view name = sql_.substr(begin, tokens_[close].end() - begin);
       if (name.find('"') == std::string_view::npos) after.append(" AS \"").append(name) += '"';
     }
-    edits_.push_back({tokens_[yearWord].begin, 0, "CAST("});
+    if (dialect_.yearsByText) {
+      edits_.push_back({tokens_[yearWord].begin,
+                        tokens_[yearWord + 1].end() - tokens_[yearWord].begin,
+                        "CAST(strftime('%Y', "});
+    } else {
+      edits_.push_back({tokens_[yearWord].begin, 0, "CAST("});
+    }
     edits_.push_back({tokens_[close].end(), 0, after});
   }
 

@@ -12,6 +12,7 @@ namespace kt7::data {
 struct Dialect {
   bool limitForTop = false;    // "SELECT TOP n ..." becomes "... LIMIT n"
   bool wholeYears = false;     // "year(x)" becomes a whole number that also compares with '2016'
+  bool yearsByText = false;    // the same without a function of ours: by the calendar of SQLite
   bool liftsLiterals = false;  // quoted values become placeholders and are bound
   bool numberedPlaceholders = false;  // "$1" in the place of "?"
   bool foldsTableNames = false;       // KT7T... and KT7V... become lower case

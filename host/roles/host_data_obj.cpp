@@ -7,7 +7,7 @@ namespace kt7::host {
 
 HostDataObj::HostDataObj(std::string connectionString)
     : connectionString_(std::move(connectionString)),
-      databaseType_(data::databaseType(connectionString_)),
+      databaseType_(data::namedDatabaseType(connectionString_)),
       connection_(data::createConnection()) {}
 
 HostDataObj::~HostDataObj() = default;
@@ -18,6 +18,11 @@ ado::Connection& HostDataObj::Connection() {
                       "the data object's connection is closed: call OpenConnection first");
   }
   return *connection_;
+}
+
+std::string HostDataObj::DatabaseType() {
+  if (databaseType_.empty()) databaseType_ = data::databaseType(connectionString_);
+  return databaseType_;
 }
 
 void HostDataObj::OpenConnection() {

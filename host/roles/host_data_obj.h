@@ -25,7 +25,7 @@ class HostDataObj : public DataObj {
   void ExecuteSql(const std::string& sql) override;
   /// As ExecuteSql: the flag has no effect.
   void ExecuteSqlEx(const std::string& sql, bool flag) override;
-  std::string DatabaseType() override { return databaseType_; }
+  std::string DatabaseType() override;
   std::string ConnectionString() override { return connectionString_; }
 
   int opens() const { return opens_; }

@@ -176,7 +176,7 @@ TEST_F(RecordsetTest, AFailedOpenLeavesItClosed) {
       "SELECT abs(CASE WHEN Number=1 THEN 1 ELSE -9223372036854775808 END) "
       "FROM KT7TPay ORDER BY PayRowID";
   expectStatementError([&] { rows->Open(sql, *connection_, 3, 1); },
-                       engine().embedded ? "integer overflow" : "out of range");
+                       engine().files ? "integer overflow" : "out of range");
   expectStatementError([&] { rows->Eof(); }, "closed");
   rows->Open("SELECT 1 AS One", *connection_, 3, 1);
   EXPECT_EQ(rows->get("one").toInt32(), 1);

@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/data/engine_settings.h"
 #include "host/data/mysql/session.h"
 
 namespace kt7::data {
@@ -13,19 +14,6 @@ namespace kt7::data {
 namespace {
 
 constexpr unsigned kConnectSeconds = 5;
-
-/// Codes compare byte for byte, blanks at their end too; a backslash is an ordinary character; what
-/// a column cannot hold is refused; nobody waits longer than five seconds for a lock.
-constexpr const char* kMariadbSettings =
-    "SET NAMES utf8mb4 COLLATE utf8mb4_nopad_bin, "
-    "sql_mode='STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO,"
-    "NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT', innodb_lock_wait_timeout=5, lock_wait_timeout=5, "
-    "tx_isolation='READ-COMMITTED'";
-constexpr const char* kMysqlSettings =
-    "SET NAMES utf8mb4 COLLATE utf8mb4_0900_bin, "
-    "sql_mode='STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO,"
-    "NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT', innodb_lock_wait_timeout=5, lock_wait_timeout=5, "
-    "transaction_isolation='READ-COMMITTED'";
 
 bool isMariadb(MYSQL* connection) {
   return std::string_view(mysql_get_server_info(connection)).find("MariaDB") !=

@@ -172,28 +172,9 @@ const MysqlSession::Shape& MysqlSession::shapeOf(MYSQL_RES& result) {
   return shapes_.keep(shapeKey_, std::move(shape));
 }
 
-const std::string& MysqlSession::inlined(const std::string& sql, std::span<const Stored> values) {
-  inlined_.clear();
-  std::vector<Token> tokens;
-  lexSql(sql, tokens);
-  std::size_t at = 0;
-  std::size_t given = 0;
-  std::size_t wanted = 0;
-  for (const Token& token : tokens) {
-    if (token.kind != TokenKind::Parameter) continue;
-    if (++wanted > values.size()) continue;
-    inlined_.append(sql, at, token.begin - at);
-    appendLiteral(inlined_, values[given++]);
-    at = token.end();
-  }
-  requireParameters(sql, wanted, values.size());
-  inlined_.append(sql, at);
-  return inlined_;
-}
-
 Value MysqlSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
   const std::vector<Stored> values(parameters.begin(), parameters.end());
-  text_.read(inlined(sql, values), kMysqlDialect);
+  text_.read(inlinedStatement(sql, values), kMysqlDialect);
   run(text_.text(), sql);
   Snapshot rows;
   readRows(sql, rows);
@@ -205,7 +186,7 @@ Stored MysqlSession::stored(const Value& value, ColumnKind kind) const {
 }
 
 std::int64_t MysqlSession::change(const std::string& sql, std::span<const Stored> values) {
-  text_.read(inlined(sql, values), kMysqlDialect);
+  text_.read(inlinedStatement(sql, values), kMysqlDialect);
   run(text_.text(), sql);
   return static_cast<std::int64_t>(mysql_affected_rows(connection_.get()));
 }

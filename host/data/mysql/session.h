@@ -49,8 +49,6 @@ class MysqlSession final : public Session {
   void readRows(const std::string& sql, Snapshot& rows);
   void readRow(MYSQL_RES& result, MYSQL_ROW row, const Shape& shape, Snapshot& rows) const;
   const Shape& shapeOf(MYSQL_RES& result);
-  /// The fixed text with its "?" replaced by literals.
-  const std::string& inlined(const std::string& sql, std::span<const Stored> values);
   void control(const std::string& statement);
 
   MysqlHandle connection_;
@@ -58,7 +56,6 @@ class MysqlSession final : public Session {
   bool lost_ = false;
   bool writes_ = false;
   StatementText text_;
-  std::string inlined_;
   std::string shapeKey_;
   LruCache<Shape> shapes_;
   std::map<std::string, std::string> primaryKeys_;

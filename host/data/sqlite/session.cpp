@@ -1,9 +1,8 @@
 #include "host/data/sqlite/session.h"
 
-#include <cmath>
-
 #include "base/error.h"
 #include "base/text.h"
+#include "host/data/server_values.h"
 
 namespace kt7::data {
 
@@ -167,30 +166,7 @@ bool SqliteSession::usable() {
 }
 
 Stored SqliteSession::stored(const Value& value, ColumnKind kind) const {
-  const Value::Storage& storage = value.storage();
-  if (value.isNull()) return Null{};
-  if (const auto* text = std::get_if<std::string>(&storage)) return *text;
-  if (const auto* flag = std::get_if<bool>(&storage)) return std::int64_t{*flag ? 1 : 0};
-  if (const auto* number = std::get_if<double>(&storage)) {
-    if (std::isfinite(*number)) return *number;
-    raiseStatementFailed("a number that is infinite or undefined cannot be kept");
-  }
-  if (const auto* whole = std::get_if<std::int64_t>(&storage)) return *whole;
-  if (const auto* date = std::get_if<Date>(&storage)) {
-    const bool withTime =
-        kind == ColumnKind::Moment || (kind != ColumnKind::Day && date->timeOfDay() != 0);
-    return withTime ? date->isoDateTimeText() : date->isoDateText();
-  }
-  if (const auto* money = std::get_if<Currency>(&storage)) {
-    const std::int64_t count = money->tenThousandths();
-    if (count % Currency::kScale == 0) return count / Currency::kScale;
-    // SQLite keeps fractions as doubles, 15 digits.
-    const double number = money->toDouble();
-    if (Currency::fromDouble(number) == *money) return number;
-    raiseStatementFailed("the amount " + money->toText() +
-                         " has more digits than the database can keep");
-  }
-  return std::int64_t{value.toInt32()};
+  return storedAsDouble(value, kind);
 }
 
 }  // namespace kt7::data

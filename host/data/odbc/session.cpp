@@ -1,0 +1,364 @@
+#include "host/data/odbc/session.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "host/data/engine_settings.h"
+#include "host/data/server_values.h"
+
+namespace kt7::data {
+
+namespace {
+
+constexpr int kNotDecimal = -2;
+constexpr std::size_t kFirstBuffer = 4096;
+
+struct Diagnosis {
+  std::string state;
+  SQLINTEGER native = 0;
+  std::string text;
+};
+
+SQLCHAR* bytesOf(std::string_view text) {
+  // The driver manager takes its texts without const and leaves them as they are.
+  return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.data()));
+}
+
+bool succeeded(SQLRETURN code) { return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO; }
+
+Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle) {
+  std::array<SQLCHAR, 6> state{};
+  std::array<SQLCHAR, 2048> text{};
+  Diagnosis diagnosis;
+  SQLSMALLINT length = 0;
+  if (!succeeded(SQLGetDiagRec(type, handle, 1, state.data(), &diagnosis.native, text.data(),
+                               static_cast<SQLSMALLINT>(text.size()), &length))) {
+    diagnosis.text = "the driver gave no reason";
+    return diagnosis;
+  }
+  diagnosis.state = reinterpret_cast<const char*>(state.data());
+  std::string_view words = reinterpret_cast<const char*>(text.data());
+  // "[vendor][driver][server]" stands before the words.
+  while (words.starts_with('[') && words.find(']') != std::string_view::npos) {
+    words.remove_prefix(words.find(']') + 1);
+  }
+  diagnosis.text = trimmedBlanks(words);
+  return diagnosis;
+}
+
+ColumnKind kindOf(SQLSMALLINT type, int decimals) {
+  switch (type) {
+    case SQL_BIT:
+    case SQL_TINYINT:
+    case SQL_SMALLINT:
+      return ColumnKind::SmallInteger;
+    case SQL_INTEGER:
+    case SQL_BIGINT:
+      return ColumnKind::Integer;
+    case SQL_REAL:
+    case SQL_FLOAT:
+    case SQL_DOUBLE:
+      return ColumnKind::Real;
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+      return decimalKind(decimals);
+    case SQL_TYPE_DATE:
+      return ColumnKind::Day;
+    case SQL_TYPE_TIMESTAMP:
+      return ColumnKind::Moment;
+    default:
+      return ColumnKind::Text;
+  }
+}
+
+}  // namespace
+
+OdbcHandle::OdbcHandle(const std::string& connectionString) {
+  SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
+  SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
+  SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
+  constexpr std::intptr_t kLoginSeconds = 5;
+  SQLSetConnectAttr(connection_, SQL_ATTR_LOGIN_TIMEOUT,
+                    reinterpret_cast<SQLPOINTER>(kLoginSeconds), 0);
+  const SQLRETURN code = SQLDriverConnect(connection_, nullptr, bytesOf(connectionString),
+                                          static_cast<SQLSMALLINT>(connectionString.size()),
+                                          nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  if (succeeded(code)) {
+    connected_ = true;
+    return;
+  }
+  const Diagnosis cause = diagnosisOf(SQL_HANDLE_DBC, connection_);
+  SQLFreeHandle(SQL_HANDLE_DBC, connection_);
+  SQLFreeHandle(SQL_HANDLE_ENV, environment_);
+  raiseConnectionFailed("cannot connect by ODBC: " + cause.text, {{}, cause.native, cause.state});
+}
+
+OdbcHandle::~OdbcHandle() {
+  if (connected_) SQLDisconnect(connection_);
+  SQLFreeHandle(SQL_HANDLE_DBC, connection_);
+  SQLFreeHandle(SQL_HANDLE_ENV, environment_);
+}
+
+class OdbcSession::Statement {
+ public:
+  explicit Statement(const OdbcHandle& connection) {
+    if (!succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection.get(), &handle_))) {
+      const Diagnosis cause = diagnosisOf(SQL_HANDLE_DBC, connection.get());
+      raiseConnectionFailed(cause.text, {{}, cause.native, cause.state});
+    }
+    // Braces in a text are not escapes of the driver manager.
+    SQLSetStmtAttr(handle_, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
+  }
+  ~Statement() { SQLFreeHandle(SQL_HANDLE_STMT, handle_); }
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+  SQLHSTMT get() const { return handle_; }
+  std::int64_t changedRows() const {
+    SQLLEN count = 0;
+    SQLRowCount(handle_, &count);
+    return count;
+  }
+
+ private:
+  SQLHSTMT handle_ = SQL_NULL_HSTMT;
+};
+
+OdbcSession::OdbcSession(std::unique_ptr<OdbcHandle> connection)
+    : connection_(std::move(connection)), buffer_(kFirstBuffer, '\0') {
+  std::array<char, 128> name{};
+  SQLSMALLINT length = 0;
+  SQLGetInfo(connection_->get(), SQL_DBMS_NAME, name.data(), static_cast<SQLSMALLINT>(name.size()),
+             &length);
+  kind_ = upperCase(name.data());
+  if (kind_ == "MARIADB") kind_ = "MYSQL";
+  embedded_ = kind_ == "SQLITE";
+  applySettings();
+}
+
+void OdbcSession::applySettings() {
+  dialect_.limitForTop = kind_ != "MICROSOFT SQL SERVER";
+  if (kind_ == "MYSQL") {
+    dialect_.foldsTableNames = true;
+    execute(kMariadbSettings);
+  } else if (kind_ == "POSTGRESQL") {
+    execute("SET lock_timeout=5000");
+  } else if (embedded_) {
+    dialect_.yearsByText = true;
+    execute("PRAGMA busy_timeout=5000");
+  } else if (kind_ == "MICROSOFT SQL SERVER") {
+    execute("SET LOCK_TIMEOUT 5000");
+  }
+}
+
+void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sql) {
+  constexpr SQLINTEGER kServerGone = 2006;
+  constexpr SQLINTEGER kServerLost = 2013;
+  constexpr SQLINTEGER kMysqlLockWait = 1205;
+  constexpr SQLINTEGER kSqliteBusy = 5;
+  const Diagnosis cause = diagnosisOf(type, handle);
+  if (cause.state.starts_with("08") || cause.native == kServerGone || cause.native == kServerLost) {
+    lost_ = true;
+    raiseConnectionLost(cause.text, sql, cause.native, writes_ && (!begun_ || sql == "COMMIT"));
+  }
+  const DatabaseCause told{sql, cause.native, cause.state};
+  const bool locked = cause.state == "HYT00" || cause.state == "55P03" ||
+                      (kind_ == "MYSQL" && cause.native == kMysqlLockWait) ||
+                      (embedded_ && cause.native == kSqliteBusy);
+  if (locked) {
+    raiseStatementFailed(
+        "the rows are locked: another connection, perhaps of this same thread, has a transaction "
+        "open that writes to them; commit or roll back that one first (" +
+            cause.text + ")",
+        told);
+  }
+  raiseStatementFailed(cause.text, told);
+}
+
+void OdbcSession::run(Statement& statement, std::string_view text, const std::string& sql) {
+  writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT");
+  const SQLRETURN code =
+      SQLExecDirect(statement.get(), bytesOf(text), static_cast<SQLINTEGER>(text.size()));
+  if (!succeeded(code) && code != SQL_NO_DATA) fail(SQL_HANDLE_STMT, statement.get(), sql);
+}
+
+void OdbcSession::execute(const std::string& sql) {
+  text_.readOne(sql, dialect_);
+  Statement statement(*connection_);
+  run(statement, text_.text(), sql);
+}
+
+void OdbcSession::query(const std::string& sql, Snapshot& rows) {
+  text_.readOne(sql, dialect_);
+  if (text_.onlyChanges()) raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+  Statement statement(*connection_);
+  run(statement, text_.text(), sql);
+  readRows(statement, rows, sql);
+}
+
+void OdbcSession::readRows(Statement& statement, Snapshot& rows, const std::string& sql) {
+  SQLSMALLINT count = 0;
+  SQLNumResultCols(statement.get(), &count);
+  if (count == 0) raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+  std::vector<Column> columns;
+  kinds_.clear();
+  decimals_.clear();
+  for (SQLUSMALLINT i = 1; i <= static_cast<SQLUSMALLINT>(count); ++i) {
+    std::array<SQLCHAR, 256> name{};
+    SQLSMALLINT length = 0, type = 0, decimals = 0, nullable = 0;
+    SQLULEN size = 0;
+    SQLDescribeCol(statement.get(), i, name.data(), static_cast<SQLSMALLINT>(name.size()), &length,
+                   &type, &size, &decimals, &nullable);
+    const bool decimal = type == SQL_DECIMAL || type == SQL_NUMERIC;
+    ColumnKind kind = kindOf(type, decimals);
+    if (embedded_) {
+      std::array<char, 128> declared{};
+      SQLColAttribute(statement.get(), i, SQL_DESC_TYPE_NAME, declared.data(),
+                      static_cast<SQLSMALLINT>(declared.size()), &length, nullptr);
+      kind = columnKind(declared.data());
+    }
+    kinds_.push_back(kind);
+    decimals_.push_back(decimal ? decimals : kNotDecimal);
+    columns.push_back({reinterpret_cast<const char*>(name.data()), kind});
+  }
+  rows.start(std::make_shared<const ResultShape>(std::move(columns)));
+  for (;;) {
+    const SQLRETURN code = SQLFetch(statement.get());
+    if (code == SQL_NO_DATA) return;
+    if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
+    Cell* cell = rows.addRow();
+    for (std::size_t i = 0; i < kinds_.size(); ++i, ++cell)
+      readCell(statement, i, rows, *cell, sql);
+  }
+}
+
+void OdbcSession::readCell(Statement& statement, std::size_t column, Snapshot& rows, Cell& cell,
+                           const std::string& sql) {
+  std::size_t have = 0;
+  for (;;) {
+    SQLLEN left = 0;
+    const auto room = static_cast<SQLLEN>(buffer_.size() - have);
+    const SQLRETURN code = SQLGetData(statement.get(), static_cast<SQLUSMALLINT>(column + 1),
+                                      SQL_C_CHAR, buffer_.data() + have, room, &left);
+    if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
+    if (left == SQL_NULL_DATA) return;
+    if (left != SQL_NO_TOTAL && left < room) {
+      setCell(rows, cell, column,
+              std::string_view(buffer_.data(), have + static_cast<std::size_t>(left)));
+      return;
+    }
+    have = buffer_.size() - 1;  // a zero byte stands at its end
+    buffer_.resize(buffer_.size() * 2);
+  }
+}
+
+void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
+                          std::string_view text) const {
+  if (decimals_[column] != kNotDecimal && !embedded_) {
+    setDecimal(cell, text, decimals_[column]);
+    return;
+  }
+  const ColumnKind kind = kinds_[column];
+  const bool number = kind == ColumnKind::SmallInteger || kind == ColumnKind::Integer ||
+                      kind == ColumnKind::Real || kind == ColumnKind::Money ||
+                      (embedded_ && kind == ColumnKind::Other);
+  if (number && setNumber(cell, text)) return;
+  if (text.starts_with("0000-00-00")) return;
+  rows.setText(cell, text);
+}
+
+std::string OdbcSession::inlined(const std::string& sql, std::span<const Stored> values) {
+  text_.read(inlinedStatement(sql, values), dialect_);
+  return std::string(text_.text());
+}
+
+Value OdbcSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
+  const std::vector<Stored> values(parameters.begin(), parameters.end());
+  Statement statement(*connection_);
+  run(statement, inlined(sql, values), sql);
+  Snapshot rows;
+  readRows(statement, rows, sql);
+  return rows.rowCount() == 0 ? Value() : rows.value(0, 0);
+}
+
+Stored OdbcSession::stored(const Value& value, ColumnKind kind) const {
+  return embedded_ ? storedAsDouble(value, kind) : storedOnServer(value, kind);
+}
+
+std::int64_t OdbcSession::change(const std::string& sql, std::span<const Stored> values) {
+  Statement statement(*connection_);
+  run(statement, inlined(sql, values), sql);
+  return statement.changedRows();
+}
+
+std::int64_t OdbcSession::insert(const std::string& sql, std::span<const Stored> values,
+                                 const std::string& key) {
+  if (key.empty()) return change(sql, values), 0;
+  if (kind_ == "POSTGRESQL")
+    return askOne(inlinedStatement(sql + " RETURNING " + key, values), {}).toInt32();
+  if (kind_ == "MICROSOFT SQL SERVER") {
+    const std::string output =
+        replaceAll(sql, ") VALUES(", ") OUTPUT INSERTED." + key + " VALUES(");
+    return askOne(inlinedStatement(output, values), {}).toInt32();
+  }
+  change(sql, values);
+  return askOne(embedded_ ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()", {}).toInt32();
+}
+
+std::string OdbcSession::primaryKey(const std::string& table) {
+  const std::string folded = lowerCase(table);
+  if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
+    return known->second;
+  }
+  const bool folds = kind_ == "POSTGRESQL" || (kind_ == "MYSQL" && folded.starts_with("kt7"));
+  const std::string& name = folds ? folded : table;
+  Statement statement(*connection_);
+  const SQLRETURN code =
+      SQLPrimaryKeys(statement.get(), nullptr, 0, nullptr, 0, bytesOf(name), SQL_NTS);
+  if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), "the primary key of " + table);
+  Snapshot rows;
+  readRows(statement, rows, "the primary key of " + table);
+  constexpr std::size_t kColumnName = 3;
+  std::string key;
+  if (rows.rowCount() == 1) key = rows.value(0, kColumnName).joinedText();
+  if (!key.empty()) primaryKeys_.emplace(folded, key);
+  return key;
+}
+
+void OdbcSession::autocommit(bool on) {
+  const std::uintptr_t value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
+  const SQLRETURN code = SQLSetConnectAttr(connection_->get(), SQL_ATTR_AUTOCOMMIT,
+                                           reinterpret_cast<SQLPOINTER>(value), 0);
+  if (!succeeded(code)) fail(SQL_HANDLE_DBC, connection_->get(), "BEGIN");
+}
+
+void OdbcSession::begin() {
+  if (begun_) {
+    raiseStatementFailed("a transaction is already open on this connection", {"BEGIN", 0, {}});
+  }
+  autocommit(false);
+  begun_ = true;
+}
+
+void OdbcSession::endTransaction(SQLSMALLINT how, const char* shown) {
+  if (!begun_) {
+    raiseStatementFailed("no transaction is open on this connection", {shown, 0, {}});
+  }
+  writes_ = true;
+  const SQLRETURN code = SQLEndTran(SQL_HANDLE_DBC, connection_->get(), how);
+  if (!succeeded(code)) fail(SQL_HANDLE_DBC, connection_->get(), shown);
+  begun_ = false;
+  autocommit(true);
+}
+
+void OdbcSession::commit() { endTransaction(SQL_COMMIT, "COMMIT"); }
+void OdbcSession::rollback() { endTransaction(SQL_ROLLBACK, "ROLLBACK"); }
+
+bool OdbcSession::usable() {
+  SQLUINTEGER dead = SQL_CD_FALSE;
+  SQLGetConnectAttr(connection_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
+  return !lost_ && dead != SQL_CD_TRUE;
+}
+
+}  // namespace kt7::data

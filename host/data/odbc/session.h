@@ -1,0 +1,80 @@
+#pragma once
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <map>
+
+#include "host/data/session.h"
+#include "host/data/statement_text.h"
+
+namespace kt7::data {
+
+/// The handle of a connection and of its environment; both go with it.
+class OdbcHandle {
+ public:
+  /// A connection error with the driver's words.
+  explicit OdbcHandle(const std::string& connectionString);
+  ~OdbcHandle();
+  OdbcHandle(const OdbcHandle&) = delete;
+  OdbcHandle& operator=(const OdbcHandle&) = delete;
+  SQLHDBC get() const { return connection_; }
+
+ private:
+  SQLHENV environment_ = SQL_NULL_HENV;
+  SQLHDBC connection_ = SQL_NULL_HDBC;
+  bool connected_ = false;
+};
+
+/// A connection through the driver manager, to any engine. Texts cross as UTF-8 and decimals as
+/// exact texts; rows are written back by statements with their values in the text.
+class OdbcSession final : public Session {
+ public:
+  explicit OdbcSession(std::unique_ptr<OdbcHandle> connection);
+
+  const std::string& databaseKind() const { return kind_; }
+
+  void execute(const std::string& sql) override;
+  void query(const std::string& sql, Snapshot& rows) override;
+  Value askOne(const std::string& sql, std::span<const std::string> parameters) override;
+  Stored stored(const Value& value, ColumnKind kind) const override;
+  std::int64_t change(const std::string& sql, std::span<const Stored> values) override;
+  std::int64_t insert(const std::string& sql, std::span<const Stored> values,
+                      const std::string& key) override;
+  std::string primaryKey(const std::string& table) override;
+  void begin() override;
+  void commit() override;
+  void rollback() override;
+  bool inTransaction() const override { return begun_; }
+  bool usable() override;
+  bool lost() const override { return lost_; }
+
+ private:
+  class Statement;
+
+  void applySettings();
+  void run(Statement& statement, std::string_view text, const std::string& sql);
+  void readRows(Statement& statement, Snapshot& rows, const std::string& sql);
+  void readCell(Statement& statement, std::size_t column, Snapshot& rows, Cell& cell,
+                const std::string& sql);
+  void setCell(Snapshot& rows, Cell& cell, std::size_t column, std::string_view text) const;
+  std::string inlined(const std::string& sql, std::span<const Stored> values);
+  void endTransaction(SQLSMALLINT how, const char* shown);
+  void autocommit(bool on);
+  [[noreturn]] void fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sql);
+
+  std::unique_ptr<OdbcHandle> connection_;
+  std::string kind_;
+  Dialect dialect_;
+  bool embedded_ = false;  // SQLite, whose values have types of their own
+  bool begun_ = false;
+  bool lost_ = false;
+  bool writes_ = false;
+  StatementText text_;
+  std::string buffer_;
+  std::vector<ColumnKind> kinds_;
+  std::vector<int> decimals_;
+  std::map<std::string, std::string> primaryKeys_;
+};
+
+}  // namespace kt7::data
