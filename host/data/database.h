@@ -23,6 +23,9 @@ Value askOne(const ado::ActiveConnection& on, const std::string& sql,
 /// string without a known driver.
 std::string databaseType(const std::string& connectionString);
 
+/// The same of an open connection; a database error for one that was not made here.
+std::string databaseType(ado::Connection& connection);
+
 /// The same as far as the driver's name tells it; "" where the driver would have to be asked.
 std::string namedDatabaseType(const std::string& connectionString);
 

@@ -8,6 +8,7 @@
 #include "host/csv/reader.h"
 #include "host/data/database.h"
 #include "host/schema/cell.h"
+#include "host/schema/row_ids.h"
 #include "host/schema/table.h"
 #include "host/schema/transaction.h"
 
@@ -26,7 +27,11 @@ std::string joined(const std::vector<std::string>& lines) {
 std::string atLine(std::size_t line) { return "line " + std::to_string(line); }
 
 const Table& importedTable(std::string_view name) {
-  if (const Table* table = findTable(name)) return *table;
+  if (const Table* table = findTable(name)) {
+    if (isCompanyData(*table)) return *table;
+    throw ImportError(
+        {table->name + " is kept by this system itself; nothing is imported into it"});
+  }
   const std::string shown = shownCell(std::string(name));
   throw ImportError({findView(name) != nullptr ? shown + " is a view; rows are imported into tables"
                                                : "there is no table " + shown});
@@ -92,9 +97,11 @@ std::vector<Value> readRow(const csv::Row& row, const Columns& columns, Problems
 std::string refusalText(const Error& error) {
   constexpr std::int32_t kSqliteUnique = 2067;
   constexpr std::int32_t kSqlitePrimaryKey = 1555;
+  constexpr std::int32_t kSqliteConstraint = 19;  // all that its ODBC driver tells
   const DatabaseCause& cause = error.cause();
   const bool keyIsTaken = cause.nativeCode == kSqliteUnique ||
-                          cause.nativeCode == kSqlitePrimaryKey || cause.sqlState.starts_with("23");
+                          cause.nativeCode == kSqlitePrimaryKey ||
+                          cause.nativeCode == kSqliteConstraint || cause.sqlState.starts_with("23");
   return keyIsTaken ? "a row with this key is already there (" + std::string(error.what()) + ")"
                     : error.what();
 }
@@ -104,11 +111,13 @@ class RowWriter {
  public:
   RowWriter(ado::Connection& connection, const Table& table, const Columns& columns)
       : connection_(connection),
+        table_(table),
         source_("SELECT * FROM " + table.name + " WHERE 1 = 0"),
         columns_(columns) {}
 
   void write(const std::vector<Value>& values) {
     if (rows_++ % kRowsPerRecordset == 0) open();
+    if (!givesRowId(values)) finish();
     recordset_->AddNew();
     for (std::size_t i = 0; i < values.size(); ++i) {
       // The database gives a row id that the file leaves out.
@@ -116,20 +125,34 @@ class RowWriter {
       recordset_->set(columns_[i]->name, values[i]);
     }
     recordset_->Update();
+    idsGiven_ = idsGiven_ || givesRowId(values);
+  }
+  /// The database goes on after the row ids that the file gave.
+  void finish() {
+    if (idsGiven_) advanceRowIds(connection_, table_);
+    idsGiven_ = false;
   }
   std::size_t rows() const { return rows_; }
 
  private:
+  bool givesRowId(const std::vector<Value>& values) const {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (columns_[i]->type == ColumnType::RowId) return !values[i].isNull();
+    }
+    return false;
+  }
   void open() {
     recordset_ = data::createRecordset();
     recordset_->Open(source_, connection_, ado::kStatic, ado::kOptimistic);
   }
 
   ado::Connection& connection_;
+  const Table& table_;
   std::string source_;
   const Columns& columns_;
   std::unique_ptr<ado::Recordset> recordset_;
   std::size_t rows_ = 0;
+  bool idsGiven_ = false;
 };
 
 std::size_t importRows(ado::Connection& connection, const Table& table, csv::Reader& reader) {
@@ -146,6 +169,7 @@ std::size_t importRows(ado::Connection& connection, const Table& table, csv::Rea
     }
   }
   if (!problems.empty()) throw ImportError(std::move(problems));
+  writer.finish();
   return writer.rows();
 }
 
