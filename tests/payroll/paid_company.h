@@ -10,9 +10,20 @@
 #include "host/roles/host_platform.h"
 #include "host/schema/schema.h"
 #include "payroll/store/pay_month.h"
+#include "schema/amass_columns.h"
 #include "support/company.h"
 
 namespace kt7::payroll {
+
+/// The columns of a row as one text, null as "-".
+inline std::string joined(std::initializer_list<const char*> columns) {
+  std::string text;
+  for (const char* column : columns) {
+    text += (text.empty() ? "COALESCE(" : "||'|'||COALESCE(") + test::asText(std::string(column)) +
+            ",'-')";
+  }
+  return text;
+}
 
 /// What one run told.
 struct Told : RunListener {
@@ -85,6 +96,28 @@ class PaidCompany : public testing::Test {
       result.push_back(test::plainNumbers(rows->get("line").joinedText()));
     return result;
   }
+  /// Every slip, item and balance, as text.
+  std::vector<std::string> everything() {
+    std::vector<std::string> all = lines(
+        "SELECT " +
+        joined({"TEPSNo", "TEpSTEmpCode", "TEPSTEmTCode", "TEPSSalaryPeriod", "TEpsTSaPDate",
+                "TEpsStartDate", "TEpsEndDate", "TEPSTotalWorkDay", "TEPSNetTotal", "TEPSFlag3"}) +
+        " AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo");
+    std::string balance = joined({"TEATTEmpCode", "TEATTEmTCode", "TEATPaymentDate"});
+    for (const std::string_view column : schema::kAmassMoneyColumns) {
+      balance += "||'|'||" + std::string(column);
+    }
+    for (const std::string& query :
+         {joined({"TSmbTEPSNo", "TSmbLn", "TSmbTAMTAlias", "TSmbName", "TSmbQuantity",
+                  "TSmbCheckMoney", "TSmbDebit", "TSmbCrebit"}) +
+              " AS line FROM KT7TEmpSlipItem ORDER BY TSmbTEPSNo, TSmbLn",
+          balance + " AS line FROM KT7TEmpAmassType ORDER BY TEATTEmpCode, TEATPaymentDate"}) {
+      const auto rows = lines("SELECT " + query);
+      all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+  }
+
   int count(const std::string& from) {
     return std::stoi(lines("SELECT COUNT(*) AS line FROM " + from).front());
   }
