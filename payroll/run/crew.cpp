@@ -11,9 +11,10 @@ void work(const MonthPlan& plan, const NewWorker& newWorker, PageQueue& queue) {
     const auto worker = newWorker();
     RunServices& services = worker->services();
     const OpenData open(services.dataObj);
-    PagePayer payer(plan, services, queue);
-    while (const auto page = payer.doing([&] { return queue.take(services); })) {
-      payPage(payer, queue, *page);
+    const auto payer =
+        madeOn(services, [&] { return std::make_unique<PagePayer>(plan, services, queue); });
+    while (const auto page = payer->doing([&] { return queue.take(services); })) {
+      payPage(*payer, queue, *page);
     }
   } catch (...) {
     queue.stop(std::current_exception());

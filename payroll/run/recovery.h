@@ -46,4 +46,11 @@ class Recovery {
   RunOutcome& outcome_;
 };
 
+/// What `make` answers, over connections that are lost meanwhile.
+template <typename Make>
+auto madeOn(RunServices& services, Make make) {
+  RunOutcome uncounted;
+  return Recovery(services, uncounted).doing(make);
+}
+
 }  // namespace kt7::payroll

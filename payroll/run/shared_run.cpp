@@ -17,6 +17,13 @@ std::string workerName(const Sharing& sharing, int number) {
          std::to_string(number);
 }
 
+std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunRequest& request,
+                                       RunServices& services, const std::string& name) {
+  return madeOn(services, [&] {
+    return std::make_unique<SharedWorker>(shared, *request.sharing, services, name);
+  });
+}
+
 /// Passes the reports on until the last worker has ended.
 void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told) {
   while (const auto report = reports.next()) told(*report);
@@ -35,9 +42,10 @@ bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWork
     try {
       const auto worker = newWorker();
       const OpenData open(worker->services().dataObj);
-      SharedWorker sharing(shared, *request.sharing, worker->services(),
-                           workerName(*request.sharing, ++number));
-      if (!sharing.payParts(reports)) finished = false;
+      const std::string name = workerName(*request.sharing, ++number);
+      if (!memberOf(shared, request, worker->services(), name)->payParts(reports)) {
+        finished = false;
+      }
       reports.workerEnds();
     } catch (...) {
       reports.stop(std::current_exception());
@@ -61,8 +69,7 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
   for (;;) {
     const SharedPlan shared = joinRun(request, services, listener, name);
     if (!payParts(shared, request, newWorker, told)) continue;
-    SharedWorker ending(shared, *request.sharing, services, name);
-    if (ending.end(listener, told)) return outcome;
+    if (memberOf(shared, request, services, name)->end(listener, told)) return outcome;
   }
 }
 

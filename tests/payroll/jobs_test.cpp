@@ -54,13 +54,6 @@ class Jobs : public PaidCompany {
     }
     return all;
   }
-
-  void forgetTheMonth() {
-    for (const char* const table : {"KT7TEmpSlipDoc", "KT7TEmpSlipItem", "KT7TEmpAmassType",
-                                    "KT7TEmpActiveAmass", "KT7TEmpHisPosition"}) {
-      sql(std::string("DELETE FROM ") + table);
-    }
-  }
 };
 
 std::vector<std::string> inOrder(const Told& told) {

@@ -118,6 +118,13 @@ class PaidCompany : public testing::Test {
     return all;
   }
 
+  /// As if the month had never been paid.
+  void forgetTheMonth() {
+    for (const char* const table : {"KT7TEmpSlipDoc", "KT7TEmpSlipItem", "KT7TEmpAmassType",
+                                    "KT7TEmpActiveAmass", "KT7TEmpHisPosition"}) {
+      sql(std::string("DELETE FROM ") + table);
+    }
+  }
   int count(const std::string& from) {
     return std::stoi(lines("SELECT COUNT(*) AS line FROM " + from).front());
   }
