@@ -24,8 +24,9 @@ struct Bench {
   std::unique_ptr<ado::Connection> connection = data::createConnection();
 };
 
+/// In lower case, as tables are kept where an engine tells the cases apart.
 std::string readText(int number) {
-  return "SELECT * FROM KT7TEmployee WHERE TEmpCode='" + employeeCode(number) + "'";
+  return "SELECT * FROM kt7temployee WHERE TEmpCode='" + employeeCode(number) + "'";
 }
 
 /// Another employee each time, far from the last one.
@@ -64,7 +65,7 @@ void addByHand(benchmark::State& state, const Bench& bench) {
   for (auto _ : state) {
     ++number;
     bench.byHand->execute(
-        "INSERT INTO KT7TEmployee(TEmpCode,TEmpFirstName,TEmpLastName,TEmpSignDate,TEmpTEmTCode,"
+        "INSERT INTO kt7temployee(TEmpCode,TEmpFirstName,TEmpLastName,TEmpSignDate,TEmpTEmTCode,"
         "TEmpSalary) VALUES('" +
         employeeCode(number) + "','Somchai','Jaidee','2020-01-01','M',20000.00)");
   }
@@ -104,7 +105,7 @@ void editByHand(benchmark::State& state, const Bench& bench) {
   bench.byHand->execute("BEGIN");
   for (auto _ : state) {
     bench.byHand->readRow(readText(turns.next()), cells);
-    bench.byHand->execute("UPDATE KT7TEmployee SET TEmpSalary=" + std::to_string(++salary) +
+    bench.byHand->execute("UPDATE kt7temployee SET TEmpSalary=" + std::to_string(++salary) +
                           " WHERE TEmpRowID=" + cells.front());
   }
   bench.byHand->execute("ROLLBACK");
