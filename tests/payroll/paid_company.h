@@ -69,10 +69,14 @@ class PaidCompany : public testing::Test {
   }
 
   Told pay(int month, std::vector<InputRow> input = {}, const std::string& type = "") {
+    return payIn(database_.connectionString(), month, std::move(input), type);
+  }
+  Told payIn(const std::string& connectionString, int month, std::vector<InputRow> input,
+             const std::string& type = "") {
     Told told;
     const RunRequest request{Month(2026, month), type, std::move(input)};
     platform_.setNow(request.month.lastDay());
-    host::HostDataObj dataObj(database_.connectionString());
+    host::HostDataObj dataObj(connectionString);
     try {
       told.outcome = payMonth(platform_, dataObj, request, told);
     } catch (const RunStopped& stopped) {
