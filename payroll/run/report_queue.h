@@ -26,12 +26,11 @@ class ReportQueue {
     --workers_;
     changed_.notify_all();
   }
-  /// A worker could not go on; the others end at their next look.
+  /// Somebody cannot go on; the workers end at their next look.
   void stop(std::exception_ptr reason) {
     const std::lock_guard lock(mutex_);
     if (!stopped_) reason_ = std::move(reason);
     stopped_ = true;
-    --workers_;
     changed_.notify_all();
   }
   bool stopped() const {

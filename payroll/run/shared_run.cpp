@@ -26,7 +26,11 @@ std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunReques
 
 /// Passes the reports on until the last worker has ended.
 void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told) {
-  while (const auto report = reports.next()) told(*report);
+  try {
+    while (const auto report = reports.next()) told(*report);
+  } catch (...) {
+    reports.stop(std::current_exception());
+  }
   threads.join();
   reports.raiseReason();
 }
@@ -46,10 +50,10 @@ bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWork
       if (!memberOf(shared, request, worker->services(), name)->payParts(reports)) {
         finished = false;
       }
-      reports.workerEnds();
     } catch (...) {
       reports.stop(std::current_exception());
     }
+    reports.workerEnds();
   });
   tellAll(reports, threads, told);
   return finished;

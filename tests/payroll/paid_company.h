@@ -122,6 +122,40 @@ class PaidCompany : public testing::Test {
     return all;
   }
 
+  /// Enough of two types to keep several pages under way.
+  void hire(int employees) {
+    std::string people, more;
+    for (int i = 0; i < employees; ++i) {
+      const std::string code = "'Z" + std::to_string(10000 + i) + "'";
+      const std::string values = i == 0 ? "" : ", ";
+      people += values + "(" + code + ", 'Z', " + (i % 5 == 0 ? "'W4'" : "'M1'") +
+                ", '2024-01-01', " + std::to_string(i % 5 == 0 ? 500 : 15000 + i) + ", '00')";
+      more += values + "(" + code + ", 1)";
+    }
+    sql("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, TEmpSignDate, "
+        "TEmpSalary, TEmpTBraCode) VALUES " +
+        people);
+    sql("INSERT INTO KT7TEmployee2 (TEm2TEmpCode, TEm2SocialInsured) VALUES " + more);
+  }
+
+  Workplace workplace() {
+    auto platform = std::make_unique<host::HostPlatform>(Month(2026, 1).lastDay());
+    return {std::move(platform),
+            std::make_unique<host::HostDataObj>(database_.connectionString())};
+  }
+  /// Everything that the run writes, but for the keys that the engine gives.
+  std::vector<std::string> books() {
+    std::vector<std::string> all = everything();
+    for (const std::string& query :
+         {joined({"TEHPTEmpCode", "TEHPLn", "TEHPStartDate", "TEHPSalary"}) +
+              " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn",
+          joined({"TEAATEmpCode", "TEAATSaPDate", "TEAAType"}) +
+              " AS line FROM KT7TEmpActiveAmass ORDER BY TEAATEmpCode, TEAATSaPDate"}) {
+      const auto rows = lines("SELECT " + query);
+      all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+  }
   /// As if the month had never been paid.
   void forgetTheMonth() {
     for (const char* const table : {"KT7TEmpSlipDoc", "KT7TEmpSlipItem", "KT7TEmpAmassType",
