@@ -12,7 +12,7 @@ namespace {
 struct Dying : Told {
   void paid(const Slip& slip) override {
     Told::paid(slip);
-    throw std::runtime_error("the process was ended");
+    if (slip.employee.starts_with('Z') && slip.type == "M1") throw std::runtime_error("the process was ended");
   }
 };
 
@@ -20,8 +20,9 @@ class Share : public PaidCompany {
  protected:
   Share() { platform_.setNow(Month(2026, 1).lastDay()); }
 
-  RunOutcome share(RunListener& told, std::vector<InputRow> input = {}, int jobs = 1) {
-    RunRequest request{Month(2026, 1), "", std::move(input), jobs, Sharing{"test", 2, 30}};
+  RunOutcome share(RunListener& told, std::vector<InputRow> input = {}, int jobs = 1,
+                   int partSize = 30) {
+    RunRequest request{Month(2026, 1), "", std::move(input), jobs, Sharing{"test", 2, partSize}};
     return paySharedMonth(request, told, [this] { return workplace(); });
   }
   std::vector<std::string> booksOfOneAlone() {
@@ -49,10 +50,10 @@ TEST_F(Share, TogetherTheyPayWhatOneAlonePays) {
 }
 
 TEST_F(Share, PartsOfOneThatEndedAreTakenOver) {
-  hire(60);
+  hire(200);
   const auto expected = booksOfOneAlone();
   Dying dying;
-  EXPECT_THROW(share(dying), std::runtime_error);
+  EXPECT_THROW(share(dying, {}, 1, 200), std::runtime_error);
   EXPECT_GT(count("KT7TRunLease WHERE TRLeState=1"), 0);
   Told heir;
   heir.outcome = share(heir);
@@ -62,6 +63,7 @@ TEST_F(Share, PartsOfOneThatEndedAreTakenOver) {
 }
 
 TEST_F(Share, InputMustBeTheSameWhileARunIsUnderWay) {
+  hire(5);
   Dying dying;
   EXPECT_THROW(share(dying), std::runtime_error);
   const std::vector<InputRow> bonus{input("E0001", "2026-01-31", "BONUS", "", "10000")};
