@@ -95,7 +95,9 @@ std::string grantsFor(const Error& error, Engine engine) {
   if (!isRefusedForRights(error.cause())) return "";
   if (engine == Engine::PostgreSQL) {
     return "an administrator grants what is missing: GRANT CREATE, USAGE ON SCHEMA public TO "
-           "this_user";
+           "this_user, and for tables of another owner SELECT, INSERT, UPDATE, DELETE ON ALL "
+           "TABLES "
+           "and UPDATE ON ALL SEQUENCES IN SCHEMA public";
   }
   return "an administrator grants what is missing: GRANT CREATE, DROP, ALTER, INDEX, CREATE VIEW, "
          "SELECT, INSERT, UPDATE, DELETE ON this_database.* TO this_user";

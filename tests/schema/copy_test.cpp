@@ -125,6 +125,15 @@ TEST_F(CopyCompany, GoesOnAfterItWasKilled) {
   EXPECT_EQ(dumpOf(*to_), dumpOf(*from_));
 }
 
+TEST_F(CopyCompany, GoesOnWhereTheTablesWereHalfMade) {
+  for (const char* table : {"KT7TSchema", "KT7TEmployee"}) {
+    to_->Execute(createTableText(*findTable(table), testedEngine()));
+  }
+  writeSchemaVersion(*to_, kCopyMark);
+  EXPECT_TRUE(allSame(copyCompany(*from_, *to_, silent_)));
+  EXPECT_EQ(targetKind(), SchemaState::Kind::Current);
+}
+
 TEST_F(CopyCompany, IsNoCompanyBeforeBothEndsAgree) {
   struct WritesBetween : CopyListener {
     void copied(std::int64_t rows, std::int64_t ofRows) override {
