@@ -25,9 +25,9 @@ struct StateRow {
 };
 
 constexpr std::array<StateRow, 5> kStates{{{"40001", Failure::Conflict},
-                                           {"40P01", Failure::Conflict},    // deadlock
-                                           {"55P03", Failure::Conflict},    // lock not available
-                                           {"23505", Failure::Duplicate},   // unique violation
+                                           {"40P01", Failure::Conflict},   // deadlock
+                                           {"55P03", Failure::Conflict},   // lock not available
+                                           {"23505", Failure::Duplicate},  // unique violation
                                            {"23000", Failure::Duplicate}}};
 
 struct CodeRow {

@@ -10,9 +10,9 @@ namespace kt7::payroll {
 
 /// Some employees of a slip period of a shared run, whom one worker at a time pays.
 struct RunPart {
-  std::string run;     // the run and, but for its head, what of it
-  std::string from;    // the code before the first
-  std::string to;      // the last code; of a run's head what all who join must agree on
+  std::string run;      // the run and, but for its head, what of it
+  std::string from;     // the code before the first
+  std::string to;       // the last code; of a run's head what all who join must agree on
   int firstNumber = 0;  // new slips are numbered behind it
 };
 

@@ -22,8 +22,8 @@ void removeUndueSlips(UndueQuery query, RunServices& services, PagePayer& payer,
 
 void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
                       const TakeReport& told) {
-  const auto dates = payer.doing(
-      [&] { return services.company.slipDates(plan.onlyType, plan.month.days()); });
+  const auto dates =
+      payer.doing([&] { return services.company.slipDates(plan.onlyType, plan.month.days()); });
   for (const SlipDate& date : dates) {
     if (plan.isFrozen(date.type, date.payDate)) continue;
     const SlipPeriod* period = plan.period(date.type, date.payDate);

@@ -122,9 +122,9 @@ SlipChange PagePayer::changeOf(const Employee& employee, const Page& page, Recor
   withdrawFirst(employee, change);
   const bool last = isLast(employee, period, records.slips[employee.code]);
   const MonthClosing closing{records.yearBefore[employee.code], restOfMonth, leaves(employee)};
-  change.slip = maker_.make({employee, plan_.type(employee.type), period,
-                             plan_.input.of(employee.code, period.payDate),
-                             last ? &closing : nullptr});
+  change.slip =
+      maker_.make({employee, plan_.type(employee.type), period,
+                   plan_.input.of(employee.code, period.payDate), last ? &closing : nullptr});
   change.slip->number = number;
   if (last) {
     change.history = HistoryChange{employee, historyStep(employee, records.latestSalaries),

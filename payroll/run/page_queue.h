@@ -24,8 +24,8 @@ class PageQueue : public SlipNumbers {
  public:
   PageQueue(const MonthPlan& plan, int workers);
 
-  /// The next page, read by the caller's services; none where all are handed out or the run stopped.
-  /// Pages of a period are handed out when those of the period before are finished.
+  /// The next page, read by the caller's services; none where all are handed out or the run
+  /// stopped. Pages of a period are handed out when those of the period before are finished.
   std::optional<Page> take(RunServices& services);
   /// Waits until all pages before have been numbered: numbers rise in the order of the pages.
   void give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) override;

@@ -10,9 +10,9 @@ namespace kt7::payroll {
 
 /// How a process takes part in a run that several share.
 struct Sharing {
-  std::string name;        // of the process, for people
-  int leaseSeconds = 60;   // after so long without a sign of life its part is taken over
-  int employees = 200;     // of a part
+  std::string name;       // of the process, for people
+  int leaseSeconds = 60;  // after so long without a sign of life its part is taken over
+  int employees = 200;    // of a part
 };
 
 /// A month to be paid.
@@ -28,9 +28,9 @@ struct RunOutcome {
   int paid = 0;
   int failed = 0;  // slips that were due and could not be made or written
   int removed = 0;
-  int conflicts = 0;   // units of work that another connection was in the way of
-  int losses = 0;      // connections that were lost
-  int retries = 0;     // units of work that were repeated, for whatever reason
+  int conflicts = 0;  // units of work that another connection was in the way of
+  int losses = 0;     // connections that were lost
+  int retries = 0;    // units of work that were repeated, for whatever reason
 
   RunOutcome& operator+=(const RunOutcome& other);
 };

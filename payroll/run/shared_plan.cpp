@@ -76,8 +76,7 @@ class Joining {
                        {"a shared run of " + request_.month.text() +
                         " with another input or type is under way: wait for its end"});
     }
-    return {head.part, head.worker,
-            planMonth(request_, services_, listener_, Preparation::Done)};
+    return {head.part, head.worker, planMonth(request_, services_, listener_, Preparation::Done)};
   }
 
   /// Where there is nothing to be paid as things stand, nobody has to wait for this one to end.
@@ -111,8 +110,8 @@ class Joining {
       auto known = lastSequence.find(period.payDate.dayNumber());
       if (known == lastSequence.end()) {
         const std::string last = services_.company.lastSlipNumber(period.payDate);
-        known = lastSequence.emplace(period.payDate.dayNumber(),
-                                     slipSequence(last, period.payDate)).first;
+        known = lastSequence.emplace(period.payDate.dayNumber(), slipSequence(last, period.payDate))
+                    .first;
       }
       append(parts, shared.partsOf(i), period, known->second);
     }

@@ -23,10 +23,9 @@ const PartRow& anyOf(const std::vector<PartRow>& rows) {
 void PartNumbers::give(const Page& page, std::vector<SlipChange>& changes, RunServices&) {
   for (SlipChange& change : changes) {
     if (!change.slip || !change.slip->number.empty()) continue;
-    const auto place =
-        std::find_if(page.employees.begin(), page.employees.end(), [&](const Employee& employee) {
-          return employee.code == change.slip->employee;
-        });
+    const auto place = std::find_if(
+        page.employees.begin(), page.employees.end(),
+        [&](const Employee& employee) { return employee.code == change.slip->employee; });
     const auto before = static_cast<std::size_t>(place - page.employees.begin()) + page.index;
     change.slip->number =
         slipNumber(change.slip->payDate, part_->firstNumber + static_cast<int>(before) + 1);
@@ -118,8 +117,7 @@ bool SharedWorker::prolong(const RunPart& part, PartState state) {
   const bool young = now - prolonged_ < std::chrono::seconds(sharing_.leaseSeconds) / 4;
   if (state == PartState::Taken && young) return true;
   prolonged_ = now;
-  return payer_.repeating(
-      [&] { return services_.leases.mark(part, name_, state, until()); });
+  return payer_.repeating([&] { return services_.leases.mark(part, name_, state, until()); });
 }
 
 bool SharedWorker::end(RunListener& listener, const TakeReport& told) {

@@ -87,8 +87,7 @@ bool SlipGroupWriter::standsAlready(const SlipChange& change) {
 }
 
 HistoryStep SlipGroupWriter::historyStepNow(const HistoryChange& history) {
-  return historyStep(history.employee,
-                     services_.company.latestSalaries({history.employee.code}));
+  return historyStep(history.employee, services_.company.latestSalaries({history.employee.code}));
 }
 
 void SlipGroupWriter::writeOne(const SlipChange& change, bool again) {
@@ -113,7 +112,7 @@ void SlipGroupWriter::tell(Group group) {
     for (const KnownSlip& slip : change.removals) {
       ++report_.outcome.removed;
       report_.note("slip " + slip.number + " of " + slip.employee + " (" + slip.type + " on " +
-                     slip.payDate.isoDateText() + ") is no longer due: removed");
+                   slip.payDate.isoDateText() + ") is no longer due: removed");
     }
     if (!change.slip) continue;
     ++report_.outcome.paid;
@@ -126,7 +125,8 @@ void SlipGroupWriter::tellFailure(const SlipChange& change, const std::string& c
     report_.countFailed(change.slip->employee, change.slip->payDate, cause);
   } else {
     const KnownSlip& slip = change.removals.front();
-    report_.countFailed(slip.employee, slip.payDate, "slip " + slip.number + " could not be removed: " + cause);
+    report_.countFailed(slip.employee, slip.payDate,
+                        "slip " + slip.number + " could not be removed: " + cause);
   }
 }
 

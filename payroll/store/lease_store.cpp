@@ -41,8 +41,8 @@ Date dateIn(const Value& value) {
 }  // namespace
 
 Date LeaseStore::now() {
-  auto rows = records_.open(std::string("SELECT ") + clockOf(dataObj_.DatabaseType()) +
-                            " AS ServerNow");
+  auto rows =
+      records_.open(std::string("SELECT ") + clockOf(dataObj_.DatabaseType()) + " AS ServerNow");
   return dateIn(rows->get("ServerNow"));
 }
 
@@ -92,11 +92,11 @@ bool LeaseStore::lay(const RunPart& head, const std::string& worker,
 std::vector<PartRow> LeaseStore::freeParts(const std::string& run, const std::string& worker,
                                            Date now) {
   std::vector<PartRow> parts;
-  auto rows = records_.open("SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
-                            "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" +
-                            number(PartState::Open) + " OR (TRLeState=" + number(PartState::Taken) +
-                            " AND (TRLeUntil<" + moment(now) + " OR TRLeWorker=" +
-                            records_.quoted(worker) + "))) ORDER BY TRLeFrom");
+  auto rows = records_.open(
+      "SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
+      "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" + number(PartState::Open) +
+      " OR (TRLeState=" + number(PartState::Taken) + " AND (TRLeUntil<" + moment(now) +
+      " OR TRLeWorker=" + records_.quoted(worker) + "))) ORDER BY TRLeFrom");
   for (; !rows->Eof(); rows->MoveNext()) parts.push_back(rowIn(*rows));
   return parts;
 }
@@ -129,8 +129,7 @@ bool LeaseStore::take(const PartRow& row, const std::string& worker, Date until)
   return true;
 }
 
-bool LeaseStore::mark(const RunPart& part, const std::string& worker, PartState state,
-                      Date until) {
+bool LeaseStore::mark(const RunPart& part, const std::string& worker, PartState state, Date until) {
   UnitOfWork unit(dataObj_);
   const std::string own = " AND TRLeWorker=" + records_.quoted(worker);
   if (!update(part, own, worker, state, until)) return false;

@@ -140,8 +140,7 @@ class PaidCompany : public testing::Test {
 
   Workplace workplace() {
     auto platform = std::make_unique<host::HostPlatform>(Month(2026, 1).lastDay());
-    return {std::move(platform),
-            std::make_unique<host::HostDataObj>(database_.connectionString())};
+    return {std::move(platform), std::make_unique<host::HostDataObj>(database_.connectionString())};
   }
   /// Everything that the run writes, but for the keys that the engine gives.
   std::vector<std::string> books() {

@@ -1,5 +1,5 @@
-// A unit of work fails at its end, before or after it was kept. Everybody is paid once all the same,
-// and the run says what it met.
+// A unit of work fails at its end, before or after it was kept. Everybody is paid once all the
+// same, and the run says what it met.
 #include "base/error.h"
 #include "paid_company.h"
 #include "payroll/run/failure.h"
@@ -57,9 +57,8 @@ TEST_F(Recovering, WhateverTheEndOfAUnitMeetsEverybodyIsPaidOnce) {
   Told clean;
   payMonth(platform_, undisturbed, {Month(2026, 1), "", {}}, clean);
   const auto expected = everything();
-  const auto history = lines(
-      "SELECT " + joined({"TEHPTEmpCode", "TEHPLn"}) +
-      " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn");
+  const auto history = lines("SELECT " + joined({"TEHPTEmpCode", "TEHPLn"}) +
+                             " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn");
   struct Case {
     const char* name;
     Error error;
@@ -101,18 +100,18 @@ TEST(Failures, AreToldApartByTheEnginesOwnCodes) {
     bool connection;
     Failure expected;
   };
-  for (const Case& row : {Case{"", 5, false, Failure::Conflict},            // busy
-                          Case{"", 517, false, Failure::Conflict},          // outdated snapshot
-                          Case{"", 2067, false, Failure::Duplicate},        // unique index
-                          Case{"", 1, false, Failure::Final},               // syntax
-                          Case{"40001", 1213, false, Failure::Conflict},    // deadlock
-                          Case{"HY000", 1205, false, Failure::Conflict},    // lock wait
-                          Case{"23000", 1062, false, Failure::Duplicate},   // unique index
-                          Case{"23505", 0, false, Failure::Duplicate},      // the same
-                          Case{"42S02", 1146, false, Failure::Final},       // no such table
-                          Case{"HY000", 2003, true, Failure::Lost},         // cannot connect
-                          Case{"08006", 0, true, Failure::Lost},
-                          Case{"08007", 0, true, Failure::OutcomeUnknown}}) {
+  for (const Case& row :
+       {Case{"", 5, false, Failure::Conflict},           // busy
+        Case{"", 517, false, Failure::Conflict},         // outdated snapshot
+        Case{"", 2067, false, Failure::Duplicate},       // unique index
+        Case{"", 1, false, Failure::Final},              // syntax
+        Case{"40001", 1213, false, Failure::Conflict},   // deadlock
+        Case{"HY000", 1205, false, Failure::Conflict},   // lock wait
+        Case{"23000", 1062, false, Failure::Duplicate},  // unique index
+        Case{"23505", 0, false, Failure::Duplicate},     // the same
+        Case{"42S02", 1146, false, Failure::Final},      // no such table
+        Case{"HY000", 2003, true, Failure::Lost},        // cannot connect
+        Case{"08006", 0, true, Failure::Lost}, Case{"08007", 0, true, Failure::OutcomeUnknown}}) {
     EXPECT_EQ(failureOf(failureWith(row.sqlState, row.code, row.connection)), row.expected)
         << row.sqlState << ' ' << row.code;
   }

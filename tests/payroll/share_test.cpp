@@ -12,7 +12,8 @@ namespace {
 struct Dying : Told {
   void paid(const Slip& slip) override {
     Told::paid(slip);
-    if (slip.employee.starts_with('Z') && slip.type == "M1") throw std::runtime_error("the process was ended");
+    if (slip.employee.starts_with('Z') && slip.type == "M1")
+      throw std::runtime_error("the process was ended");
   }
 };
 

@@ -202,9 +202,10 @@ void addPayroll(CLI::App& app, CommandLine& line) {
                   "How many workers pay at a time; the register is the same for any number")
       ->check(CLI::Range(1, kMostJobs))
       ->capture_default_str();
-  command.add_flag("--share", given->share,
-                   "Pay together with other processes that are given the same: each pays and prints "
-                   "a part, and takes over what one that ended left");
+  command.add_flag(
+      "--share", given->share,
+      "Pay together with other processes that are given the same: each pays and prints "
+      "a part, and takes over what one that ended left");
   command
       .add_option("--lease", given->leaseSeconds,
                   "With --share: seconds without a sign of life after which a part is taken over")

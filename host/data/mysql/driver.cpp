@@ -79,7 +79,8 @@ struct Server {
 
 Server serverIn(const std::string& text, const ConnectionString& where) {
   const std::size_t colon = text.find(':');
-  const bool withPort = colon != std::string::npos && text.find(':', colon + 1) == std::string::npos;
+  const bool withPort =
+      colon != std::string::npos && text.find(':', colon + 1) == std::string::npos;
   if (!withPort) return {text, portIn(where.value("Port"))};
   return {text.substr(0, colon), portIn(std::string_view(text).substr(colon + 1))};
 }

@@ -53,8 +53,8 @@ bool isDecimal(const MYSQL_FIELD& field) {
 bool isLoss(unsigned code) {
   // A cluster's node that has lost the others answers "unknown command" to everything: another node
   // may serve.
-  constexpr unsigned kLost[] = {CR_SERVER_GONE_ERROR,    CR_SERVER_LOST,       CR_CONN_HOST_ERROR,
-                                CR_SERVER_LOST_EXTENDED, ER_SERVER_SHUTDOWN,   ER_CONNECTION_KILLED,
+  constexpr unsigned kLost[] = {CR_SERVER_GONE_ERROR,    CR_SERVER_LOST,     CR_CONN_HOST_ERROR,
+                                CR_SERVER_LOST_EXTENDED, ER_SERVER_SHUTDOWN, ER_CONNECTION_KILLED,
                                 ER_UNKNOWN_COM_ERROR};
   return std::find(std::begin(kLost), std::end(kLost), code) != std::end(kLost);
 }

@@ -29,9 +29,8 @@ void WriteLock::take(const void* session, const std::string& sql) {
         {sql, 0, {}});
   }
   waiting_.push_back(session);
-  const bool came = released_.wait_for(lock, kLongestWait, [&] {
-    return holder_ == nullptr && waiting_.front() == session;
-  });
+  const bool came = released_.wait_for(
+      lock, kLongestWait, [&] { return holder_ == nullptr && waiting_.front() == session; });
   std::erase(waiting_, session);
   if (!came) {
     released_.notify_all();
