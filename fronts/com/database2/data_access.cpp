@@ -41,8 +41,7 @@ Variant ConnectionObject::Execute(const std::string& sql, const std::optional<st
 
 RecordsetObject::RecordsetObject() : rows_(data::createRecordset()) {}
 
-void RecordsetObject::Open(const std::string& source,
-                           const ado::ActiveConnection& activeConnection,
+void RecordsetObject::Open(const std::string& source, const ado::ActiveConnection& activeConnection,
                            const std::optional<std::int32_t>& cursorType,
                            const std::optional<std::int32_t>& lockType,
                            const std::optional<std::int32_t>& options) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -138,8 +139,7 @@ inline constexpr std::size_t kCountOf = std::tuple_size_v<ParametersOf<Function>
 template <auto Function, typename Target, std::size_t... I>
 Variant call(Target& target, const automation::Arguments& arguments, std::index_sequence<I...>) {
   using Parameters = ParametersOf<Function>;
-  const std::tuple given{
-      Passed<std::tuple_element_t<I, Parameters>>::from(arguments, I)...};
+  const std::tuple given{Passed<std::tuple_element_t<I, Parameters>>::from(arguments, I)...};
   const auto run = [&]() -> decltype(auto) {
     return std::invoke(Function, target, std::get<I>(given).pass()...);
   };
