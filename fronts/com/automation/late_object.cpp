@@ -88,27 +88,33 @@ void LateObject::put(const wchar_t* member, const Variant& value) const {
   send(member, DISPATCH_PROPERTYPUT, parameters);
 }
 
-LateObject LateObject::child(const Variant& answer, const char* childName,
+LateObject LateObject::child(const Variant& answer, std::string_view childName,
                              MemberIds* sharedIds) const {
-  return {objectIn(answer.raw()), name_ + "." + childName, sharedIds};
+  return {objectIn(answer.raw()), name_ + "." + std::string(childName), sharedIds};
 }
 
-LateObject createByProgId(const std::wstring& progId) {
-  const std::string name = toUtf8(progId);
+CLSID classOf(const std::wstring& progId) {
   CLSID classId;
-  HRESULT status = CLSIDFromProgID(progId.c_str(), &classId);
-  if (FAILED(status)) {
-    raiseCollaborator(error_number::kCannotCreate,
-                      "ActiveX component can't create object: '" + name + "' is not registered");
+  if (FAILED(CLSIDFromProgID(progId.c_str(), &classId))) {
+    raiseCollaborator(error_number::kCannotCreate, "ActiveX component can't create object: '" +
+                                                       toUtf8(progId) + "' is not registered");
   }
+  return classId;
+}
+
+LateObject createByClass(const CLSID& classId, std::string name) {
   ComPtr<IDispatch> object;
-  status = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                            IID_IDispatch, &object);
+  const HRESULT status = CoCreateInstance(
+      classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&object));
   if (FAILED(status)) {
     raiseCollaborator(error_number::kCannotCreate, "ActiveX component can't create object: '" +
                                                        name + "': " + systemText(status));
   }
-  return {object.Get(), name};
+  return {object.Get(), std::move(name)};
+}
+
+LateObject createByProgId(const std::wstring& progId) {
+  return createByClass(classOf(progId), toUtf8(progId));
 }
 
 }  // namespace kt7::automation

@@ -56,7 +56,7 @@ class LateObject {
   }
   void put(const wchar_t* member, const Variant& value) const;
   /// The object that a property or method answers.
-  LateObject child(const Variant& answer, const char* childName,
+  LateObject child(const Variant& answer, std::string_view childName,
                    MemberIds* sharedIds = nullptr) const;
 
   IDispatch* get() const { return object_.Get(); }
@@ -81,5 +81,8 @@ class LateObject {
 
 /// A new object of a program id; an error (429) that names it where it cannot be made.
 LateObject createByProgId(const std::wstring& progId);
+/// The same in two steps, for what is made often.
+CLSID classOf(const std::wstring& progId);
+LateObject createByClass(const CLSID& classId, std::string name);
 
 }  // namespace kt7::automation
