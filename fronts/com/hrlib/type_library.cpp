@@ -1,7 +1,5 @@
 #include "fronts/com/hrlib/type_library.h"
 
-#include <wrl/client.h>
-
 #include <mutex>
 
 #include "fronts/com/automation/module.h"
@@ -10,12 +8,13 @@ namespace kt7::hrlib {
 
 namespace {
 
-// Loading takes longer than most calls.
+// Kept, because loading takes longer than most calls. A plain pointer: when the process ends, the
+// system's part may be gone before this one.
 std::mutex guard;
-Microsoft::WRL::ComPtr<ITypeLib> loaded;
+ITypeLib* loaded = nullptr;
 
 HRESULT load() {
-  if (loaded) return S_OK;
+  if (loaded != nullptr) return S_OK;
   return LoadTypeLibEx(automation::modulePath().c_str(), REGKIND_NONE, &loaded);
 }
 
@@ -33,6 +32,9 @@ HRESULT typeInformation(REFIID interfaceId, ITypeInfo** information) noexcept {
   }
 }
 
-void forgetTypeInformation() noexcept { loaded.Reset(); }
+void forgetTypeInformation() noexcept {
+  if (loaded != nullptr) loaded->Release();
+  loaded = nullptr;
+}
 
 }  // namespace kt7::hrlib
