@@ -104,6 +104,7 @@ Variant::Variant(bool value) : raw_(ofType(VT_BOOL)) {
 }
 Variant::Variant(std::int16_t value) : raw_(ofType(VT_I2)) { raw_.iVal = value; }
 Variant::Variant(std::int32_t value) : raw_(ofType(VT_I4)) { raw_.lVal = value; }
+Variant::Variant(float value) : raw_(ofType(VT_R4)) { raw_.fltVal = value; }
 Variant::Variant(double value) : raw_(ofType(VT_R8)) { raw_.dblVal = value; }
 Variant::Variant(Currency value) : raw_(ofType(VT_CY)) {
   raw_.cyVal.int64 = value.tenThousandths();

@@ -18,6 +18,7 @@ class Variant {
   Variant(std::int16_t value);
   Variant(std::int32_t value);
   Variant(long value) : Variant(static_cast<std::int32_t>(value)) {}
+  Variant(float value);
   Variant(double value);
   Variant(Currency value);
   Variant(Date value);

@@ -12,12 +12,17 @@ std::string slotName(const DescribedMember& member) {
   return member.name;
 }
 
+/// The type in a slot: the published enumerations are global, the library has its own of that name.
+std::string slotType(const TypeName& type) {
+  return type.automation.starts_with("KT7") ? "::" + type.automation : type.automation;
+}
+
 /// "HRESULT STDMETHODCALLTYPE GETDAYRATE(BSTR EmployeeCode, IDispatch** DataObj, double* result)"
 void writeSlotHead(std::ostream& out, const DescribedMember& member) {
   out << "HRESULT STDMETHODCALLTYPE " << slotName(member) << "(";
   const char* before = "";
   for (const DescribedParameter& parameter : member.parameters) {
-    out << before << parameter.type.automation << (parameter.byReference ? "* " : " ")
+    out << before << slotType(parameter.type) << (parameter.byReference ? "* " : " ")
         << parameter.name;
     before = ", ";
   }
