@@ -20,8 +20,8 @@ Do Until rows.EOF
   Dim code, salary
   code = rows.Fields("TEmpCode").Value
   salary = rows.Fields("TEmpSalary").Value
-  WScript.Echo code & "," & Rounded(hr.GETDAYRATE(code, data)) & "," & _
-      Rounded(hr.GETHOURRATE(code, data)) & "," & Rounded(Tax(salary, rows.Fields("TEmpSignDate").Value))
+  WScript.Echo code & "," & CCur(hr.GETDAYRATE(code, data)) & "," & _
+      CCur(hr.GETHOURRATE(code, data)) & "," & Tax(salary, rows.Fields("TEmpSignDate").Value)
   rows.MoveNext
 Loop
 rows.Close
@@ -39,8 +39,4 @@ Function Tax(salary, signDate)
   fixed = False
   Tax = hr.CalcPTAX4(data, salary, 0, signDate, 0, 0, months, reduce, 0, studySupport, donation, _
       waived, salary, fixed, CDate(46053), 875)
-End Function
-
-Function Rounded(number)
-  Rounded = Round(CDbl(number), 2)
 End Function

@@ -2,13 +2,16 @@
 // the build (described/KT7HRLib.h) and belongs to the package.
 //   vtable_client DATABASE EMPLOYEE
 
-#include <initguid.h>
-
 #include <windows.h>
+
+#include <oleauto.h>
 
 #include <cstdio>
 #include <cwchar>
 #include <string>
+
+// The ids of KT7HRLib are defined here, those of the system are not.
+#include <initguid.h>
 
 #include "KT7HRLib.h"
 
