@@ -1,16 +1,14 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <filesystem>
-#include <random>
 
 #include "host/data/database.h"
 #include "host/roles/host_data_obj.h"
 #include "host/roles/host_platform.h"
-#include "host/schema/schema.h"
 #include "interface/hr_object.h"
 #include "plain_tax_questions.h"
 #include "ratio_report.h"
+#include "sample_company.h"
 
 namespace kt7::bench {
 
@@ -20,35 +18,8 @@ constexpr double kAllowedRatio = 1.3;
 constexpr const char* kPlain = "hand-written";
 constexpr const char* kTaxCall = "CalcPTAX4";
 
-/// The sample company in a file of its own, gone at the end.
-class SampleCompany {
- public:
-  SampleCompany() {
-    data::createDatabase(connectionString());
-    const auto connection = data::createConnection();
-    connection->Open(connectionString());
-    schema::createSchema(*connection, schema::Engine::SQLite);
-    schema::loadSample(*connection);
-  }
-  ~SampleCompany() { std::filesystem::remove_all(folder_); }
-  SampleCompany(const SampleCompany&) = delete;
-  SampleCompany& operator=(const SampleCompany&) = delete;
-
-  std::string file() const { return (folder_ / "company.db").string(); }
-  std::string connectionString() const { return "Driver=SQLite;Database=" + file(); }
-
- private:
-  static std::filesystem::path makeFolder() {
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("kt7-bench-" + std::to_string(std::random_device{}()));
-    std::filesystem::create_directory(folder);
-    return folder;
-  }
-  std::filesystem::path folder_ = makeFolder();
-};
-
 void askPlainly(benchmark::State& state, const SampleCompany& company) {
-  PlainTaxQuestions questions(company.file());
+  PlainTaxQuestions questions(company.database());
   for (auto _ : state) benchmark::DoNotOptimize(questions.ask());
 }
 
@@ -95,15 +66,7 @@ void askByKey(benchmark::State& state, const SampleCompany& company) {
 }  // namespace
 
 int run(int argc, char** argv) {
-  std::string takeTurns = "--benchmark_enable_random_interleaving=true";
-  std::string medianOnly = "--benchmark_report_aggregates_only=true";
-  // Repetitions take turns, so that a busy minute of the machine hits all of them.
-  std::vector<char*> arguments{argv[0], takeTurns.data(), medianOnly.data()};
-  arguments.insert(arguments.end(), argv + 1, argv + argc);
-  int count = static_cast<int>(arguments.size());
-  arguments.push_back(nullptr);
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
+  if (!initialize(argc, argv)) return 1;
   const SampleCompany company;
   const auto add = [&company](const char* name, auto function) {
     benchmark::RegisterBenchmark(

@@ -93,8 +93,11 @@ std::string refusalText(const Error& error) {
   constexpr std::int32_t kSqliteUnique = 2067;
   constexpr std::int32_t kSqlitePrimaryKey = 1555;
   const DatabaseCause& cause = error.cause();
-  const bool keyIsTaken = cause.nativeCode == kSqliteUnique ||
-                          cause.nativeCode == kSqlitePrimaryKey || cause.sqlState.starts_with("23");
+  // Other ways to SQLite give its text and a general code.
+  const bool keyIsTaken =
+      cause.nativeCode == kSqliteUnique || cause.nativeCode == kSqlitePrimaryKey ||
+      cause.sqlState.starts_with("23") ||
+      std::string_view(error.what()).find("UNIQUE constraint failed") != std::string_view::npos;
   return keyIsTaken ? "a row with this key is already there (" + std::string(error.what()) + ")"
                     : error.what();
 }

@@ -239,6 +239,7 @@ TEST_F(ConnectionTest, AnotherThreadWaitsForTheWriter) {
 TEST_F(ConnectionTest, ThreadsShareThePool) {
   connection_->Execute("INSERT INTO KT7TPay(Code,Number) VALUES('a',0)");
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([this] {
       const std::vector<std::string> key{"a"};

@@ -88,11 +88,9 @@ TEST_F(LiftedResultsTest, AnswerAsTheTextStands) {
       "SELECT Code FROM KT7TPay WHERE lower(Code)=lower('A') ORDER BY 1",
       "SELECT Name FROM Other WHERE Name='b' OR Free='1' ORDER BY Name",
       "SELECT Name FROM Other WHERE Free=1 OR Name IN ('IT''S') ORDER BY Name",
-      "SELECT Code FROM KT7TPay p WHERE EXISTS(SELECT 1 FROM Other WHERE Name=p.Code AND "
-      "Name<>'a')",
+      "SELECT Code FROM KT7TPay p WHERE EXISTS(SELECT 1 FROM Other WHERE Name=Code AND Name<>'a')",
       "SELECT Code='a', 'x', (SELECT Name FROM Other WHERE Name='b') FROM KT7TPay WHERE Code='a'",
-      "SELECT * FROM (SELECT Code='a', Number FROM KT7TPay WHERE Code>'') WHERE Number>'5' ORDER "
-      "BY 2",
+      "SELECT * FROM (SELECT Code='a', Number FROM KT7TPay WHERE Code>'') WHERE Number>'5'",
       "SELECT Code FROM KT7TPay WHERE Code='a' UNION SELECT 'z' ORDER BY 1",
       "SELECT max(Number) FROM KT7TPay WHERE Code>'' GROUP BY Code='a' HAVING max(Code)<>'q'",
       "SELECT Code FROM KT7TPay WHERE Code='a' -- and 'not' this",

@@ -60,10 +60,10 @@ struct TextCase {
   const char* literals;  // joined by "|"
 };
 
-void expectTexts(std::span<const TextCase> cases) {
+void expectTexts(std::span<const TextCase> cases, const Dialect& dialect = kAll) {
   StatementText statement;
   for (const TextCase& c : cases) {
-    statement.read(c.sql, kAll);
+    statement.read(c.sql, dialect);
     std::string literals;
     for (const std::string& literal : statement.literals()) {
       literals += (literals.empty() ? "" : "|") + literal;
@@ -120,6 +120,36 @@ TEST(StatementTextTest, SpeaksTheDialect) {
       {"SELECT t.year FROM t WHERE year=1", "SELECT t.year FROM t WHERE year=1", ""},
   };
   expectTexts(cases);
+}
+
+TEST(StatementTextTest, NumbersPlaceholders) {
+  const TextCase cases[] = {
+      {"SELECT a FROM t WHERE b='x' AND c IN ('y','z')",
+       "SELECT a FROM t WHERE b=$1 AND c IN ($2,$3)", "x|y|z"},
+      {"SELECT '?' FROM t WHERE a=? AND b='x' AND c=?",
+       "SELECT '?' FROM t WHERE a=$1 AND b='x' AND c=$2", ""},
+  };
+  expectTexts(cases, {.liftsLiterals = true, .numberedPlaceholders = true});
+}
+
+TEST(StatementTextTest, FoldsNamesOfItsOwnTablesOnly) {
+  const TextCase cases[] = {
+      {"SELECT KT7TPay.Code FROM KT7TPay, Other, KT7VPay p WHERE Code='KT7TPay'",
+       "SELECT kt7tpay.Code FROM kt7tpay, Other, kt7vpay p WHERE Code='KT7TPay'", ""},
+      {"CREATE TABLE KT7TNew (Code TEXT)", "CREATE TABLE kt7tnew (Code TEXT)", ""},
+      {"SELECT year(d) FROM KT7TPay", "SELECT year(d) FROM kt7tpay", ""},
+  };
+  expectTexts(cases, {.foldsTableNames = true});
+}
+
+TEST(StatementTextTest, ReadsYearsWithoutAFunctionOfOurs) {
+  const TextCase cases[] = {
+      {"SELECT year(d) FROM t WHERE Year(d)='2016'",
+       "SELECT CAST(strftime('%Y', d) AS INTEGER) AS \"year(d)\" FROM t WHERE "
+       "CAST(strftime('%Y', d) AS INTEGER)='2016'",
+       ""},
+  };
+  expectTexts(cases, {.yearsByText = true});
 }
 
 TEST(StatementTextTest, FindsTheTableOfASelect) {

@@ -118,7 +118,8 @@ int run(int argc, const char* const* argv, Console& console) {
   CommandLine line{console, {}};
   CLI::App app("Payroll and personnel rules on a company's own database.", "kt7hr");
   app.set_version_flag(
-      "--version", [] { return kVersionText + std::string("\ndatabases: ") + data::builtInDrivers(); },
+      "--version",
+      [] { return kVersionText + std::string("\ndatabases: ") + data::builtInDrivers(); },
       "Print the version and the databases that are built in, and stop");
   app.require_subcommand(1);
   app.footer(kExample);

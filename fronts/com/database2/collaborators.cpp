@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 
+#include "fronts/com/automation/text.h"
 #include "fronts/com/database2/application.h"
 #include "fronts/com/database2/data_access.h"
 
@@ -43,6 +44,28 @@ std::string showMultiPicker(DataToolRole& tool, const std::string& title, const 
                                connectionString, multiSelect.value_or(false));
 }
 
+/// The keyed hash is bytes, and texts cross as UTF-16: each byte crosses as the character of its
+/// number, so that the token made of them is the one that the users' rows hold.
+std::string encodeWithKey(UtilityRole& utility, const std::string& text, const std::string& key) {
+  std::string characters;
+  for (const char byte : utility->EncodeWithKey(text, key)) {
+    const auto number = static_cast<unsigned char>(byte);
+    if (number >= 0x80) characters += static_cast<char>(0xC0 | number >> 6);
+    characters += static_cast<char>(number >= 0x80 ? 0x80 | (number & 0x3F) : number);
+  }
+  return characters;
+}
+
+std::string encodeToken(UtilityRole& utility, const std::string& characters) {
+  std::string bytes;
+  for (const wchar_t character : automation::toWide(characters)) {
+    // A text that is no hash is taken as it is.
+    if (character > 0xFF) return utility->EncodeToken(characters);
+    bytes += static_cast<char>(character);
+  }
+  return utility->EncodeToken(bytes);
+}
+
 template <auto Function>
 constexpr auto utility(std::wstring_view name) {
   return answers<UtilityRole, Function>(name);
@@ -71,8 +94,8 @@ constexpr std::array kUtilityMembers{
     utility<&UtilityObject::CurrentYear>(L"CurrentYear"),
     utility<&UtilityObject::MonthNumberText>(L"MonthNumberText"),
     utility<&UtilityObject::FallbackDate>(L"FallbackDate"),
-    utility<&UtilityObject::EncodeWithKey>(L"EncodeWithKey"),
-    utility<&UtilityObject::EncodeToken>(L"EncodeToken"),
+    utility<&encodeWithKey>(L"EncodeWithKey"),
+    utility<&encodeToken>(L"EncodeToken"),
 };
 
 constexpr std::array kDataToolMembers{

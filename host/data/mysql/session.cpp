@@ -202,12 +202,12 @@ std::string MysqlSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  const std::string name = askOne(
-                               "SELECT MAX(column_name) FROM information_schema.statistics WHERE "
-                               "table_schema=DATABASE() AND index_name='PRIMARY' AND "
-                               "LOWER(table_name)=? HAVING COUNT(*)=1",
-                               {&folded, 1})
-                               .joinedText();
+  std::string name = askOne(
+                         "SELECT MAX(column_name) FROM information_schema.statistics WHERE "
+                         "table_schema=DATABASE() AND index_name='PRIMARY' AND "
+                         "LOWER(table_name)=? HAVING COUNT(*)=1",
+                         {&folded, 1})
+                         .joinedText();
   if (!name.empty()) primaryKeys_.emplace(folded, name);
   return name;
 }

@@ -304,7 +304,7 @@ std::string PostgresqlSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  const std::string name =
+  std::string name =
       askOne(
           "SELECT MAX(CAST(a.attname AS text)) FROM pg_index i JOIN pg_attribute a ON "
           "a.attrelid=i.indrelid AND a.attnum=ANY(i.indkey) WHERE i.indisprimary AND "
