@@ -117,7 +117,10 @@ Variant::Variant(IDispatch* object) : raw_(ofType(VT_DISPATCH)) {
 }
 Variant::Variant(const Value& value) : raw_(std::visit(Maker(), value.storage())) {}
 Variant::Variant(const VARIANT& other) : Variant() {
-  if (FAILED(VariantCopyInd(&raw_, readOnly(other)))) raiseTypeMismatch();
+  const VARIANT* named = &other;
+  // A variable that refers to another one, as script hosts pass an element of theirs.
+  while (named->vt == (VT_BYREF | VT_VARIANT)) named = named->pvarVal;
+  if (FAILED(VariantCopyInd(&raw_, readOnly(*named)))) raiseTypeMismatch();
 }
 
 VARIANT* Variant::out() {
@@ -237,7 +240,6 @@ template std::string fromVariant<std::string>(const VARIANT&);
 void storeByReference(VARIANT& argument, Variant value) {
   if ((argument.vt & VT_BYREF) == 0) return;
   if (argument.vt == (VT_BYREF | VT_VARIANT)) {
-    // A variable that refers to another one, as script hosts pass an element of theirs.
     if (argument.pvarVal->vt & VT_BYREF) {
       storeByReference(*argument.pvarVal, std::move(value));
       return;

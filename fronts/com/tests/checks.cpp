@@ -27,8 +27,8 @@ void check(bool holds, std::string_view what) {
 }
 
 void checkEqual(std::string_view got, std::string_view expected, std::string_view what) {
-  check(got == expected, std::string(what) + "\n  got      " + std::string(got) +
-                             "\n  expected " + std::string(expected));
+  check(got == expected, std::string(what) + "\n  got      " + std::string(got) + "\n  expected " +
+                             std::string(expected));
 }
 
 void checkStatus(HRESULT got, HRESULT expected, std::string_view what) {

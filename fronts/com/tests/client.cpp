@@ -12,9 +12,7 @@ HRESULT Library::install(bool install, const wchar_t* scope) const {
   return entry<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall")(install, scope);
 }
 
-HRESULT Library::canUnload() const {
-  return entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")();
-}
+HRESULT Library::canUnload() const { return entry<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
 
 ErrorText takeErrorText() {
   ComPtr<IErrorInfo> information;

@@ -38,8 +38,8 @@ class FakeFactory : public IClassFactory {
   ULONG references_ = 1;
 };
 
-void writeText(const std::wstring& key, const wchar_t* name, const std::wstring& text) {
-  RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, text.c_str(),
+void writeText(HKEY root, const std::wstring& key, const wchar_t* name, const std::wstring& text) {
+  RegSetKeyValueW(root, key.c_str(), name, REG_SZ, text.c_str(),
                   static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
@@ -107,7 +107,7 @@ ComPtr<IDispatch> newFake(FakeKind& kind) {
 void setProgramId(const wchar_t* role, const wchar_t* progId) {
   const wchar_t* key = adapters::WindowsPlatform::kSettingsKey;
   if (progId != nullptr) {
-    writeText(key, role, progId);
+    writeText(HKEY_CURRENT_USER, key, role, progId);
   } else {
     RegDeleteKeyValueW(HKEY_CURRENT_USER, key, role);
   }
@@ -119,7 +119,9 @@ FakeRole::FakeRole(const wchar_t* role, FakeKind& kind)
   CoCreateGuid(&classId);
   std::array<wchar_t, 40> text{};
   StringFromGUID2(classId, text.data(), static_cast<int>(text.size()));
-  writeText(L"Software\\Classes\\" + progId_ + L"\\CLSID", nullptr, text.data());
+  // Wine looks for program ids among the machine's classes only.
+  writeText(HKEY_LOCAL_MACHINE, L"Software\\Classes\\" + progId_ + L"\\CLSID", nullptr,
+            text.data());
   auto* factory = new FakeFactory(kind);
   CoRegisterClassObject(classId, factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &registered_);
   factory->Release();
@@ -128,7 +130,7 @@ FakeRole::FakeRole(const wchar_t* role, FakeKind& kind)
 
 FakeRole::~FakeRole() {
   CoRevokeClassObject(registered_);
-  RegDeleteTreeW(HKEY_CURRENT_USER, (L"Software\\Classes\\" + progId_).c_str());
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + progId_).c_str());
   setProgramId(role_.c_str(), nullptr);
 }
 

@@ -57,9 +57,6 @@ class Wrapper : public ::_HRObject {
 
   /// The inner object's own slots; its references are counted here.
   ::_HRObject* innerHRObject() {
-    ComPtr<ISupportErrorInfo> supports;
-    inner_.As(&supports);
-    ComPtr<IUnknown> none;
     void* slots = nullptr;
     inner_->QueryInterface(__uuidof(::_HRObject), &slots);
     Release();

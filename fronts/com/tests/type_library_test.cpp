@@ -31,14 +31,15 @@ std::string typeText(ITypeInfo& information, const TYPEDESC& type) {
     return text;
   }
   static const std::map<VARTYPE, std::string> kNames{
-      {VT_BSTR, "text"},    {VT_I2, "int16"},   {VT_I4, "int32"},     {VT_R4, "single"},
-      {VT_R8, "double"},    {VT_CY, "money"},   {VT_DATE, "date"},    {VT_BOOL, "bool"},
+      {VT_BSTR, "text"},       {VT_I2, "int16"},  {VT_I4, "int32"},      {VT_R4, "single"},
+      {VT_R8, "double"},       {VT_CY, "money"},  {VT_DATE, "date"},     {VT_BOOL, "bool"},
       {VT_DISPATCH, "object"}, {VT_VOID, "void"}, {VT_HRESULT, "status"}};
   const auto at = kNames.find(type.vt);
   return at != kNames.end() ? at->second : std::to_string(type.vt);
 }
 
-std::string parameterText(ITypeInfo& information, const ELEMDESC& element, const std::string& name) {
+std::string parameterText(ITypeInfo& information, const ELEMDESC& element,
+                          const std::string& name) {
   const USHORT flags = element.paramdesc.wParamFlags;
   std::string text = name + " " + typeText(information, element.tdesc);
   if (flags & PARAMFLAG_FOPT) text += "?";
@@ -51,10 +52,10 @@ std::string parameterText(ITypeInfo& information, const ELEMDESC& element, const
 
 std::string memberText(ITypeInfo& information, const FUNCDESC& function,
                        const std::vector<std::string>& names) {
-  std::string text = std::to_string(function.memid) +
-                     (function.invkind == INVOKE_FUNC          ? " method ("
-                      : function.invkind == INVOKE_PROPERTYGET ? " get ("
-                                                               : " put (");
+  std::string text =
+      std::to_string(function.memid) + (function.invkind == INVOKE_FUNC          ? " method ("
+                                        : function.invkind == INVOKE_PROPERTYGET ? " get ("
+                                                                                 : " put (");
   std::string result = "void";
   std::string separator;
   for (SHORT i = 0; i < function.cParams; ++i) {
