@@ -10,7 +10,7 @@ namespace kt7::data {
 
 namespace {
 
-constexpr int kMoneyDecimals = 4;
+constexpr std::size_t kMoneyDecimals = 4;
 constexpr std::size_t kPlainLength = 18;  // a longer text may be beyond an amount: read with care
 
 std::string shortest(double number) {
@@ -19,12 +19,16 @@ std::string shortest(double number) {
   return {std::begin(buffer), result.ptr};
 }
 
+[[noreturn]] void raiseNoNumber(std::string_view text) {
+  raiseStatementFailed("the database answered '" + std::string(text) + "' for a number");
+}
+
 template <typename Number>
 Number parsed(std::string_view text) {
   Number number{};
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
   if (result.ec != std::errc() || result.ptr != text.data() + text.size()) {
-    raiseStatementFailed("the database answered '" + std::string(text) + "' for a number");
+    raiseNoNumber(text);
   }
   return number;
 }
@@ -36,6 +40,15 @@ void requireParameters(const std::string& sql, std::size_t wanted, std::size_t g
   raiseStatementFailed("the statement takes " + std::to_string(wanted) +
                            " parameters and was given " + std::to_string(given),
                        {sql, 0, {}});
+}
+
+void refuseZeroCharacters(const std::string& sql, std::span<const Stored> values) {
+  for (const Stored& value : values) {
+    const auto* const text = std::get_if<std::string>(&value);
+    if (text != nullptr && text->find('\0') != std::string::npos) {
+      raiseStatementFailed("the database cannot keep a text with a zero character", {sql, 0, {}});
+    }
+  }
 }
 
 Stored storedOnServer(const Value& value, ColumnKind kind) {
@@ -101,6 +114,7 @@ void appendLiteral(std::string& sql, const Stored& value) {
 }
 
 std::string inlinedStatement(const std::string& sql, std::span<const Stored> values) {
+  refuseZeroCharacters(sql, values);
   std::vector<Token> tokens;
   lexSql(sql, tokens);
   std::string text;
@@ -118,7 +132,7 @@ std::string inlinedStatement(const std::string& sql, std::span<const Stored> val
 
 ColumnKind decimalKind(int decimals) {
   if (decimals == 0) return ColumnKind::Integer;
-  return decimals > kMoneyDecimals ? ColumnKind::Real : ColumnKind::Money;
+  return decimals > static_cast<int>(kMoneyDecimals) ? ColumnKind::Real : ColumnKind::Money;
 }
 
 void setDecimal(Cell& cell, std::string_view text, int decimals) {
@@ -134,18 +148,16 @@ void setDecimal(Cell& cell, std::string_view text, int decimals) {
     return;
   }
   cell.storage = Cell::Storage::Money;
-  if (text.size() > kPlainLength) {
+  if (given > kMoneyDecimals || text.size() + kMoneyDecimals - given > kPlainLength) {
     cell.integer = Currency::fromText(text).tenThousandths();
     return;
   }
   std::int64_t count = 0;
-  bool negative = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '-') {
-      negative = true;
-    } else if (i != point) {
-      count = count * 10 + (text[i] - '0');
-    }
+  const bool negative = text.starts_with('-');
+  for (std::size_t i = negative ? 1 : 0; i < text.size(); ++i) {
+    if (i == point) continue;
+    if (text[i] < '0' || text[i] > '9') raiseNoNumber(text);  // "NaN" is a decimal on some servers
+    count = count * 10 + (text[i] - '0');
   }
   for (std::size_t i = given; i < kMoneyDecimals; ++i) count *= 10;
   cell.integer = negative ? -count : count;

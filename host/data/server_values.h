@@ -11,6 +11,9 @@ namespace kt7::data {
 /// A statement error where a fixed text takes another number of values than it was given.
 void requireParameters(const std::string& sql, std::size_t wanted, std::size_t given);
 
+/// A statement error for a text with a zero character: client libraries end a text there.
+void refuseZeroCharacters(const std::string& sql, std::span<const Stored> values);
+
 /// What the servers have in common: exact decimals, dates as ISO texts, yes/no as 1 and 0. A
 /// database error for a number that is infinite or undefined.
 Stored storedOnServer(const Value& value, ColumnKind kind);

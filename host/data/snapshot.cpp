@@ -191,6 +191,11 @@ Stored Snapshot::stored(std::size_t row, std::size_t column) const {
   return Null{};
 }
 
+std::int64_t Snapshot::whole(std::size_t row, std::size_t column) const {
+  const Cell& from = cell(row, column);
+  return from.storage == Cell::Storage::Integer ? from.integer : value(row, column).toInt32();
+}
+
 Value valueOfInteger(ColumnKind kind, std::int64_t number) {
   if (kind == ColumnKind::Money) return Currency::fromWhole(number);
   if (kind == ColumnKind::Real) return static_cast<double>(number);
@@ -207,8 +212,13 @@ Value valueOfReal(ColumnKind kind, double number) {
 
 Value valueOfText(ColumnKind kind, std::string_view text) {
   if (kind == ColumnKind::Day || kind == ColumnKind::Moment) {
+    // A server's moment may carry a fraction of a second and its zone: "... 10:00:00.25+07".
+    constexpr std::size_t kToSeconds = 19;
+    const bool finer =
+        text.size() > kToSeconds &&
+        (text[kToSeconds] == '.' || text[kToSeconds] == '+' || text[kToSeconds] == '-');
     Date date;
-    if (Date::tryFromIsoText(text, date)) return date;
+    if (Date::tryFromIsoText(finer ? text.substr(0, kToSeconds) : text, date)) return date;
   }
   return text;
 }

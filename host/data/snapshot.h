@@ -82,6 +82,8 @@ class Snapshot {
   void put(std::size_t row, std::size_t column, const Stored& stored);
   Value value(std::size_t row, std::size_t column) const;
   Stored stored(std::size_t row, std::size_t column) const;
+  /// A whole number of any size, such as a key.
+  std::int64_t whole(std::size_t row, std::size_t column) const;
 
  private:
   struct Buffers {

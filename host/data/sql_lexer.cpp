@@ -31,6 +31,12 @@ class Lexer {
       } else if (sql_.substr(at_, 2) == "/*") {
         const std::size_t close = sql_.find("*/", at_ + 2);
         if (close == std::string_view::npos) return false;
+        const std::string_view inside = sql_.substr(at_ + 2, close - at_ - 2);
+        // Some engines run what stands in such a comment, some let comments lie in one another.
+        if (inside.starts_with('!') || inside.starts_with("M!") ||
+            inside.find("/*") != std::string_view::npos) {
+          return false;
+        }
         at_ = close + 2;
       } else {
         return true;
@@ -67,9 +73,11 @@ class Lexer {
     }
     if (c == '?' || ((c == ':' || c == '@' || c == '$') && continuesWord(look(1)))) {
       kind = TokenKind::Parameter;
-      ++at_;
+      const std::size_t begin = at_++;
       skipWord();
-      return true;
+      // "$tag$" begins a quoted text of its own kind
+      return c != '$' ||
+             sql_.substr(begin + 1, at_ - begin - 1).find('$') == std::string_view::npos;
     }
     return readSymbol(kind);
   }
@@ -118,6 +126,9 @@ class Lexer {
     if (look(0) == '[') {  // another way to quote a name; a server's array index is left alone
       const std::size_t close = sql_.find(']', at_);
       if (close == std::string_view::npos) return false;
+      const std::string_view inside = sql_.substr(at_ + 1, close - at_ - 1);
+      // A server's array may hold quoted texts.
+      if (inside.find_first_of("'\"[$") != std::string_view::npos) return false;
       kind = TokenKind::Name;
       at_ = close + 1;
       return true;

@@ -248,6 +248,12 @@ void StatementText::readOne(const std::string& sql, const Dialect& dialect) {
   if (end == tokens_.begin() && (lexes || end != tokens_.end())) {
     raiseStatementFailed("the statement is empty", {sql, 0, {}});
   }
+  const std::size_t understood = tokens_.empty() ? 0 : tokens_.back().end();
+  if (!lexes && dialect.runsSeveral && end == tokens_.end() &&
+      sql.find(';', understood) != std::string::npos) {
+    raiseStatementFailed("the statement is not surely one: it has a ';' and cannot be read here",
+                         {sql, 0, {}});
+  }
   std::string_view statement = sql;
   if (end != tokens_.end()) {
     if (!isBlankSql(statement.substr(end->end()))) {

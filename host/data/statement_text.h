@@ -16,6 +16,7 @@ struct Dialect {
   bool liftsLiterals = false;  // quoted values become placeholders and are bound
   bool numberedPlaceholders = false;  // "$1" in the place of "?"
   bool foldsTableNames = false;       // KT7T... and KT7V... become lower case
+  bool runsSeveral = false;           // the engine would run every statement of a text
 };
 
 /// A statement as the engine gets it, and the texts to bind. Reused from statement to statement.

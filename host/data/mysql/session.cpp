@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t kKeptShapes = 64;
 constexpr Dialect kMysqlDialect{.limitForTop = true, .foldsTableNames = true};
+constexpr const char* kBegin = "START TRANSACTION";
 constexpr std::string_view kZeroDate = "0000-00-00";
 
 ColumnKind kindOf(const MYSQL_FIELD& field) {
@@ -50,13 +51,23 @@ bool isDecimal(const MYSQL_FIELD& field) {
   return field.type == MYSQL_TYPE_DECIMAL || field.type == MYSQL_TYPE_NEWDECIMAL;
 }
 
-bool isLoss(unsigned code) {
-  // A cluster's node that has lost the others answers "unknown command" to everything: another node
-  // may serve.
-  constexpr unsigned kLost[] = {CR_SERVER_GONE_ERROR,    CR_SERVER_LOST,     CR_CONN_HOST_ERROR,
-                                CR_SERVER_LOST_EXTENDED, ER_SERVER_SHUTDOWN, ER_CONNECTION_KILLED,
-                                ER_UNKNOWN_COM_ERROR};
-  return std::find(std::begin(kLost), std::end(kLost), code) != std::end(kLost);
+/// The connection is not fit for use: everything that the client library itself reports, and what
+/// the server says when it is about to close. A cluster's node that has lost the others answers
+/// "unknown command" to everything: another node may serve.
+bool isLoss(unsigned code, std::string_view state) {
+  constexpr unsigned kFirstOfClient = 2000, kLastOfClient = 2999;
+  constexpr unsigned kSessionKilled = 3169, kIdleTooLong = 4031;  // MySQL's
+  constexpr unsigned kLost[] = {ER_SERVER_SHUTDOWN, ER_CONNECTION_KILLED, ER_UNKNOWN_COM_ERROR,
+                                kSessionKilled, kIdleTooLong};
+  return (code >= kFirstOfClient && code <= kLastOfClient) || state.starts_with("08") ||
+         std::find(std::begin(kLost), std::end(kLost), code) != std::end(kLost);
+}
+
+/// The statement surely had no effect: it could not be sent, or was refused before it was read.
+bool neverRan(unsigned code) {
+  constexpr unsigned kUnread[] = {CR_SERVER_GONE_ERROR, CR_NET_PACKET_TOO_LARGE,
+                                  ER_NET_PACKET_TOO_LARGE, CR_COMMANDS_OUT_OF_SYNC};
+  return std::find(std::begin(kUnread), std::end(kUnread), code) != std::end(kUnread);
 }
 
 /// A result that is read to its end before the next statement, whatever happens.
@@ -75,11 +86,13 @@ void MysqlSession::fail(const std::string& sql) {
   const unsigned code = mysql_errno(handle);
   const std::string text = mysql_error(handle);
   const auto native = static_cast<std::int32_t>(code);
-  if (isLoss(code)) {
-    lost_ = true;
-    raiseConnectionLost(text, sql, native, writes_ && (!begun_ || sql == "COMMIT"));
-  }
   const DatabaseCause cause{sql, native, mysql_sqlstate(handle)};
+  if (isLoss(code, cause.sqlState)) {
+    lost_ = true;
+    raiseConnectionLost(text, sql, native,
+                        writes_ && !neverRan(code) && (!begun_ || sql == "COMMIT"));
+  }
+  noteAborted(text);
   if (code == ER_LOCK_WAIT_TIMEOUT) {
     raiseStatementFailed(
         "the rows are locked: another connection, perhaps of this same thread, has a transaction "
@@ -90,8 +103,50 @@ void MysqlSession::fail(const std::string& sql) {
   raiseStatementFailed(text, cause);
 }
 
+unsigned MysqlSession::serverStatus() const {
+  unsigned status = 0;
+  mariadb_get_infov(connection_.get(), MARIADB_CONNECTION_SERVER_STATUS, &status);
+  return status;
+}
+
+/// A deadlock rolls the whole transaction back at the server, most other errors do not; an error
+/// does not say which, the answer to the next statement does.
+void MysqlSession::noteAborted(const std::string& cause) {
+  if (!begun_ || !firstCause_.empty()) return;
+  if (mysql_query(connection_.get(), "DO 0") != 0) return;
+  if ((serverStatus() & SERVER_STATUS_IN_TRANS) == 0) firstCause_ = cause;
+}
+
+bool MysqlSession::nextResult(const std::string& sql) {
+  const int more = mysql_next_result(connection_.get());
+  if (more > 0) fail(sql);
+  return more == 0;
+}
+
+/// Reads what a procedure answers beyond its first result.
+void MysqlSession::dropResults(const std::string& sql) {
+  do {
+    const Result dropped(mysql_store_result(connection_.get()));
+    if (dropped == nullptr && mysql_field_count(connection_.get()) != 0) fail(sql);
+  } while (nextResult(sql));
+}
+
 void MysqlSession::run(std::string_view text, const std::string& sql) {
-  writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT");
+  if (!firstCause_.empty()) {
+    raiseStatementFailed(
+        "the database rolled the transaction back; the first error was: " + firstCause_,
+        {sql, 0, "25P02"});
+  }
+  send(text, sql);
+  // A statement that ends the transaction by itself, such as CREATE TABLE.
+  if (begun_ && (serverStatus() & SERVER_STATUS_IN_TRANS) == 0) begun_ = false;
+}
+
+void MysqlSession::send(std::string_view text, const std::string& sql) {
+  while (mysql_more_results(connection_.get()) && mysql_next_result(connection_.get()) == 0) {
+    const Result dropped(mysql_store_result(connection_.get()));
+  }
+  writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT") && text != kBegin;
   if (mysql_real_query(connection_.get(), text.data(), static_cast<unsigned long>(text.size())) !=
       0) {
     fail(sql);
@@ -101,7 +156,7 @@ void MysqlSession::run(std::string_view text, const std::string& sql) {
 void MysqlSession::execute(const std::string& sql) {
   text_.readOne(sql, kMysqlDialect);
   run(text_.text(), sql);
-  const Result dropped(mysql_store_result(connection_.get()));
+  dropResults(sql);
 }
 
 void MysqlSession::query(const std::string& sql, Snapshot& rows) {
@@ -215,25 +270,35 @@ std::string MysqlSession::primaryKey(const std::string& table) {
   return name;
 }
 
-void MysqlSession::control(const std::string& statement) { run(statement, statement); }
+void MysqlSession::control(const std::string& statement) { send(statement, statement); }
 
 bool MysqlSession::inTransaction() const {
-  unsigned status = 0;
-  mariadb_get_infov(connection_.get(), MARIADB_CONNECTION_SERVER_STATUS, &status);
-  return begun_ || (status & SERVER_STATUS_IN_TRANS) != 0;
+  return begun_ || (serverStatus() & SERVER_STATUS_IN_TRANS) != 0;
+}
+
+/// A session that was told not to commit by itself would lose the next one's writes.
+bool MysqlSession::lost() const {
+  return lost_ || (serverStatus() & SERVER_STATUS_AUTOCOMMIT) == 0;
 }
 
 void MysqlSession::begin() {
   if (inTransaction()) {
     raiseStatementFailed("a transaction is already open on this connection", {"BEGIN", 0, {}});
   }
-  control("START TRANSACTION");
+  control(kBegin);
   begun_ = true;
 }
 
 void MysqlSession::commit() {
   if (!inTransaction()) {
     raiseStatementFailed("no transaction is open on this connection", {"COMMIT", 0, {}});
+  }
+  if (!firstCause_.empty()) {
+    const std::string cause = firstCause_;
+    rollback();
+    raiseStatementFailed(
+        "the transaction could not be committed and was rolled back; the first error was: " + cause,
+        {"COMMIT", 0, "25P02"});
   }
   control("COMMIT");
   begun_ = false;
@@ -245,6 +310,7 @@ void MysqlSession::rollback() {
   }
   control("ROLLBACK");
   begun_ = false;
+  firstCause_.clear();
 }
 
 void MysqlSession::catchUp() {

@@ -36,7 +36,7 @@ class MysqlSession final : public Session {
   bool inTransaction() const override;
   void catchUp() override;
   bool usable() override;
-  bool lost() const override { return lost_; }
+  bool lost() const override;
 
  private:
   struct Shape {
@@ -44,7 +44,13 @@ class MysqlSession final : public Session {
     std::vector<int> decimals;
   };
 
-  /// Sends the text; `sql` is what errors show.
+  unsigned serverStatus() const;
+  void noteAborted(const std::string& cause);
+  bool nextResult(const std::string& sql);
+  void dropResults(const std::string& sql);
+  void send(std::string_view text, const std::string& sql);
+  /// Sends the text; `sql` is what errors show. Refused once the server rolled the transaction
+  /// back.
   void run(std::string_view text, const std::string& sql);
   [[noreturn]] void fail(const std::string& sql);
   /// The rows of the statement that ran, read to their end.
@@ -58,6 +64,7 @@ class MysqlSession final : public Session {
   bool begun_ = false;
   bool lost_ = false;
   bool writes_ = false;
+  std::string firstCause_;  // of a transaction that the server rolled back
   StatementText text_;
   std::string shapeKey_;
   LruCache<Shape> shapes_;

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "base/error.h"
+#include "base/text.h"
 #include "host/data/odbc/session.h"
 #include "host/data/pool.h"
 
@@ -14,6 +15,10 @@ namespace {
 
 std::unique_ptr<OdbcSession> openSessionOn(const std::string& text) {
   return std::make_unique<OdbcSession>(std::make_unique<OdbcHandle>(text));
+}
+
+std::string braced(std::string_view value) {
+  return "{" + replaceAll(std::string(value), "}", "}}") + "}";
 }
 
 /// Without this option the driver counts only rows that an UPDATE changed, not those it found.
@@ -42,8 +47,8 @@ std::unique_ptr<Session> openOdbc(const ConnectionString& where, std::string_vie
                                   std::string_view password) {
   static NeedFoundRows needFoundRows;
   std::string text = where.textWithout("Driver", "ODBC");
-  if (!user.empty()) text.append(";UID=").append(user);
-  if (!password.empty()) text.append(";PWD=").append(password);
+  if (!user.empty()) text.append(";UID=").append(braced(user));
+  if (!password.empty()) text.append(";PWD=").append(braced(password));
   const std::string counting = text + std::string(kFoundRows);
   if (needFoundRows.has(text)) return openSessionOn(counting);
   std::unique_ptr<OdbcSession> session = openSessionOn(text);

@@ -73,6 +73,13 @@ ColumnKind kindOf(SQLSMALLINT type, int decimals) {
   }
 }
 
+bool changesSession(std::string_view text) {
+  constexpr std::string_view kWords[] = {"BEGIN", "START", "SET", "SAVEPOINT"};
+  return std::any_of(std::begin(kWords), std::end(kWords), [text](std::string_view word) {
+    return equalNoCase(trimmedBlanks(text).substr(0, word.size()), word);
+  });
+}
+
 }  // namespace
 
 OdbcHandle::OdbcHandle(const std::string& connectionString) {
@@ -150,6 +157,8 @@ void OdbcSession::applySettings() {
   } else if (kind_ == "MICROSOFT SQL SERVER") {
     execute("SET LOCK_TIMEOUT 5000");
   }
+  dialect_.runsSeveral = true;
+  used_ = false;
 }
 
 void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sql) {
@@ -158,10 +167,17 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   constexpr SQLINTEGER kMysqlLockWait = 1205;
   constexpr SQLINTEGER kSqliteBusy = 5;
   const Diagnosis cause = diagnosisOf(type, handle);
-  if (cause.state.starts_with("08") || cause.native == kServerGone || cause.native == kServerLost) {
+  const bool mysqlLoss =
+      kind_ == "MYSQL" && (cause.native == kServerGone || cause.native == kServerLost);
+  // "57P..": a PostgreSQL server that ends the connection.
+  if (cause.state.starts_with("08") || cause.state.starts_with("57P") || mysqlLoss) {
     lost_ = true;
-    raiseConnectionLost(cause.text, sql, cause.native, writes_ && (!begun_ || sql == "COMMIT"));
+    const bool neverRan = kind_ == "MYSQL" && cause.native == kServerGone;
+    raiseConnectionLost(cause.text, sql, cause.native,
+                        writes_ && !neverRan && (!begun_ || sql == "COMMIT"));
   }
+  // Class 40: the engine rolled the whole transaction back.
+  if (begun_ && cause.state.starts_with("40") && firstCause_.empty()) firstCause_ = cause.text;
   const DatabaseCause told{sql, cause.native, cause.state};
   const bool locked = cause.state == "HYT00" || cause.state == "55P03" ||
                       (kind_ == "MYSQL" && cause.native == kMysqlLockWait) ||
@@ -177,7 +193,14 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
 }
 
 void OdbcSession::run(Statement& statement, std::string_view text, const std::string& sql) {
+  if (!firstCause_.empty()) {
+    raiseStatementFailed(
+        "the database rolled the transaction back; the first error was: " + firstCause_,
+        {sql, 0, "25P02"});
+  }
   writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT");
+  // What a text does to transactions the driver does not tell: not for the next user.
+  used_ = used_ || changesSession(text);
   const SQLRETURN code =
       SQLExecDirect(statement.get(), bytesOf(text), static_cast<SQLINTEGER>(text.size()));
   if (!succeeded(code) && code != SQL_NO_DATA) fail(SQL_HANDLE_STMT, statement.get(), sql);
@@ -264,7 +287,8 @@ void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
                       kind == ColumnKind::Real || kind == ColumnKind::Money ||
                       (embedded_ && kind == ColumnKind::Other);
   if (number && setNumber(cell, text)) return;
-  if (text.starts_with("0000-00-00")) return;
+  const bool date = kind == ColumnKind::Day || kind == ColumnKind::Moment;
+  if (date && text.starts_with("0000-00-00")) return;
   rows.setText(cell, text);
 }
 
@@ -292,18 +316,26 @@ std::int64_t OdbcSession::change(const std::string& sql, std::span<const Stored>
   return statement.changedRows();
 }
 
+std::int64_t OdbcSession::askWhole(const std::string& sql) {
+  text_.read(sql, dialect_);
+  Statement statement(*connection_);
+  run(statement, text_.text(), sql);
+  Snapshot rows;
+  readRows(statement, rows, sql);
+  return rows.rowCount() == 0 ? 0 : rows.whole(0, 0);
+}
+
 std::int64_t OdbcSession::insert(const std::string& sql, std::span<const Stored> values,
                                  const std::string& key) {
   if (key.empty()) return change(sql, values), 0;
-  if (kind_ == "POSTGRESQL")
-    return askOne(inlinedStatement(sql + " RETURNING " + key, values), {}).toInt32();
+  if (kind_ == "POSTGRESQL") return askWhole(inlinedStatement(sql + " RETURNING " + key, values));
   if (kind_ == "MICROSOFT SQL SERVER") {
     const std::string output =
         replaceAll(sql, ") VALUES(", ") OUTPUT INSERTED." + key + " VALUES(");
-    return askOne(inlinedStatement(output, values), {}).toInt32();
+    return askWhole(inlinedStatement(output, values));
   }
   change(sql, values);
-  return askOne(embedded_ ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()", {}).toInt32();
+  return askWhole(embedded_ ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()");
 }
 
 std::string OdbcSession::primaryKey(const std::string& table) {
@@ -337,6 +369,7 @@ void OdbcSession::begin() {
   if (begun_) {
     raiseStatementFailed("a transaction is already open on this connection", {"BEGIN", 0, {}});
   }
+  writes_ = false;
   autocommit(false);
   begun_ = true;
 }
@@ -349,16 +382,35 @@ void OdbcSession::endTransaction(SQLSMALLINT how, const char* shown) {
   const SQLRETURN code = SQLEndTran(SQL_HANDLE_DBC, connection_->get(), how);
   if (!succeeded(code)) fail(SQL_HANDLE_DBC, connection_->get(), shown);
   begun_ = false;
+  firstCause_.clear();
+  used_ = true;  // until it commits by itself again
   autocommit(true);
+  used_ = false;
 }
 
-void OdbcSession::commit() { endTransaction(SQL_COMMIT, "COMMIT"); }
+void OdbcSession::commit() {
+  if (!firstCause_.empty()) {
+    const std::string cause = firstCause_;
+    rollback();
+    raiseStatementFailed(
+        "the transaction could not be committed and was rolled back; the first error was: " + cause,
+        {"COMMIT", 0, "25P02"});
+  }
+  endTransaction(SQL_COMMIT, "COMMIT");
+}
 void OdbcSession::rollback() { endTransaction(SQL_ROLLBACK, "ROLLBACK"); }
 
 bool OdbcSession::usable() {
   SQLUINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttr(connection_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
-  return !lost_ && dead != SQL_CD_TRUE;
+  if (lost_ || dead == SQL_CD_TRUE) return false;
+  // Some drivers only know what the last statement told them.
+  try {
+    execute("SELECT 1");
+    return true;
+  } catch (const Error&) {
+    return false;
+  }
 }
 
 }  // namespace kt7::data

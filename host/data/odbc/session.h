@@ -47,7 +47,7 @@ class OdbcSession final : public Session {
   void rollback() override;
   bool inTransaction() const override { return begun_; }
   bool usable() override;
-  bool lost() const override { return lost_; }
+  bool lost() const override { return lost_ || used_; }
 
  private:
   class Statement;
@@ -60,6 +60,7 @@ class OdbcSession final : public Session {
   void setCell(Snapshot& rows, Cell& cell, std::size_t column, std::string_view text) const;
   std::string inlined(const std::string& sql, std::span<const Stored> values);
   void endTransaction(SQLSMALLINT how, const char* shown);
+  std::int64_t askWhole(const std::string& sql);
   void autocommit(bool on);
   [[noreturn]] void fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sql);
 
@@ -70,6 +71,8 @@ class OdbcSession final : public Session {
   bool begun_ = false;
   bool lost_ = false;
   bool writes_ = false;
+  bool used_ = false;       // changed by a text: it is not given to the next user
+  std::string firstCause_;  // of a transaction that the engine rolled back
   StatementText text_;
   std::string buffer_;
   std::vector<ColumnKind> kinds_;

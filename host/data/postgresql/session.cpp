@@ -1,5 +1,6 @@
 #include "host/data/postgresql/session.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "base/error.h"
@@ -76,10 +77,12 @@ std::string messageOf(PGconn* connection, const PGresult* result) {
 /// The plan no longer fits the tables, or the server forgot the statement.
 bool isStale(std::string_view state) { return state == "0A000" || state == "26000"; }
 
-/// What a text that is only refused with its values lifted is refused for.
-bool isTypeless(std::string_view state) {
-  return state == "42P18" || state == "42P08" || state == "42725" || state == "42804" ||
-         state == "42883";
+/// Changes what prepared statements were planned for, or forgets them.
+bool makesStale(std::string_view text) {
+  constexpr std::string_view kWords[] = {"CREATE", "ALTER", "DROP", "DISCARD", "DEALLOCATE"};
+  return std::any_of(std::begin(kWords), std::end(kWords), [text](std::string_view word) {
+    return equalNoCase(trimmedBlanks(text).substr(0, word.size()), word);
+  });
 }
 
 std::vector<const char*> pointers(std::span<const std::string> texts) {
@@ -105,7 +108,7 @@ void PostgresqlSession::fail(const PGresult* result, const std::string& sql) {
   const std::string state(stateOf(result));
   if (PQstatus(handle) == CONNECTION_BAD || state.starts_with("57P")) {
     lost_ = true;
-    raiseConnectionLost(text, sql, 0, writes_ && (!begun_ || sql == "COMMIT"));
+    raiseConnectionLost(text, sql, 0, unknownIfLost_);
   }
   const DatabaseCause cause{sql, 0, state};
   if (state == "25P02") {
@@ -128,6 +131,10 @@ PostgresqlResult PostgresqlSession::checked(PostgresqlResult result, const std::
   return result;
 }
 
+void PostgresqlSession::noteStart(bool writes) {
+  unknownIfLost_ = writes && PQtransactionStatus(connection_.get()) == PQTRANS_IDLE;
+}
+
 PostgresqlResult PostgresqlSession::send(const std::string& text,
                                          std::span<const char* const> values) {
   return PostgresqlResult(PQexecParams(connection_.get(), text.c_str(),
@@ -135,16 +142,22 @@ PostgresqlResult PostgresqlSession::send(const std::string& text,
                                        nullptr, nullptr, 0));
 }
 
-std::shared_ptr<const std::string> PostgresqlSession::prepare(const std::string& text,
-                                                              const std::string& sql) {
-  const auto drop = [this](const std::string* name) {
-    dropped_.push_back(*name);
-    delete name;
-  };
+bool PostgresqlSession::prepare(const std::string& text, Kept& kept) {
+  const bool inside = PQtransactionStatus(connection_.get()) == PQTRANS_INTRANS;
+  // A text that is refused must not abort the caller's transaction.
+  if (inside) send("SAVEPOINT kt7_prepare", {});
   const std::string name = "kt7_" + std::to_string(++made_);
-  checked(PostgresqlResult(PQprepare(connection_.get(), name.c_str(), text.c_str(), 0, nullptr)),
-          sql);
-  return {new std::string(name), drop};
+  const PostgresqlResult made(PQprepare(connection_.get(), name.c_str(), text.c_str(), 0, nullptr));
+  const bool done = PQresultStatus(made.get()) == PGRES_COMMAND_OK;
+  if (inside && !done) send("ROLLBACK TO SAVEPOINT kt7_prepare", {});
+  if (inside) send("RELEASE SAVEPOINT kt7_prepare", {});
+  if (!done) return false;
+  const auto drop = [this](const std::string* dropped) {
+    dropped_.push_back(*dropped);
+    delete dropped;
+  };
+  kept.name = {new std::string(name), drop};
+  return true;
 }
 
 /// Outside the path of an error: a statement that fell out of the cache costs one message more.
@@ -155,24 +168,39 @@ void PostgresqlSession::closeDropped() {
   for (const std::string& name : names) send("DEALLOCATE " + name, {});
 }
 
-PostgresqlResult PostgresqlSession::runKept(const std::string& text,
-                                            std::span<const char* const> values,
-                                            const std::string& sql) {
-  writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT");
-  Kept* kept = statements_.find(text);
+PostgresqlSession::Kept* PostgresqlSession::preparedFor(const std::string& text) {
+  Kept* const kept = statements_.find(text);
   if (kept == nullptr) {
     statements_.keep(text, {});
     closeDropped();
-    return send(text, values);
+    return nullptr;
   }
-  if (kept->name == nullptr) kept->name = prepare(text, sql);
+  if (kept->name == nullptr && !kept->refused) kept->refused = !prepare(text, *kept);
+  return kept->refused ? nullptr : kept;
+}
+
+PostgresqlResult PostgresqlSession::runKept(const std::string& text,
+                                            std::span<const char* const> values,
+                                            const std::string& unlifted,
+                                            std::span<const char* const> unliftedValues) {
+  noteStart(!equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT"));
+  Kept* const kept = preparedFor(text);
+  if (kept == nullptr) return send(unlifted, unliftedValues);
   PostgresqlResult result(PQexecPrepared(connection_.get(), kept->name->c_str(),
                                          static_cast<int>(values.size()), values.data(), nullptr,
                                          nullptr, 0));
   if (!isStale(stateOf(result.get()))) return result;
   kept->name.reset();
   closeDropped();
-  return inTransaction() ? std::move(result) : send(text, values);
+  return inTransaction() ? std::move(result) : send(unlifted, unliftedValues);
+}
+
+/// Nothing prepared outlives a change of the tables by this very session.
+void PostgresqlSession::forgetPrepared() {
+  statements_.clear();
+  if (dropped_.empty()) return;
+  dropped_.clear();
+  send("DEALLOCATE ALL", {});
 }
 
 PostgresqlResult PostgresqlSession::run(const std::string& sql, bool wantsRows) {
@@ -180,15 +208,12 @@ PostgresqlResult PostgresqlSession::run(const std::string& sql, bool wantsRows) 
   if (wantsRows && text_.onlyChanges()) {
     raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
   }
-  const std::vector<const char*> values = pointers(text_.literals());
   const std::string text(text_.text());
-  PostgresqlResult result = runKept(text, values, sql);
-  if (!values.empty() && isTypeless(stateOf(result.get())) && !inTransaction()) {
-    // Refused with its values lifted: what the engine says to the text as it stands counts.
-    text_.readOne(sql, kUnlifted);
-    result = send(std::string(text_.text()), {});
-  }
-  return checked(std::move(result), sql);
+  if (makesStale(text)) forgetPrepared();
+  if (text_.literals().empty()) return checked(runKept(text, {}, text, {}), sql);
+  const std::vector<std::string> literals = text_.literals();
+  text_.readOne(sql, kUnlifted);
+  return checked(runKept(text, pointers(literals), std::string(text_.text()), {}), sql);
 }
 
 PostgresqlResult PostgresqlSession::runFixed(const std::string& sql,
@@ -199,6 +224,7 @@ PostgresqlResult PostgresqlSession::runFixed(const std::string& sql,
     fixed = &fixed_.keep(sql, {std::string(text_.text()), text_.parameters()});
   }
   requireParameters(sql, fixed->parameters, values.size());
+  refuseZeroCharacters(sql, values);
   std::vector<std::string> texts;
   std::vector<const char*> bound;
   texts.reserve(values.size());
@@ -207,7 +233,7 @@ PostgresqlResult PostgresqlSession::runFixed(const std::string& sql,
     if (!isNull) texts.push_back(serverText(value));
     bound.push_back(isNull ? nullptr : texts.back().c_str());
   }
-  return checked(runKept(fixed->text, bound, sql), sql);
+  return checked(runKept(fixed->text, bound, fixed->text, bound), sql);
 }
 
 void PostgresqlSession::execute(const std::string& sql) { run(sql, false); }
@@ -296,7 +322,7 @@ std::int64_t PostgresqlSession::insert(const std::string& sql, std::span<const S
   if (key.empty()) return change(sql, values), 0;
   Snapshot rows;
   readRows(*runFixed(sql + " RETURNING " + key, values), rows, sql);
-  return rows.value(0, 0).toInt32();
+  return rows.whole(0, 0);
 }
 
 std::string PostgresqlSession::primaryKey(const std::string& table) {
@@ -316,7 +342,7 @@ std::string PostgresqlSession::primaryKey(const std::string& table) {
 }
 
 PostgresqlResult PostgresqlSession::control(const std::string& statement) {
-  writes_ = true;
+  unknownIfLost_ = statement == "COMMIT";
   return checked(send(statement, {}), statement);
 }
 
@@ -339,7 +365,7 @@ void PostgresqlSession::commit() {
     raiseStatementFailed("no transaction is open on this connection", {"COMMIT", 0, {}});
   }
   const PostgresqlResult result = control("COMMIT");
-  begun_ = false;
+  begun_ = false;  // where it failed the caller still rolls back
   // An aborted transaction is rolled back by a COMMIT that reports no error.
   if (std::string_view(PQcmdStatus(result.get())) != "COMMIT") {
     raiseStatementFailed(
@@ -350,6 +376,11 @@ void PostgresqlSession::commit() {
 }
 
 void PostgresqlSession::rollback() {
+  // A COMMIT that failed has rolled back already.
+  if (!lost_ && begun_ && PQtransactionStatus(connection_.get()) == PQTRANS_IDLE) {
+    begun_ = false;
+    return;
+  }
   if (!inTransaction()) {
     raiseStatementFailed("no transaction is open on this connection", {"ROLLBACK", 0, {}});
   }

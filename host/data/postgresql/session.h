@@ -46,6 +46,7 @@ class PostgresqlSession final : public Session {
   /// A text is prepared when it comes for the second time.
   struct Kept {
     std::shared_ptr<const std::string> name;
+    bool refused = false;  // with its values lifted: it goes as it is
   };
 
   struct Fixed {
@@ -59,9 +60,13 @@ class PostgresqlSession final : public Session {
   /// Runs a fixed text with its "?" bound.
   PostgresqlResult runFixed(const std::string& sql, std::span<const Stored> values);
   PostgresqlResult runKept(const std::string& text, std::span<const char* const> values,
-                           const std::string& sql);
+                           const std::string& unlifted,
+                           std::span<const char* const> unliftedValues);
+  Kept* preparedFor(const std::string& text);
+  void forgetPrepared();
+  void noteStart(bool writes);
   PostgresqlResult send(const std::string& text, std::span<const char* const> values);
-  std::shared_ptr<const std::string> prepare(const std::string& text, const std::string& sql);
+  bool prepare(const std::string& text, Kept& kept);
   void closeDropped();
   PostgresqlResult checked(PostgresqlResult result, const std::string& sql);
   [[noreturn]] void fail(const PGresult* result, const std::string& sql);
@@ -72,7 +77,7 @@ class PostgresqlSession final : public Session {
   PostgresqlHandle connection_;
   bool lost_ = false;
   bool begun_ = false;
-  bool writes_ = false;
+  bool unknownIfLost_ = false;
   std::string firstCause_;  // of the transaction that failed
   StatementText text_;
   std::vector<std::string> dropped_;  // names of statements to close
