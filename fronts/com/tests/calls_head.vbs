@@ -1,54 +1,6 @@
-' What the comparing script stands on: the objects, the texts, the checks. The calls follow.
-Dim texts, passed, failed, hr, employee, data, app, client, v
+' What the comparing script stands on beside its checks: the objects and the texts. The calls follow.
+Dim texts, hr, employee, data, app, client, v
 texts = Split(CreateObject("Scripting.FileSystemObject").OpenTextFile("texts.txt", 1, False, -1).ReadAll, vbCrLf)
-
-Sub Note(ok, name, got, wanted)
-  If ok Then
-    passed = passed + 1
-  Else
-    failed = failed + 1
-    WScript.Echo "FAILED " & name & ": got " & TypeName(got) & " " & got & ", wanted " & wanted
-  End If
-End Sub
-
-Function Same(got, wanted)
-  Same = False
-  Select Case VarType(wanted)
-    Case vbEmpty
-      Same = IsEmpty(got)
-    Case vbString, vbBoolean
-      If VarType(got) = VarType(wanted) Then Same = (got = wanted)
-    Case Else
-      If VarType(got) = vbSingle Then
-        Same = (got = CSng(wanted))
-      ElseIf VarType(got) <> vbString And VarType(got) <> vbEmpty Then
-        Same = (Abs(CDbl(got) - CDbl(wanted)) <= 0.000000001 * (1 + Abs(CDbl(wanted))))
-      End If
-  End Select
-End Function
-
-Sub Answered(name, got, wanted)
-  If Err.Number <> 0 Then
-    Note False, name, "error " & Err.Number & " " & Err.Description, wanted
-  Else
-    Note Same(got, wanted), name, got, wanted
-  End If
-End Sub
-
-Sub Holds(name, got, wanted)
-  Note Same(got, wanted), name, got, wanted
-End Sub
-
-' A script host shows a published number with or without the platform's facility.
-Sub Refused(name, number, text)
-  Dim shown
-  shown = Err.Number
-  If (shown And &HFFFF0000) = &H800A0000 Then shown = shown And 65535
-  Note shown = number And Err.Description = text, name, shown & " " & Err.Description, number & " " & text
-End Sub
-
-passed = 0
-failed = 0
 Set hr = CreateObject("KT7HRLib.HRObject")
 Set data = CreateObject("KT7Database2.DataObj")
 Set app = CreateObject("KT7Database2.AppObj")
