@@ -9,6 +9,7 @@ void Connection::Open(const std::string& connectionString, const std::string& us
                       const std::string& password, int) {
   if (lease_) raiseStatementFailed("the connection is already open");
   lease_ = std::make_shared<Lease>(takeSession(connectionString, user, password));
+  connectionString_ = connectionString;
 }
 
 void Connection::Close() {
@@ -39,6 +40,14 @@ Connection& ownConnection(ado::Connection& connection) {
 }
 
 std::unique_ptr<ado::Connection> createConnection() { return std::make_unique<Connection>(); }
+
+void catchUp(ado::Connection& connection) {
+  ownConnection(connection).lease()->session().catchUp();
+}
+
+std::string databaseType(ado::Connection& connection) {
+  return databaseType(ownConnection(connection).connectionString());
+}
 
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters) {

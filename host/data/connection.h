@@ -23,10 +23,12 @@ class Connection final : public ado::Connection {
 
   /// A database error while closed.
   const std::shared_ptr<Lease>& lease() const;
+  const std::string& connectionString() const { return connectionString_; }
 
  private:
   Session& session() const { return lease()->session(); }
   std::shared_ptr<Lease> lease_;
+  std::string connectionString_;
 };
 
 /// The connection behind any wrapping; a database error for one that is not this host's.

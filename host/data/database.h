@@ -19,9 +19,15 @@ std::unique_ptr<ado::Recordset> createRecordset();
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters);
 
+/// Waits until the connection sees what was committed on any node of a cluster before.
+void catchUp(ado::Connection& connection);
+
 /// "SQLITE", "MYSQL", "POSTGRESQL" or what the driver answers; a database error for a connection
 /// string without a known driver.
 std::string databaseType(const std::string& connectionString);
+
+/// The same of an open connection; a database error for one that was not made here.
+std::string databaseType(ado::Connection& connection);
 
 /// The same as far as the driver's name tells it; "" where the driver would have to be asked.
 std::string namedDatabaseType(const std::string& connectionString);

@@ -6,24 +6,13 @@
 #include <cstdint>
 
 #include "base/error.h"
+#include "host/roles/crypto.h"
 
 namespace kt7::host {
 
 namespace {
 
 constexpr std::size_t kHashBytes = 32;
-
-/// An embedding host may have set up the library already; it must be set up once a process.
-bool cryptoReady() {
-  static const bool ready = [] {
-    if (gcry_control(GCRYCTL_INITIALIZATION_FINISHED_P)) return true;
-    if (!gcry_check_version(GCRYPT_VERSION)) return false;
-    gcry_control(GCRYCTL_DISABLE_SECMEM, 0);
-    gcry_control(GCRYCTL_INITIALIZATION_FINISHED, 0);
-    return true;
-  }();
-  return ready;
-}
 
 gcry_buffer_t bufferOf(std::string_view bytes) {
   gcry_buffer_t buffer{};
@@ -36,9 +25,7 @@ gcry_buffer_t bufferOf(std::string_view bytes) {
 }  // namespace
 
 std::string keyedHash(std::string_view text, std::string_view key) {
-  if (!cryptoReady()) {
-    raiseCollaborator(error_number::kCannotCreate, "the installed libgcrypt is too old");
-  }
+  requireCrypto();
   // With the HMAC flag the first buffer is the key.
   const std::array<gcry_buffer_t, 2> buffers{bufferOf(key), bufferOf(text)};
   std::string hash(kHashBytes, '\0');

@@ -47,12 +47,6 @@ std::string storedNames(std::string text, Engine engine) {
   return text;
 }
 
-std::string indexName(const Table& table, std::size_t number, Engine engine) {
-  constexpr std::size_t kTablePrefix = 4;  // "KT7T"
-  return storedName("KT7X" + table.name.substr(kTablePrefix) + "_" + std::to_string(number),
-                    engine);
-}
-
 }  // namespace
 
 Engine engineOf(std::string_view databaseType) {
@@ -85,6 +79,12 @@ std::string createTableText(const Table& table, Engine engine) {
     sql += " ENGINE=InnoDB DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin";
   }
   return sql;
+}
+
+std::string indexName(const Table& table, std::size_t number, Engine engine) {
+  constexpr std::size_t kTablePrefix = 4;  // "KT7T"
+  return storedName("KT7X" + table.name.substr(kTablePrefix) + "_" + std::to_string(number),
+                    engine);
 }
 
 std::vector<std::string> createIndexTexts(const Table& table, Engine engine) {

@@ -18,6 +18,8 @@ Engine engineOf(std::string_view databaseType);
 std::string columnTypeText(const Column& column, Engine engine);
 std::string createTableText(const Table& table, Engine engine);
 std::vector<std::string> createIndexTexts(const Table& table, Engine engine);
+/// The name of a table's index of that number, counted from 1.
+std::string indexName(const Table& table, std::size_t number, Engine engine);
 std::string createViewText(const View& view, Engine engine);
 
 /// The functions that the library's statements use and the engine lacks.

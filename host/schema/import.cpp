@@ -8,6 +8,7 @@
 #include "host/csv/reader.h"
 #include "host/data/database.h"
 #include "host/schema/cell.h"
+#include "host/schema/row_ids.h"
 #include "host/schema/table.h"
 #include "host/schema/transaction.h"
 
@@ -26,7 +27,11 @@ std::string joined(const std::vector<std::string>& lines) {
 std::string atLine(std::size_t line) { return "line " + std::to_string(line); }
 
 const Table& importedTable(std::string_view name) {
-  if (const Table* table = findTable(name)) return *table;
+  if (const Table* table = findTable(name)) {
+    if (isCompanyData(*table)) return *table;
+    throw ImportError(
+        {table->name + " is kept by this system itself; nothing is imported into it"});
+  }
   const std::string shown = shownCell(std::string(name));
   throw ImportError({findView(name) != nullptr ? shown + " is a view; rows are imported into tables"
                                                : "there is no table " + shown});
@@ -107,11 +112,13 @@ class RowWriter {
  public:
   RowWriter(ado::Connection& connection, const Table& table, const Columns& columns)
       : connection_(connection),
+        table_(table),
         source_("SELECT * FROM " + table.name + " WHERE 1 = 0"),
         columns_(columns) {}
 
   void write(const std::vector<Value>& values) {
     if (rows_++ % kRowsPerRecordset == 0) open();
+    if (!givesRowId(values)) finish();
     recordset_->AddNew();
     for (std::size_t i = 0; i < values.size(); ++i) {
       // The database gives a row id that the file leaves out.
@@ -119,20 +126,34 @@ class RowWriter {
       recordset_->set(columns_[i]->name, values[i]);
     }
     recordset_->Update();
+    idsGiven_ = idsGiven_ || givesRowId(values);
+  }
+  /// The database goes on after the row ids that the file gave.
+  void finish() {
+    if (idsGiven_) advanceRowIds(connection_, table_);
+    idsGiven_ = false;
   }
   std::size_t rows() const { return rows_; }
 
  private:
+  bool givesRowId(const std::vector<Value>& values) const {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (columns_[i]->type == ColumnType::RowId) return !values[i].isNull();
+    }
+    return false;
+  }
   void open() {
     recordset_ = data::createRecordset();
     recordset_->Open(source_, connection_, ado::kStatic, ado::kOptimistic);
   }
 
   ado::Connection& connection_;
+  const Table& table_;
   std::string source_;
   const Columns& columns_;
   std::unique_ptr<ado::Recordset> recordset_;
   std::size_t rows_ = 0;
+  bool idsGiven_ = false;
 };
 
 std::size_t importRows(ado::Connection& connection, const Table& table, csv::Reader& reader) {
@@ -149,6 +170,7 @@ std::size_t importRows(ado::Connection& connection, const Table& table, csv::Rea
     }
   }
   if (!problems.empty()) throw ImportError(std::move(problems));
+  writer.finish();
   return writer.rows();
 }
 

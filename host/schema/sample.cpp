@@ -8,12 +8,16 @@
 
 namespace kt7::schema {
 
-void loadSample(ado::Connection& connection) {
-  Transaction transaction(connection);
+void loadSampleTR(ado::Connection& connection) {
   for (const SampleFile& file : sampleFiles()) {
     std::istringstream csv{std::string(file.csv)};
     importTableTR(connection, file.table, csv);
   }
+}
+
+void loadSample(ado::Connection& connection) {
+  Transaction transaction(connection);
+  loadSampleTR(connection);
   transaction.commit();
 }
 

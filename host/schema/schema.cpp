@@ -1,40 +1,57 @@
 #include "host/schema/schema.h"
 
 #include "base/error.h"
+#include "base/text.h"
 #include "host/data/database.h"
+#include "host/schema/engine_checks.h"
 #include "host/schema/transaction.h"
 
 namespace kt7::schema {
 namespace {
 
-/// The tables and views of the database, whoever made them.
-const char* catalogueText(Engine engine) {
-  switch (engine) {
-    case Engine::SQLite:
-      return "SELECT name AS ObjectName FROM sqlite_master WHERE type IN ('table', 'view')";
-    case Engine::MySQL:
-      return "SELECT table_name AS ObjectName FROM information_schema.tables "
-             "WHERE table_schema = DATABASE()";
-    default:
-      return "SELECT table_name AS ObjectName FROM information_schema.tables";
+/// Every statement that makes the schema, fitted to the server.
+std::vector<std::string> creationTexts(ado::Connection& connection, Engine engine) {
+  std::vector<std::string> texts = createSchemaTexts(engine);
+  for (std::string& text : texts) text = fittedToServer(std::move(text), connection, engine);
+  return texts;
+}
+
+void dropEverything(ado::Connection& connection, Engine engine) {
+  for (const View& view : views()) {
+    connection.Execute("DROP VIEW IF EXISTS " + storedName(view.name, engine));
+  }
+  for (const Table& table : tables()) {
+    connection.Execute("DROP TABLE IF EXISTS " + storedName(table.name, engine));
   }
 }
 
-/// The first table or view of ours that is there; "" where there is none.
-std::string firstOwnObject(ado::Connection& connection, Engine engine) {
-  const auto recordset = data::createRecordset();
-  recordset->Open(catalogueText(engine), connection, ado::kStatic, ado::kReadOnly);
-  for (; !recordset->Eof(); recordset->MoveNext()) {
-    std::string name = recordset->get("ObjectName").joinedText();
-    if (findTable(name) != nullptr || findView(name) != nullptr) return name;
+/// Where every statement that makes something commits, what was made is taken away on an error.
+class TakenBack {
+ public:
+  TakenBack(ado::Connection& connection, Engine engine)
+      : connection_(connection), engine_(engine) {}
+  TakenBack(const TakenBack&) = delete;
+  TakenBack& operator=(const TakenBack&) = delete;
+  ~TakenBack() {
+    if (kept_ || engine_ != Engine::MySQL) return;
+    try {
+      dropEverything(connection_, engine_);
+    } catch (const Error&) {
+      // The error that brought us here is the one to tell.
+    }
   }
-  return "";
-}
+  void keep() { kept_ = true; }
+
+ private:
+  ado::Connection& connection_;
+  Engine engine_;
+  bool kept_ = false;
+};
 
 }  // namespace
 
 bool hasSchema(ado::Connection& connection, Engine engine) {
-  return !firstOwnObject(connection, engine).empty();
+  return !readCatalogue(connection, engine).relations.empty();
 }
 
 int schemaVersion(ado::Connection& connection) {
@@ -43,16 +60,49 @@ int schemaVersion(ado::Connection& connection) {
   return recordset->Eof() ? 0 : recordset->get("TSchVersion").toInt32();
 }
 
-void createSchema(ado::Connection& connection, Engine engine) {
-  if (const std::string name = firstOwnObject(connection, engine); !name.empty()) {
-    raiseStatementFailed("the database already holds " + name +
+void writeSchemaVersion(ado::Connection& connection, int version) {
+  const std::string number = std::to_string(version);
+  connection.Execute(schemaVersion(connection) == 0
+                         ? "INSERT INTO KT7TSchema (TSchVersion) VALUES (" + number + ")"
+                         : "UPDATE KT7TSchema SET TSchVersion=" + number);
+}
+
+void createSchema(ado::Connection& connection, Engine engine, Content content) {
+  const Catalogue catalogue = readCatalogue(connection, engine);
+  if (!catalogue.relations.empty()) {
+    raiseStatementFailed("the database already holds " + *catalogue.relations.begin() +
                          "; the tables are made in an empty database only");
   }
+  requireUnicode(connection, engine);
+  TakenBack takenBack(connection, engine);
+  const std::vector<std::string> texts = creationTexts(connection, engine);
   Transaction transaction(connection);
-  for (const std::string& statement : createSchemaTexts(engine)) connection.Execute(statement);
-  connection.Execute("INSERT INTO KT7TSchema (TSchVersion) VALUES (" +
-                     std::to_string(kSchemaVersion) + ")");
+  for (const std::string& statement : texts) connection.Execute(statement);
+  requireByteOrder(connection, engine);
+  // The engine that commits with every statement has left its transaction by now.
+  if (engine == Engine::MySQL) transaction.beginAgain();
+  if (content == Content::Sample) loadSampleTR(connection);
+  writeSchemaVersion(connection, kSchemaVersion);
   transaction.commit();
+  takenBack.keep();
+}
+
+void completeSchema(ado::Connection& connection, Engine engine) {
+  const Catalogue catalogue = readCatalogue(connection, engine);
+  for (const std::string& text : createFunctionTexts(engine)) connection.Execute(text);
+  const auto make = [&](const std::string& text) {
+    connection.Execute(fittedToServer(text, connection, engine));
+  };
+  for (const Table& table : tables()) {
+    if (!catalogue.holds(table.name)) make(createTableText(table, engine));
+    const std::vector<std::string> texts = createIndexTexts(table, engine);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      if (!catalogue.holdsIndex(indexName(table, i + 1, engine))) make(texts[i]);
+    }
+  }
+  for (const View& view : views()) {
+    if (!catalogue.holds(view.name)) make(createViewText(view, engine));
+  }
 }
 
 }  // namespace kt7::schema

@@ -1,24 +1,56 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "collab/ado.h"
 #include "host/schema/ddl.h"
+#include "host/schema/versions.h"
 
 namespace kt7::schema {
 
-/// The version of the description that createSchema writes into KT7TSchema.
-inline constexpr int kSchemaVersion = 1;
+/// What stands in a database, as far as this system goes.
+struct SchemaState {
+  enum class Kind {
+    Absent,         // none of our tables and views
+    Current,        // all of them, of this version
+    Older,          // all that its version had; upgradeSchema adds the rest
+    Newer,          // made by a later release
+    Partial,        // something that its version had is missing
+    UnfinishedCopy  // a copy was begun and never ended
+  };
+  Kind kind = Kind::Absent;
+  int version = 0;
+  std::vector<std::string> missing;  // tables, views, columns ("KT7TUser.TUsrName") and indexes
+};
+
+SchemaState schemaState(ado::Connection& connection, Engine engine);
+
+/// A database error that says what to do unless the database holds a company of this version.
+void requireCurrentSchema(ado::Connection& connection, Engine engine);
 
 /// True where the database already holds a table or view of this system, whole schema or not.
 bool hasSchema(ado::Connection& connection, Engine engine);
 
-/// The version kept in KT7TSchema; a database error where there is no such table.
+/// The version kept in KT7TSchema; 0 where none is, a database error where there is no such table.
 int schemaVersion(ado::Connection& connection);
+/// Keeps it there. kCopyMark while a copy is under way.
+void writeSchemaVersion(ado::Connection& connection, int version);
+inline constexpr int kCopyMark = -1;
 
-/// Makes every table, index and view, in one transaction (MySQL commits each statement by itself).
-/// A database error where the database already holds tables of this system.
-void createSchema(ado::Connection& connection, Engine engine);
+enum class Content { Empty, Sample };
+
+/// Makes every table, index and view, and the sample company where it is wanted: all or nothing.
+/// A database error where the database already holds tables of this system, or keeps texts in a
+/// way that does not compare them byte for byte.
+void createSchema(ado::Connection& connection, Engine engine, Content content = Content::Empty);
+
+/// Makes the tables, indexes and views that are not there yet, and leaves the version alone.
+void completeSchema(ado::Connection& connection, Engine engine);
 
 /// Fills the sample company into freshly made tables, in one transaction.
 void loadSample(ado::Connection& connection);
+/// The same inside the caller's transaction.
+void loadSampleTR(ado::Connection& connection);
 
 }  // namespace kt7::schema

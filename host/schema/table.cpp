@@ -62,6 +62,10 @@ const Row* findByName(std::span<const Row> rows, std::string_view name) {
 
 }  // namespace
 
+bool isCompanyData(const Table& table) {
+  return table.name != "KT7TSchema" && table.name != "KT7TRunLease";
+}
+
 const Table* findTable(std::string_view name) { return findByName(tables(), name); }
 
 const View* findView(std::string_view name) { return findByName(views(), name); }

@@ -49,6 +49,9 @@ struct View {
 std::span<const Table> tables();
 std::span<const View> views();
 
+/// False for the tables that this system keeps for itself: its version and the parts of a run.
+bool isCompanyData(const Table& table);
+
 /// Found without regard to letter case; null where there is none.
 const Table* findTable(std::string_view name);
 const View* findView(std::string_view name);

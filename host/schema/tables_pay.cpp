@@ -77,7 +77,9 @@ Table slip() {
        text("TEPSSalaryPeriod", kSalaryPeriodLength), date("TEpsTSaPDate"), date("TEpsStartDate"),
        date("TEpsEndDate"), number("TEPSTotalWorkDay"), number("TEPSTotalLeaveHDay"),
        money("TEPSNetTotal")},
-      {unique("TEPSNo"), index("TEpSTEmpCode, TEpsTSaPDate"), index("TEPSTEmTCode, TEpsTSaPDate")});
+      {unique("TEPSNo"), index("TEpSTEmpCode, TEpsTSaPDate"), index("TEPSTEmTCode, TEpsTSaPDate"),
+       // Two runs at once never pay the same twice.
+       unique("TEpSTEmpCode, TEpsTSaPDate, TEPSTEmTCode, TEPSCheckGroup")});
 }
 
 Table slipItem() {

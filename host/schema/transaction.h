@@ -21,6 +21,11 @@ class Transaction {
       // The error that brought us here is the one to tell.
     }
   }
+  /// Where statements of another kind have ended it: commits what there is and begins anew.
+  void beginAgain() {
+    connection_.CommitTrans();
+    connection_.BeginTrans();
+  }
   void commit() {
     connection_.CommitTrans();
     committed_ = true;

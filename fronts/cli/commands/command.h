@@ -50,6 +50,10 @@ struct CommandLine {
   std::function<int()> chosen;
 };
 
+/// A connection string as it was given to an option, with the password out of its PwdFile. WrongUse
+/// for what is none.
+std::string connectionStringOf(const std::string& given, const std::string& option);
+
 /// --db and --now, which every subcommand takes.
 struct DatabaseOptions {
   std::string database;
@@ -82,6 +86,7 @@ CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& 
 
 // One function a subcommand: declares it and, when it is chosen, sets CommandLine::chosen.
 void addInit(CLI::App& app, CommandLine& line);
+void addCopy(CLI::App& app, CommandLine& line);
 void addImport(CLI::App& app, CommandLine& line);
 void addPayroll(CLI::App& app, CommandLine& line);
 void addCall(CLI::App& app, CommandLine& line);

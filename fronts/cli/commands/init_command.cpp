@@ -4,6 +4,7 @@
 #include "base/error.h"
 #include "command.h"
 #include "host/data/database.h"
+#include "host/schema/engine_checks.h"
 #include "host/schema/schema.h"
 
 namespace kt7::cli {
@@ -15,29 +16,66 @@ struct InitOptions {
   bool sample = false;
 };
 
+void makeCompany(ado::Connection& connection, schema::Engine engine, bool sample,
+                 const std::string& shown, Console& console) {
+  schema::createSchema(connection, engine,
+                       sample ? schema::Content::Sample : schema::Content::Empty);
+  console.out << "Made " << schema::tables().size() << " tables and " << schema::views().size()
+              << " views in " << shown << (sample ? ", with the sample company.\n" : ".\n")
+              << "Next: "
+              << (sample ? "kt7hr payroll --month 2026-01"
+                         : "kt7hr import KT7TEmployeeType types.csv")
+              << " --db '" << shown << "'\n";
+}
+
+void upgrade(ado::Connection& connection, schema::Engine engine, int from, const std::string& shown,
+             Console& console) {
+  schema::upgradeSchema(connection, engine, from);
+  console.out << "Upgraded " << shown << " from version " << from << " to "
+              << schema::kSchemaVersion << "; its rows are as they were.\n";
+}
+
+void lookOver(ado::Connection& connection, schema::Engine engine, const std::string& shown,
+              Console& console) {
+  schema::requireByteOrder(connection, engine);
+  if (schema::hasFunctions(connection, engine)) {
+    console.out << shown << " holds a company already: nothing was changed.\n";
+    return;
+  }
+  for (const std::string& function : schema::createFunctionTexts(engine)) {
+    connection.Execute(function);
+  }
+  console.out << shown << " holds a company already: only the function year() was made anew.\n";
+}
+
+void bringUpToDate(ado::Connection& connection, const InitOptions& given, Console& console) {
+  using Kind = schema::SchemaState::Kind;
+  const schema::Engine engine = schema::engineOf(data::databaseType(connection));
+  const std::string shown = data::shownConnectionString(given.database.database);
+  try {
+    const schema::SchemaState state = schema::schemaState(connection, engine);
+    if (state.kind == Kind::Absent) {
+      makeCompany(connection, engine, given.sample, shown, console);
+    } else if (state.kind == Kind::Older) {
+      upgrade(connection, engine, state.version, shown, console);
+    } else {
+      schema::requireCurrentSchema(connection, engine);
+      lookOver(connection, engine, shown, console);
+    }
+  } catch (const Error& error) {
+    const std::string grants = schema::grantsFor(error, engine);
+    if (grants.empty()) throw;
+    throw std::runtime_error(error.what() + ("; " + grants));
+  }
+}
+
 int makeDatabase(const InitOptions& given, Console& console) {
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
-  const std::string shown = data::shownConnectionString(given.database.database);
   data::createDatabase(connectionString);
   const auto connection = data::createConnection();
   connection->Open(connectionString);
-  const schema::Engine engine = schema::engineOf(data::databaseType(connectionString));
-  if (schema::hasSchema(*connection, engine)) {
-    throw std::runtime_error(shown +
-                             " holds a company already: nothing was changed; name a new "
-                             "database or remove this one first");
-  }
-  schema::createSchema(*connection, engine);
-  if (given.sample) schema::loadSample(*connection);
-  connection->Close();
-
-  console.out << "Made " << schema::tables().size() << " tables and " << schema::views().size()
-              << " views in " << shown << (given.sample ? ", with the sample company.\n" : ".\n")
-              << "Next: "
-              << (given.sample ? "kt7hr payroll --month 2026-01"
-                               : "kt7hr import KT7TEmployeeType types.csv")
-              << " --db '" << data::shownConnectionString(given.database.database) << "'\n";
+  bringUpToDate(*connection, given, console);
   return kDone;
 }
 
@@ -45,9 +83,10 @@ int makeDatabase(const InitOptions& given, Console& console) {
 
 void addInit(CLI::App& app, CommandLine& line) {
   const auto given = std::make_shared<InitOptions>();
-  CLI::App& command =
-      addCommand(app, "init", "Make the tables and views of a company in an empty database",
-                 "kt7hr init --sample --db 'Driver=SQLite;Database=company.db'");
+  CLI::App& command = addCommand(app, "init",
+                                 "Make the tables and views of a company in an empty database, "
+                                 "or upgrade those of an earlier version",
+                                 "kt7hr init --sample --db 'Driver=SQLite;Database=company.db'");
   command.add_flag("--sample", given->sample, "Fill in the sample company");
   given->database.addTo(command);
   command.callback([given, &line] {

@@ -52,6 +52,20 @@ CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& 
   return *command;
 }
 
+std::string connectionStringOf(const std::string& given, const std::string& option) {
+  if (given.find('=') == std::string::npos) {
+    throw WrongUse("'" + given + "' is no connection string; use " + option +
+                   " 'Driver=SQLite;Database=" + given + "'");
+  }
+  const std::string path = passwordFileOf(given);
+  if (path.empty()) return given;
+  std::string resolved = "Pwd={" + replaceAll(firstLineOf(path), "}", "}}") + "}";
+  for (const std::string& part : split(given, ';')) {
+    if (!isPasswordFile(part)) resolved.append(";").append(part);
+  }
+  return resolved;
+}
+
 void DatabaseOptions::addTo(CLI::App& command) {
   command
       .add_option("--db", database,
@@ -68,17 +82,7 @@ std::string DatabaseOptions::connectionString() const {
     throw WrongUse(
         "no database given; use --db 'Driver=SQLite;Database=company.db' or set KT7HR_DB");
   }
-  if (database.find('=') == std::string::npos) {
-    throw WrongUse("'" + database +
-                   "' is no connection string; use --db 'Driver=SQLite;Database=" + database + "'");
-  }
-  const std::string path = passwordFileOf(database);
-  if (path.empty()) return database;
-  std::string resolved = "Pwd={" + replaceAll(firstLineOf(path), "}", "}}") + "}";
-  for (const std::string& part : split(database, ';')) {
-    if (!isPasswordFile(part)) resolved.append(";").append(part);
-  }
-  return resolved;
+  return connectionStringOf(database, "--db");
 }
 
 std::optional<Date> DatabaseOptions::clock() const {

@@ -14,8 +14,8 @@ namespace kt7::cli {
 
 namespace {
 
-constexpr std::array kCommands{&addInit,    &addImport, &addPayroll,  &addCall,      &addRpc,
-                               &addSetting, &addUser,   &addEmployee, &addOperations};
+constexpr std::array kCommands{&addInit, &addCopy,    &addImport, &addPayroll,  &addCall,
+                               &addRpc,  &addSetting, &addUser,   &addEmployee, &addOperations};
 
 constexpr const char* kVersionText = "kt7hr " KT7HR_VERSION;
 

@@ -1,6 +1,7 @@
 #include "checks.h"
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace kt7::client {
 
@@ -18,6 +19,9 @@ std::string hexText(HRESULT status) {
 }  // namespace
 
 void check(bool holds, std::string_view what) {
+  if (std::getenv("KT7_CLIENT_VERBOSE") != nullptr) {
+    std::printf("%s %.*s\n", holds ? "ok" : "not ok", static_cast<int>(what.size()), what.data());
+  }
   if (holds) {
     ++passed;
     return;

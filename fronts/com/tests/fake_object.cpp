@@ -99,8 +99,9 @@ HRESULT FakeObject::answer(DISPID id, DISPPARAMS* given, VARIANT* out, EXCEPINFO
 }
 
 ComPtr<IDispatch> newFake(FakeKind& kind) {
-  ComPtr<IDispatch> object;
-  object.Attach(new FakeObject(kind));
+  auto* made = new FakeObject(kind);
+  ComPtr<IDispatch> object(made);
+  made->Release();
   return object;
 }
 

@@ -37,7 +37,10 @@ void payAThousandADay(FakeKind& dataTool) {
   dataTool.members[L"LookupText"] = answers("M1");
   dataTool.members[L"LookupFieldText"] = answers("M1");
   dataTool.members[L"LookupNumber"] = answers(2.0);
-  dataTool.members[L"LookupDouble"] = answers(1000.0);
+  dataTool.members[L"LookupDouble"] = [](FakeCall& call) {
+    const bool typeOfSalary = call.arguments.get<std::string>(5) == "TEmTSalaryType";
+    return Variant(typeOfSalary ? 2.0 : 1000.0);
+  };
   dataTool.members[L"PrepareSql"] = [](FakeCall& call) { return Variant(*call.arguments.at(0)); };
 }
 
@@ -66,6 +69,8 @@ DayRate dayRate(::_HRObject& hr, IDispatch* dataObj) {
 
 void testCreation() {
   FakeKind data = dataObject();
+  FakeKind tool;
+  payAThousandADay(tool);
   const auto dataObj = newFake(data);
   const auto hr = create<::_HRObject>(__uuidof(HRObject));
   setProgramId(L"DataTool", L"KT7Test.NotThere");
@@ -73,8 +78,6 @@ void testCreation() {
   checkStatus(refused.status, kCannotCreate, "a program id that is not registered");
   check(refused.error.text.find("KT7Test.NotThere") != std::string::npos, "the error names it");
 
-  FakeKind tool;
-  payAThousandADay(tool);
   const FakeRole role(L"DataTool", tool);
   check(tool.living == 0, "nothing is made before it is used");
   const DayRate paid = dayRate(*hr.Get(), dataObj.Get());
@@ -121,9 +124,12 @@ void testFailures() {
   checkStatus(rate.status, E_ACCESSDENIED, "a status without details");
   check(rate.error.text.find("Lookup") != std::string::npos, "the text names the member");
 
-  tool.members.clear();
-  rate = dayRate(*hr.Get(), dataObj.Get());
-  checkStatus(rate.status, automation::statusOf(440), "a member that the object lacks");
+  FakeKind bare;
+  {
+    const FakeRole bareRole(L"DataTool", bare);
+    rate = dayRate(*create<::_HRObject>(__uuidof(HRObject)).Get(), dataObj.Get());
+    checkStatus(rate.status, automation::statusOf(440), "a member that the object lacks");
+  }
 
   payAThousandADay(tool);
   rate = dayRate(*hr.Get(), nullptr);
@@ -177,7 +183,7 @@ void testMessage() {
   check(std::find(calls.begin(), calls.end(), L"RollbackTrans") != calls.end() &&
             calls.back() == L"Close",
         "rolled back and closed before");
-  check(connection.living == 0, "the operation's own connection is released");
+  checkEqual(std::to_string(connection.living), "0", "the operation's own connection is released");
 }
 
 }  // namespace

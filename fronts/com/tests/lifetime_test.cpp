@@ -37,7 +37,7 @@ void testLifetimes(const Library& library) {
   }
   check(made == kMany, "ten thousand of each class");
   check(dataObj->references() == 1, "no reference to the data object is kept");
-  check(utility.living == 0, "no collaborator is left");
+  checkEqual(std::to_string(utility.living), "0", "no collaborator is left");
   checkStatus(library.canUnload(), S_OK, "no object is left");
   dataObj->Release();
 

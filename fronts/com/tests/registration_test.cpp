@@ -62,6 +62,8 @@ void testScope(const Library& library, const wchar_t* scope, HKEY own, HKEY othe
 }  // namespace
 
 void testRegistration(const Library& library) {
+  library.install(false, L"user");
+  library.install(false, L"machine");
   testScope(library, L"user", HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE, "for the user");
   testScope(library, L"machine", HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER, "for the machine");
   checkStatus(library.install(true, L"everybody"), E_INVALIDARG, "an unknown scope");

@@ -1,0 +1,123 @@
+// The commands that make, upgrade and copy a database, on the engine under test.
+#include "host/data/database.h"
+#include "cli/command_fixture.h"
+#include "host/data/pool.h"
+#include "host/schema/schema.h"
+
+namespace kt7::cli {
+
+namespace {
+
+using test::engine;
+
+void runOn(const std::string& connectionString, const std::string& sql) {
+  const auto connection = data::createConnection();
+  connection->Open(connectionString);
+  connection->Execute(sql);
+}
+
+class DatabaseCommands : public Commands {
+ protected:
+  DatabaseCommands() { server_.make(); }
+  Outcome init(const std::string& db) { return kt7hr({"init", "--db", db}); }
+  const std::string& db() const { return server_.connectionString(); }
+
+  test::TemporaryDatabase server_;
+};
+
+bool says(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST_F(DatabaseCommands, InitUpgradesWhatIsOlderAndRefusesWhatItDoesNotKnow) {
+  ASSERT_EQ(init(db()).exitCode, kDone);
+  const Outcome again = init(db());
+  EXPECT_EQ(again.exitCode, kDone) << again.err;
+  EXPECT_TRUE(says(again.out, "holds a company already: nothing was changed")) << again.out;
+
+  runOn(db(), "UPDATE KT7TSchema SET TSchVersion=1");
+  const Outcome upgraded = init(db());
+  EXPECT_EQ(upgraded.exitCode, kDone) << upgraded.err;
+  EXPECT_TRUE(says(upgraded.out, "from version 1 to 2")) << upgraded.out;
+
+  runOn(db(), "UPDATE KT7TSchema SET TSchVersion=3");
+  const Outcome newer = init(db());
+  EXPECT_EQ(newer.exitCode, kFailed);
+  EXPECT_TRUE(says(newer.err, "of version 3")) << newer.err;
+  runOn(db(), "DROP TABLE KT7TUserRight");
+  runOn(db(), "UPDATE KT7TSchema SET TSchVersion=2");
+  const Outcome partial = init(db());
+  EXPECT_EQ(partial.exitCode, kFailed);
+  EXPECT_TRUE(says(partial.err, "missing: KT7TUserRight;")) << partial.err;
+}
+
+TEST_F(DatabaseCommands, InitMakesTheFunctionOfTheEngineAnew) {
+  ASSERT_EQ(init(db()).exitCode, kDone);
+  if (engine().kind != "POSTGRESQL") return;
+  runOn(db(), "DROP FUNCTION year(date)");
+  EXPECT_TRUE(says(init(db()).out, "year() was made anew"));
+  EXPECT_TRUE(says(init(db()).out, "nothing was changed"));
+}
+
+/// A login of its own that lacks the right to make what it needs.
+class WeakUser {
+ public:
+  explicit WeakUser(const std::string& database) : database_(database) {
+    if (engine().templates) {
+      runOn(server(), "CREATE ROLE kt7_weak LOGIN PASSWORD 'weak'");
+      return;
+    }
+    const std::string name = database_.substr(database_.rfind('=') + 1);
+    runOn(server(), "CREATE USER kt7_weak@'127.0.0.1' IDENTIFIED BY 'weak'");
+    runOn(server(), "GRANT CREATE, DROP, ALTER, INDEX, SELECT, INSERT, UPDATE, DELETE ON " + name +
+                        ".* TO kt7_weak@'127.0.0.1'");
+  }
+  ~WeakUser() {
+    data::dropIdleSessions(login());
+    runOn(server(), engine().templates ? "DROP ROLE kt7_weak" : "DROP USER kt7_weak@'127.0.0.1'");
+  }
+  WeakUser(const WeakUser&) = delete;
+  WeakUser& operator=(const WeakUser&) = delete;
+
+  std::string login() const { return "Uid=kt7_weak;Pwd=weak;" + database_; }
+
+ private:
+  std::string server() const {
+    return engine().server + (engine().templates ? ";Database=postgres" : "");
+  }
+  std::string database_;
+};
+
+TEST_F(DatabaseCommands, InitWithoutRightsTellsWhichAndLeavesNothing) {
+  if (engine().files || engine().odbc) return;
+  const WeakUser user(db());
+  const Outcome refused = init(user.login());
+  EXPECT_EQ(refused.exitCode, kFailed);
+  EXPECT_TRUE(says(refused.err, "an administrator grants what is missing: GRANT CREATE"))
+      << refused.err;
+  const auto connection = data::createConnection();
+  connection->Open(db());
+  EXPECT_FALSE(schema::hasSchema(*connection, schema::engineOf(engine().kind)));
+}
+
+TEST_F(DatabaseCommands, CopyMovesACompanyOnce) {
+  ASSERT_EQ(kt7hr({"init", "--sample", "--db", database()}).exitCode, kDone);
+  const Outcome copied = kt7hr({"copy", "--from", database(), "--to", db()});
+  EXPECT_EQ(copied.exitCode, kDone) << copied.err;
+  EXPECT_TRUE(says(copied.out, "KT7TEmployee                  40        40  ")) << copied.out;
+  EXPECT_TRUE(says(copied.out, "both ends agree")) << copied.out;
+  EXPECT_EQ(copied.err, "");
+
+  const Outcome again = kt7hr({"copy", "--from", database(), "--to", db()});
+  EXPECT_EQ(again.exitCode, kFailed);
+  EXPECT_TRUE(says(again.err, "holds a company already")) << again.err;
+  EXPECT_EQ(kt7hr({"copy", "--from", "company.db", "--to", db()}).exitCode, kWrongUse);
+  const Outcome refused =
+      kt7hr({"import", "KT7TRunLease", written("a.csv", "TRLeRun\n"), "--db", database()});
+  EXPECT_EQ(refused.exitCode, kFailed);
+  EXPECT_TRUE(says(refused.err, "kept by this system itself")) << refused.err;
+}
+
+}  // namespace
+
+}  // namespace kt7::cli
