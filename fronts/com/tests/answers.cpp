@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <memory>
+#include <set>
 
 #include "checks.h"
 #include "fronts/cli/commands/operation_calls.h"
@@ -9,6 +10,7 @@
 #include "fronts/com/adapters/host_objects.h"
 #include "fronts/com/automation/status.h"
 #include "fronts/com/automation/text.h"
+#include "fronts/com/description/profile_methods.h"
 #include "interface/profile_table.h"
 
 namespace kt7::client {
@@ -151,6 +153,21 @@ Json comparable(const Json& answer) {
   return Json{{"error", Json{{"code", error["code"]}, {"message", error["message"]}}}};
 }
 
+/// No operation and no method may be missing in the list of calls.
+void testCoverage(const std::set<std::string>& called) {
+  std::string missing;
+  const auto want = [&](const std::string& name) {
+    if (!called.contains(name)) missing += " " + name;
+  };
+  for (const cli::OperationCall& operation : cli::operationCalls()) {
+    want(std::string(operation.name));
+  }
+  std::apply(
+      [&](const auto&... method) { (want("EmployeeObject." + std::string(method.name)), ...); },
+      kProfileMethods);
+  checkEqual(missing, "", "operations that no call in the list makes");
+}
+
 }  // namespace
 
 int testAnswers(Binding binding, const std::string& callsFile, const std::string& answersFile,
@@ -161,14 +178,17 @@ int testAnswers(Binding binding, const std::string& callsFile, const std::string
   std::string call;
   std::string answer;
   int count = 0;
+  std::set<std::string> called;
   while (std::getline(calls, call) && std::getline(answers, answer)) {
     const Json expected = comparable(Json::parse(answer));
     checkEqual(cli::jsonText(session.answer(Json::parse(call))), cli::jsonText(expected), call);
+    called.insert(Json::parse(call)["method"]);
     ++count;
   }
   check(count > 0 && !std::getline(calls, call) && !std::getline(answers, answer),
         "as many answers as calls");
-  return count + 1;
+  testCoverage(called);
+  return count + 2;
 }
 
 }  // namespace kt7::client

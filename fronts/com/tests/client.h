@@ -50,6 +50,7 @@ ErrorText takeErrorText();
 void testRegistration(const Library& library);
 void testTypeLibrary();
 void testCalls();
+void testProfile();
 void testHostObjects();
 void testSelfCalls();
 void testLifetimes(const Library& library);
