@@ -6,7 +6,11 @@
 
 namespace kt7::client {
 
-Library::Library(const std::wstring& path) : path_(path), module_(LoadLibraryW(path.c_str())) {}
+Library::Library(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {
+  std::array<wchar_t, MAX_PATH> whole{};
+  GetModuleFileNameW(module_, whole.data(), static_cast<DWORD>(whole.size()));
+  path_ = whole.data();
+}
 
 HRESULT Library::install(bool install, const wchar_t* scope) const {
   return entry<HRESULT(WINAPI*)(BOOL, const wchar_t*)>("DllInstall")(install, scope);
