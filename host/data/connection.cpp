@@ -41,6 +41,10 @@ Connection& ownConnection(ado::Connection& connection) {
 
 std::unique_ptr<ado::Connection> createConnection() { return std::make_unique<Connection>(); }
 
+void catchUp(ado::Connection& connection) {
+  ownConnection(connection).lease()->session().catchUp();
+}
+
 std::string databaseType(ado::Connection& connection) {
   return databaseType(ownConnection(connection).connectionString());
 }

@@ -19,6 +19,9 @@ std::unique_ptr<ado::Recordset> createRecordset();
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters);
 
+/// Waits until the connection sees what was committed on any node of a cluster before.
+void catchUp(ado::Connection& connection);
+
 /// "SQLITE", "MYSQL", "POSTGRESQL" or what the driver answers; a database error for a connection
 /// string without a known driver.
 std::string databaseType(const std::string& connectionString);

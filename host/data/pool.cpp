@@ -103,8 +103,23 @@ Lease takeSession(std::string_view connectionString, std::string_view user,
                Clock::now());
 }
 
+namespace {
+
+/// Where one session was lost, the idle ones have most likely lost the same server.
+void dropIdleSessions(PoolBucket& bucket) {
+  std::vector<PoolBucket::Idle> dropped;
+  const std::lock_guard lock(pool().mutex);
+  dropped.swap(bucket.idle);
+}
+
+}  // namespace
+
 Lease::~Lease() {
-  if (!session_ || session_->lost()) return;
+  if (!session_) return;
+  if (session_->lost()) {
+    dropIdleSessions(*bucket_);
+    return;
+  }
   try {
     if (session_->inTransaction()) session_->rollback();
     if (session_->lost()) return;

@@ -41,6 +41,10 @@ class Session {
   virtual void rollback() = 0;
   virtual bool inTransaction() const = 0;
 
+  /// Waits until what was committed anywhere in a cluster before is seen here; nothing on a single
+  /// server.
+  virtual void catchUp() {}
+
   /// How long an idle session is taken as it is; after that `usable` is asked first.
   virtual std::chrono::seconds trustedIdleness() const { return std::chrono::seconds(30); }
   /// False when the connection should be dropped.

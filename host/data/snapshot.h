@@ -94,7 +94,8 @@ class Snapshot {
     return buffers_->cells[row * shape_->size() + column];
   }
   std::string_view text(const Cell& cell) const {
-    return std::string_view(buffers_->text).substr(cell.offset, cell.length);
+    return std::string_view(buffers_->text)
+        .substr(static_cast<std::size_t>(cell.offset), cell.length);
   }
 
   std::shared_ptr<const ResultShape> shape_;

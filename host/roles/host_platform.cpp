@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
 #include "host/data/database.h"
+#include "host/machine/local_time.h"
 #include "host/roles/host_data_tool.h"
 #include "host/roles/host_setting_store.h"
 #include "host/roles/host_utility_object.h"
@@ -14,9 +14,7 @@ namespace kt7::host {
 namespace {
 
 Date localTime() {
-  const std::time_t seconds = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&seconds, &local);
+  const std::tm local = localCalendarTime(std::time(nullptr));
   constexpr int kFirstTmYear = 1900;
   return Date::fromYmdHms(local.tm_year + kFirstTmYear, local.tm_mon + 1, local.tm_mday,
                           local.tm_hour, local.tm_min, std::min(local.tm_sec, 59));

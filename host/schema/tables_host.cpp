@@ -22,10 +22,11 @@ std::vector<Table> hostTables() {
             {code("TSetKey"), number("TSetNumber"), text("TSetText", kNoteLength)},
             {unique("TSetKey")}),
       // The parts of a month that several workers share: who pays the employees from a code to
-      // another. State 0 open, 1 taken, 2 done; a part that is taken is free again after Until.
+      // another. State 0 open, 1 taken, 2 done; a part that is taken is free again after Until. New
+      // slips of a part are numbered behind FirstNo.
       table("KT7TRunLease", "TRLe",
-            {code("TRLeRun"), code("TRLeFrom"), code("TRLeTo"), text("TRLeWorker"),
-             small("TRLeState"), moment("TRLeUntil")},
+            {code("TRLeRun"), code("TRLeFrom"), code("TRLeTo"), whole("TRLeFirstNo"),
+             text("TRLeWorker"), small("TRLeState"), moment("TRLeUntil")},
             {unique("TRLeRun, TRLeFrom")}),
       table("KT7TSchema", "TSch", {whole("TSchVersion")}, {}),
   };

@@ -171,7 +171,8 @@ DaySpan neighbourhood(const Month& month) {
   return {month.plus(-1).firstDay(), month.plus(1).lastDay()};
 }
 
-MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener) {
+MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener,
+                    Preparation preparation) {
   requireClockIn(request.month, services.now());
   Company& company = services.company;
   MonthPlan plan{
@@ -181,8 +182,10 @@ MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListene
   refuseClashes(plan, before);
   setPeriods(plan, before);
   takeInput(request, services, listener, plan);
-  updateStatuses(services, listener);
-  generatePeriods(plan, services);
+  if (preparation == Preparation::ToDo) {
+    updateStatuses(services, listener);
+    generatePeriods(plan, services);
+  }
   requireGenerated(plan, company.slipPeriods(request.month.days()));
   return plan;
 }

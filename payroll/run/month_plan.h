@@ -24,8 +24,12 @@ struct MonthPlan {
 /// The pay dates around a month in which a slip may cover days of the month too.
 DaySpan neighbourhood(const Month& month);
 
+/// Whether planning brings statuses and slip periods up to date or finds that done.
+enum class Preparation { Done, ToDo };
+
 /// Checks clock, types, spans and input, generates the slip periods, and answers what there is to
 /// pay. RunStopped where something is wrong; only the slip periods are written.
-MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener);
+MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener,
+                    Preparation preparation = Preparation::ToDo);
 
 }  // namespace kt7::payroll

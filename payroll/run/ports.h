@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "interface/_employee_object.h"
 #include "interface/_hr_object.h"
 #include "payroll/run/employee.h"
+#include "payroll/run/leases.h"
 #include "payroll/run/slip.h"
 
 namespace kt7::payroll {
@@ -35,6 +37,7 @@ struct EmployeeQuery {
   DaySpan span;
   std::string afterCode;
   int limit = 0;
+  std::string lastCode = {};  // the greatest that counts, "" for no end
 };
 
 /// A type and a pay date that slips stand under.
@@ -99,6 +102,8 @@ class SlipBook {
   virtual void save(const Slip& slip) = 0;
   /// Takes away the slip, its items and its balance.
   virtual void remove(const KnownSlip& slip) = 0;
+  /// Whether this slip stands under its number with its items and its balance.
+  virtual bool stands(const Slip& slip) = 0;
   virtual void commit() = 0;
   /// Never raises: the error that made it necessary is the one to tell.
   virtual void rollback() noexcept = 0;
@@ -127,10 +132,43 @@ struct RunServices {
   SettingStore& settings;
   Company& company;
   SlipBook& book;
+  RunLeases& leases;
   std::function<std::unique_ptr<_EmployeeObject>()> newProfile;
   std::function<Date()> now;
   /// Whether a message was shown to the user since the last time it was asked.
   std::function<bool()> messageShown;
+  /// Takes another connection in place of one that was lost.
+  std::function<void()> reconnect;
+  /// From here on the connection sees what was kept anywhere in a cluster before; empty where a
+  /// single server answers.
+  std::function<void()> catchUp = {};
 };
+
+/// One worker's services with the connections behind them, used by one thread at a time.
+class Worker {
+ public:
+  virtual ~Worker() = default;
+  virtual RunServices& services() = 0;
+};
+
+/// The data object's connection, open as long as this lives.
+class OpenData {
+ public:
+  explicit OpenData(DataObj& dataObj) : dataObj_(dataObj) { dataObj_.OpenConnection(); }
+  OpenData(const OpenData&) = delete;
+  OpenData& operator=(const OpenData&) = delete;
+  ~OpenData() {
+    try {
+      dataObj_.CloseConnection();
+    } catch (const std::exception&) {
+      // What was paid has been committed; a connection that does not close changes nothing.
+    }
+  }
+
+ private:
+  DataObj& dataObj_;
+};
+
+using NewWorker = std::function<std::unique_ptr<Worker>()>;
 
 }  // namespace kt7::payroll

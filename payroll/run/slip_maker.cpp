@@ -48,15 +48,22 @@ Slip SlipMaker::make(const SlipOrder& order) {
   return slip;
 }
 
+/// Loading a type traps its errors, a lost connection's too: the second time finds another one.
+std::unique_ptr<_EmployeeObject> SlipMaker::profileOfType(const EmployeeType& type) {
+  constexpr int kTries = 3;
+  for (int i = 0; i < kTries; ++i) {
+    auto profile = services_.newProfile();
+    profile->SetTypeCode(type.code, services_.dataObj);
+    if (holdsType(*profile, type)) return profile;
+  }
+  throw NotPayable("the settings of employee type " + type.code + " were not loaded");
+}
+
 std::unique_ptr<_EmployeeObject> SlipMaker::profileOf(const SlipOrder& order, double quantity) {
   const Employee& employee = order.employee;
-  auto profile = services_.newProfile();
+  auto profile = profileOfType(order.type);
   profile->Code(employee.code);
   profile->FullName(employee.fullName);
-  profile->SetTypeCode(order.type.code, services_.dataObj);
-  if (!holdsType(*profile, order.type)) {
-    throw NotPayable("the settings of employee type " + order.type.code + " were not loaded");
-  }
   profile->SignDate(*employee.signDate);
   if (employee.resignDate) profile->ReSignDate(*employee.resignDate);
   profile->StartDate(order.period.salary.first);

@@ -42,6 +42,7 @@ class SlipMaker {
   Slip make(const SlipOrder& order);
 
  private:
+  std::unique_ptr<_EmployeeObject> profileOfType(const EmployeeType& type);
   std::unique_ptr<_EmployeeObject> profileOf(const SlipOrder& order, double quantity);
   void addSalary(const SlipOrder& order, Slip& slip);
   void addInput(const SlipOrder& order, Slip& slip);

@@ -62,9 +62,11 @@ std::vector<Employee> CompanyStore::readEmployees(const std::string& sql) {
 }
 
 std::vector<Employee> CompanyStore::employees(const EmployeeQuery& query) {
-  return readEmployees(top(query.limit) + kEmployeeColumns + kEmployeeTables + " WHERE " +
-                       paidFor(query.type, query.span) + " AND TEmpCode>" +
-                       records_.quoted(query.afterCode) + " ORDER BY TEmpCode");
+  return readEmployees(
+      top(query.limit) + kEmployeeColumns + kEmployeeTables + " WHERE " +
+      paidFor(query.type, query.span) + " AND TEmpCode>" + records_.quoted(query.afterCode) +
+      (query.lastCode.empty() ? "" : " AND TEmpCode<=" + records_.quoted(query.lastCode)) +
+      " ORDER BY TEmpCode");
 }
 
 std::vector<Employee> CompanyStore::employees(const std::vector<std::string>& codes) {

@@ -1,32 +1,28 @@
 #include "payroll/store/pay_month.h"
 
-#include "interface/employee_object.h"
-#include "interface/hr_object.h"
-#include "payroll/store/company_store.h"
-#include "payroll/store/listening_platform.h"
-#include "payroll/store/slip_store.h"
+#include "payroll/store/store_worker.h"
 
 namespace kt7::payroll {
 
+namespace {
+
+NewWorker workersIn(const NewWorkplace& newWorkplace) {
+  if (!newWorkplace) return {};
+  return [&newWorkplace] { return std::make_unique<WorkplaceWorker>(newWorkplace()); };
+}
+
+}  // namespace
+
 RunOutcome payMonth(Platform& platform, DataObj& dataObj, const RunRequest& request,
-                    RunListener& listener) {
-  ListeningPlatform listening(platform);
-  HRObject hr(listening);
-  const auto utility = listening.createUtilityObject();
-  const auto settings = listening.createSettingStore();
-  Records records(listening, dataObj);
-  CompanyStore company(records);
-  SlipStore book(records, dataObj);
-  RunServices services{hr,
-                       dataObj,
-                       *utility,
-                       *settings,
-                       company,
-                       book,
-                       [&] { return std::make_unique<EmployeeObject>(listening); },
-                       [&] { return listening.now(); },
-                       [&] { return listening.takeMessageShown(); }};
-  return runMonth(request, services, listener);
+                    RunListener& listener, const NewWorkplace& newWorkplace) {
+  StoreWorker own(platform, dataObj);
+  return runMonth(request, own.services(), listener, workersIn(newWorkplace));
+}
+
+RunOutcome paySharedMonth(const RunRequest& request, RunListener& listener,
+                          const NewWorkplace& newWorkplace) {
+  WorkplaceWorker own(newWorkplace());
+  return runSharedMonth(request, own.services(), listener, workersIn(newWorkplace));
 }
 
 }  // namespace kt7::payroll

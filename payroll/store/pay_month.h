@@ -5,9 +5,22 @@
 
 namespace kt7::payroll {
 
+/// What a front gives one worker: a platform and a data object of its own.
+struct Workplace {
+  std::unique_ptr<Platform> platform;
+  std::unique_ptr<DataObj> dataObj;
+  /// As RunServices::catchUp, of that data object.
+  std::function<void(DataObj&)> catchUp = {};
+};
+using NewWorkplace = std::function<Workplace()>;
+
 /// runMonth on a host's platform and data object. The platform's clock says when the run takes
-/// place: it must stand in the month.
+/// place: it must stand in the month. More jobs than one need a workplace for each.
 RunOutcome payMonth(Platform& platform, DataObj& dataObj, const RunRequest& request,
-                    RunListener& listener);
+                    RunListener& listener, const NewWorkplace& newWorkplace = {});
+
+/// runSharedMonth in workplaces of its own, one more than the request has jobs.
+RunOutcome paySharedMonth(const RunRequest& request, RunListener& listener,
+                          const NewWorkplace& newWorkplace);
 
 }  // namespace kt7::payroll

@@ -90,6 +90,31 @@ void SlipStore::remove(const KnownSlip& slip) {
                    " AND TEATPaymentDate=" + records_.dateText(slip.payDate));
 }
 
+bool SlipStore::stands(const Slip& slip) {
+  const Currency net = registerAmounts(slip).net;
+  auto document = records_.open(
+      "SELECT TEPSNetTotal, TEATNetTotal FROM KT7TEmpSlipDoc INNER JOIN KT7TEmpAmassType ON "
+      "TEATTEmpCode=TEpSTEmpCode AND TEATPaymentDate=TEpsTSaPDate AND TEATTEmTCode=TEPSTEmTCode "
+      "AND TEATCheckGroup=TEPSCheckGroup AND TEATBalanceFlag=0 WHERE TEPSNo=" +
+      records_.quoted(slip.number) + " AND TEpSTEmpCode=" + records_.quoted(slip.employee) +
+      ofRun("TEPS"));
+  if (document->Eof() || moneyIn(*document, "TEPSNetTotal") != net ||
+      moneyIn(*document, "TEATNetTotal") != net) {
+    return false;
+  }
+  auto rows = records_.open(
+      "SELECT TSmbTAMTAlias, TSmbDebit, TSmbCrebit FROM KT7TEmpSlipItem WHERE TSmbTEPSNo=" +
+      records_.quoted(slip.number) + " ORDER BY TSmbLn");
+  for (const SlipItem& item : slip.items) {
+    if (rows->Eof() || textIn(*rows, "TSmbTAMTAlias") != item.kind ||
+        moneyIn(*rows, "TSmbDebit") + moneyIn(*rows, "TSmbCrebit") != item.amount) {
+      return false;
+    }
+    rows->MoveNext();
+  }
+  return rows->Eof();
+}
+
 void SlipStore::rollback() noexcept {
   try {
     dataObj_.Connection().RollbackTrans();

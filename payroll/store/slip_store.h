@@ -13,6 +13,7 @@ class SlipStore : public SlipBook {
   void begin() override { dataObj_.BeginTransaction(); }
   void save(const Slip& slip) override;
   void remove(const KnownSlip& slip) override;
+  bool stands(const Slip& slip) override;
   void commit() override { dataObj_.CommitTransaction(); }
   void rollback() noexcept override;
 

@@ -203,6 +203,37 @@ TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
   }
 }
 
+TEST_F(ConnectionTest, OneLostConnectionTakesTheIdleOnesWithIt) {
+  if (engine().files || engine().odbc) GTEST_SKIP() << "no connection to lose";
+  const bool mysql = engine().kind == "MYSQL";
+  const auto victim = another();
+  const auto idle = another();
+  for (const auto* const killed : {&idle, &victim}) {
+    const std::string id =
+        askOne(**killed, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
+            .joinedText();
+    if (killed == &idle) idle->Close();
+    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
+  }
+  EXPECT_THROW(askOne(*victim, "SELECT 1", {}), Error);
+  victim->Close();
+  victim->Open(connectionString());
+  EXPECT_NO_THROW(askOne(*victim, "SELECT COUNT(*) FROM KT7TPay", {}));
+}
+
+TEST_F(ConnectionTest, TheNextServerAnswersForOneThatDoesNot) {
+  if (engine().kind != "MYSQL" || engine().odbc) GTEST_SKIP() << "knows one server";
+  std::string several = connectionString();
+  const std::size_t server = several.find("Server=127.0.0.1;Port=");
+  ASSERT_NE(server, std::string::npos);
+  several.replace(server, 22, "Server=127.0.0.1:1, 127.0.0.1:");
+  const auto connection = createConnection();
+  connection->Open(several + ";SyncWait=1");
+  EXPECT_NO_THROW(askOne(*connection, "SELECT COUNT(*) FROM KT7TPay", {}));
+  EXPECT_NO_THROW(catchUp(*connection));
+  EXPECT_THROW(createConnection()->Open(several + ";SyncWait=much"), Error);
+}
+
 TEST_F(ConnectionTest, ASecondWriterOfTheSameThreadFailsAtOnce) {
   if (!engine().embedded) GTEST_SKIP() << "servers lock rows";
   connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('a')");

@@ -1,20 +1,10 @@
 #include "base/error.h"
 #include "paid_company.h"
 #include "payroll/store/slip_store.h"
-#include "schema/amass_columns.h"
 
 namespace kt7::payroll {
 
 namespace {
-
-std::string joined(std::initializer_list<const char*> columns) {
-  std::string text;
-  for (const char* column : columns) {
-    text += (text.empty() ? "COALESCE(" : "||'|'||COALESCE(") + test::asText(std::string(column)) +
-            ",'-')";
-  }
-  return text;
-}
 
 /// A kind of item and the balance column that holds nothing else.
 struct KindColumn {
@@ -35,28 +25,6 @@ constexpr std::array<KindColumn, 10> kKindColumns{{{"SALARY", "TEATSubSalary"},
 
 class Month2026 : public PaidCompany {
  protected:
-  /// Every slip, item and balance, as text.
-  std::vector<std::string> everything() {
-    std::vector<std::string> all = lines(
-        "SELECT " +
-        joined({"TEPSNo", "TEpSTEmpCode", "TEPSTEmTCode", "TEPSSalaryPeriod", "TEpsTSaPDate",
-                "TEpsStartDate", "TEpsEndDate", "TEPSTotalWorkDay", "TEPSNetTotal", "TEPSFlag3"}) +
-        " AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo");
-    std::string balance = joined({"TEATTEmpCode", "TEATTEmTCode", "TEATPaymentDate"});
-    for (const std::string_view column : schema::kAmassMoneyColumns) {
-      balance += "||'|'||" + std::string(column);
-    }
-    for (const std::string& query :
-         {joined({"TSmbTEPSNo", "TSmbLn", "TSmbTAMTAlias", "TSmbName", "TSmbQuantity",
-                  "TSmbCheckMoney", "TSmbDebit", "TSmbCrebit"}) +
-              " AS line FROM KT7TEmpSlipItem ORDER BY TSmbTEPSNo, TSmbLn",
-          balance + " AS line FROM KT7TEmpAmassType ORDER BY TEATTEmpCode, TEATPaymentDate"}) {
-      const auto rows = lines("SELECT " + query);
-      all.insert(all.end(), rows.begin(), rows.end());
-    }
-    return all;
-  }
-
   void expectBalancesHoldTheSlips() {
     EXPECT_EQ(count("KT7TEmpSlipDoc"), count("KT7TEmpAmassType"));
     for (const KindColumn& row : kKindColumns) {

@@ -10,9 +10,20 @@
 #include "host/roles/host_platform.h"
 #include "host/schema/schema.h"
 #include "payroll/store/pay_month.h"
+#include "schema/amass_columns.h"
 #include "support/company.h"
 
 namespace kt7::payroll {
+
+/// The columns of a row as one text, null as "-".
+inline std::string joined(std::initializer_list<const char*> columns) {
+  std::string text;
+  for (const char* column : columns) {
+    text += (text.empty() ? "COALESCE(" : "||'|'||COALESCE(") + test::asText(std::string(column)) +
+            ",'-')";
+  }
+  return text;
+}
 
 /// What one run told.
 struct Told : RunListener {
@@ -88,6 +99,68 @@ class PaidCompany : public testing::Test {
     for (; !rows->Eof(); rows->MoveNext())
       result.push_back(test::plainNumbers(rows->get("line").joinedText()));
     return result;
+  }
+  /// Every slip, item and balance, as text.
+  std::vector<std::string> everything() {
+    std::vector<std::string> all = lines(
+        "SELECT " +
+        joined({"TEPSNo", "TEpSTEmpCode", "TEPSTEmTCode", "TEPSSalaryPeriod", "TEpsTSaPDate",
+                "TEpsStartDate", "TEpsEndDate", "TEPSTotalWorkDay", "TEPSNetTotal", "TEPSFlag3"}) +
+        " AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo");
+    std::string balance = joined({"TEATTEmpCode", "TEATTEmTCode", "TEATPaymentDate"});
+    for (const std::string_view column : schema::kAmassMoneyColumns) {
+      balance += "||'|'||" + std::string(column);
+    }
+    for (const std::string& query :
+         {joined({"TSmbTEPSNo", "TSmbLn", "TSmbTAMTAlias", "TSmbName", "TSmbQuantity",
+                  "TSmbCheckMoney", "TSmbDebit", "TSmbCrebit"}) +
+              " AS line FROM KT7TEmpSlipItem ORDER BY TSmbTEPSNo, TSmbLn",
+          balance + " AS line FROM KT7TEmpAmassType ORDER BY TEATTEmpCode, TEATPaymentDate"}) {
+      const auto rows = lines("SELECT " + query);
+      all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+  }
+
+  /// Enough of two types to keep several pages under way.
+  void hire(int employees) {
+    std::string people, more;
+    for (int i = 0; i < employees; ++i) {
+      const std::string code = "'Z" + std::to_string(10000 + i) + "'";
+      const std::string values = i == 0 ? "" : ", ";
+      people += values + "(" + code + ", 'Z', " + (i % 5 == 0 ? "'W4'" : "'M1'") +
+                ", '2024-01-01', " + std::to_string(i % 5 == 0 ? 500 : 15000 + i) + ", '00')";
+      more += values + "(" + code + ", 1)";
+    }
+    sql("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, TEmpSignDate, "
+        "TEmpSalary, TEmpTBraCode) VALUES " +
+        people);
+    sql("INSERT INTO KT7TEmployee2 (TEm2TEmpCode, TEm2SocialInsured) VALUES " + more);
+  }
+
+  Workplace workplace() {
+    auto platform = std::make_unique<host::HostPlatform>(Month(2026, 1).lastDay());
+    return {std::move(platform), std::make_unique<host::HostDataObj>(database_.connectionString())};
+  }
+  /// Everything that the run writes, but for the keys that the engine gives.
+  std::vector<std::string> books() {
+    std::vector<std::string> all = everything();
+    for (const std::string& query :
+         {joined({"TEHPTEmpCode", "TEHPLn", "TEHPStartDate", "TEHPSalary"}) +
+              " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn",
+          joined({"TEAATEmpCode", "TEAATSaPDate", "TEAAType"}) +
+              " AS line FROM KT7TEmpActiveAmass ORDER BY TEAATEmpCode, TEAATSaPDate"}) {
+      const auto rows = lines("SELECT " + query);
+      all.insert(all.end(), rows.begin(), rows.end());
+    }
+    return all;
+  }
+  /// As if the month had never been paid.
+  void forgetTheMonth() {
+    for (const char* const table : {"KT7TEmpSlipDoc", "KT7TEmpSlipItem", "KT7TEmpAmassType",
+                                    "KT7TEmpActiveAmass", "KT7TEmpHisPosition"}) {
+      sql(std::string("DELETE FROM ") + table);
+    }
   }
   int count(const std::string& from) {
     return std::stoi(lines("SELECT COUNT(*) AS line FROM " + from).front());

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
@@ -69,7 +70,7 @@ payroll::InputRow rowOf(const csv::Row& row, std::size_t width, const Places& pl
 }  // namespace
 
 std::vector<payroll::InputRow> readPayrollInput(const std::string& file) {
-  std::ifstream stream(file);
+  std::ifstream stream(std::filesystem::path(std::u8string(file.begin(), file.end())));
   if (!stream) throw std::runtime_error("cannot read '" + file + "'");
   std::vector<payroll::InputRow> rows;
   try {

@@ -2,7 +2,11 @@
 
 #include <mariadb/mysqld_error.h>
 
+#include <algorithm>
 #include <charconv>
+#include <chrono>
+#include <map>
+#include <mutex>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -20,8 +24,7 @@ bool isMariadb(MYSQL* connection) {
          std::string_view::npos;
 }
 
-unsigned portOf(const ConnectionString& where) {
-  const std::string_view text = where.value("Port");
+unsigned portIn(std::string_view text) {
   if (text.empty()) return 0;
   unsigned port = 0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), port);
@@ -68,6 +71,20 @@ void setTls(MYSQL* connection, const ConnectionString& where) {
   raiseConnectionFailed(text, {{}, code, state});
 }
 
+/// A host, with a port of its own where one follows: "db2:3307".
+struct Server {
+  std::string host;
+  unsigned port = 0;
+};
+
+Server serverIn(const std::string& text, const ConnectionString& where) {
+  const std::size_t colon = text.find(':');
+  const bool withPort =
+      colon != std::string::npos && text.find(':', colon + 1) == std::string::npos;
+  if (!withPort) return {text, portIn(where.value("Port"))};
+  return {text.substr(0, colon), portIn(std::string_view(text).substr(colon + 1))};
+}
+
 MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
                       const std::string& user, const std::string& password,
                       const std::string& database) {
@@ -78,14 +95,56 @@ MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
   mysql_options(connection, MYSQL_SET_CHARSET_NAME, "utf8mb4");
   setTls(connection, where);
   const std::string socket(where.value("Socket"));
-  const std::string host = socket.empty() ? server : "localhost";
-  if (mysql_real_connect(connection, host.c_str(), user.c_str(), password.c_str(), orNull(database),
-                         portOf(where), orNull(socket), CLIENT_FOUND_ROWS) == nullptr) {
+  const Server at = socket.empty() ? serverIn(server, where) : Server{"localhost"};
+  if (mysql_real_connect(connection, at.host.c_str(), user.c_str(), password.c_str(),
+                         orNull(database), at.port, orNull(socket), CLIENT_FOUND_ROWS) == nullptr) {
     raiseCannotConnect(connection, socket.empty() ? server : socket, database);
   }
   const char* const settings = isMariadb(connection) ? kMariadbSettings : kMysqlSettings;
   if (mysql_query(connection, settings) != 0) raiseCannotConnect(connection, server, database);
   return handle;
+}
+
+/// A node that has lost its cluster takes connections and answers nothing.
+void requireServing(MYSQL* connection, const std::string& server, const std::string& database) {
+  if (mysql_query(connection, "SELECT 1") != 0) raiseCannotConnect(connection, server, database);
+  mysql_free_result(mysql_store_result(connection));
+}
+
+/// The servers that could not be reached in the last half minute: they are tried last, so that not
+/// every connection waits for them.
+class Unreachable {
+ public:
+  void note(const std::string& server) {
+    const std::lock_guard lock(mutex_);
+    since_[server] = Clock::now();
+  }
+
+  /// The servers in their order, those noted behind the others.
+  std::vector<std::string> last(std::vector<std::string> servers) {
+    const std::lock_guard lock(mutex_);
+    for (std::string& server : servers) server = std::string(trimmedBlanks(server));
+    std::stable_partition(servers.begin(), servers.end(),
+                          [this](const std::string& server) { return !isNoted(server); });
+    return servers;
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  bool isNoted(const std::string& server) const {
+    constexpr std::chrono::seconds kRemembered(30);
+    const auto known = since_.find(server);
+    return known != since_.end() && Clock::now() - known->second < kRemembered;
+  }
+
+  std::mutex mutex_;
+  std::map<std::string, Clock::time_point> since_;
+};
+
+Unreachable& unreachable() {
+  static auto* const instance = new Unreachable;
+  return *instance;
 }
 
 MysqlHandle connect(const ConnectionString& where, std::string_view user, std::string_view password,
@@ -94,15 +153,19 @@ MysqlHandle connect(const ConnectionString& where, std::string_view user, std::s
   const std::string secret =
       password.empty() ? firstOf(where, "Pwd", "Password") : std::string(password);
   const std::string given(where.value("Server"));
-  const std::vector<std::string> servers = split(given.empty() ? "127.0.0.1" : given, ',');
-  for (std::size_t i = 0; i + 1 < servers.size(); ++i) {
+  const std::vector<std::string> servers =
+      unreachable().last(split(given.empty() ? "127.0.0.1" : given, ','));
+  for (std::size_t i = 0;; ++i) {
     try {
-      return connectTo(std::string(trimmedBlanks(servers[i])), where, name, secret, database);
+      MysqlHandle handle = connectTo(servers[i], where, name, secret, database);
+      if (servers.size() > 1) requireServing(handle.get(), servers[i], database);
+      return handle;
     } catch (const Error&) {
       // The next server may answer; the last one's refusal is told.
+      if (servers.size() > 1) unreachable().note(servers[i]);
+      if (i + 1 == servers.size()) throw;
     }
   }
-  return connectTo(std::string(trimmedBlanks(servers.back())), where, name, secret, database);
 }
 
 std::string requiredDatabase(const ConnectionString& where) {
@@ -112,14 +175,31 @@ std::string requiredDatabase(const ConnectionString& where) {
   return std::string(where.database());
 }
 
+/// What "SyncWait=" says: 1 lets reads wait until the node has what others committed before.
+int syncWaitIn(const ConnectionString& where) {
+  const std::string_view text = where.value("SyncWait");
+  if (text.empty()) return 0;
+  int wait = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), wait);
+  constexpr int kMost = 15;
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || wait < 0 ||
+      wait > kMost) {
+    raiseConnectionFailed("'" + std::string(text) + "' is no SyncWait; write SyncWait=1");
+  }
+  return wait;
+}
+
 std::string quotedName(const std::string& name) { return "`" + replaceAll(name, "`", "``") + "`"; }
 
 }  // namespace
 
 std::unique_ptr<Session> openMysql(const ConnectionString& where, std::string_view user,
                                    std::string_view password) {
-  return std::make_unique<MysqlSession>(
-      connect(where, user, password, std::string(where.database())));
+  const int syncWait = syncWaitIn(where);
+  MysqlHandle handle = connect(where, user, password, std::string(where.database()));
+  auto session = std::make_unique<MysqlSession>(std::move(handle), syncWait);
+  if (syncWait != 0) session->execute("SET SESSION wsrep_sync_wait=" + std::to_string(syncWait));
+  return session;
 }
 
 void createMysql(const ConnectionString& where) {

@@ -51,8 +51,11 @@ bool isDecimal(const MYSQL_FIELD& field) {
 }
 
 bool isLoss(unsigned code) {
+  // A cluster's node that has lost the others answers "unknown command" to everything: another node
+  // may serve.
   constexpr unsigned kLost[] = {CR_SERVER_GONE_ERROR,    CR_SERVER_LOST,     CR_CONN_HOST_ERROR,
-                                CR_SERVER_LOST_EXTENDED, ER_SERVER_SHUTDOWN, ER_CONNECTION_KILLED};
+                                CR_SERVER_LOST_EXTENDED, ER_SERVER_SHUTDOWN, ER_CONNECTION_KILLED,
+                                ER_UNKNOWN_COM_ERROR};
   return std::find(std::begin(kLost), std::end(kLost), code) != std::end(kLost);
 }
 
@@ -64,8 +67,8 @@ using Result = std::unique_ptr<MYSQL_RES, FreeResult>;
 
 }  // namespace
 
-MysqlSession::MysqlSession(MysqlHandle connection)
-    : connection_(std::move(connection)), shapes_(kKeptShapes) {}
+MysqlSession::MysqlSession(MysqlHandle connection, int syncWait)
+    : connection_(std::move(connection)), syncWait_(syncWait), shapes_(kKeptShapes) {}
 
 void MysqlSession::fail(const std::string& sql) {
   MYSQL* const handle = connection_.get();
@@ -242,6 +245,22 @@ void MysqlSession::rollback() {
   }
   control("ROLLBACK");
   begun_ = false;
+}
+
+void MysqlSession::catchUp() {
+  constexpr std::string_view kReads = "1";
+  const auto setWait = [this](std::string_view value) {
+    run("SET SESSION wsrep_sync_wait=" + std::string(value), "SET wsrep_sync_wait");
+  };
+  try {
+    setWait(kReads);
+  } catch (const Error& error) {
+    // A server that cannot be part of a cluster.
+    if (error.cause().nativeCode == ER_UNKNOWN_SYSTEM_VARIABLE) return;
+    throw;
+  }
+  askOne("SELECT 1", {});
+  setWait(std::to_string(syncWait_));
 }
 
 bool MysqlSession::usable() { return !lost_ && mysql_ping(connection_.get()) == 0; }

@@ -19,7 +19,8 @@ using MysqlHandle = std::unique_ptr<MYSQL, CloseMysql>;
 /// nothing here.
 class MysqlSession final : public Session {
  public:
-  explicit MysqlSession(MysqlHandle connection);
+  /// `syncWait`: what of its reads wait for the other nodes of a cluster, as the server takes it.
+  explicit MysqlSession(MysqlHandle connection, int syncWait = 0);
 
   void execute(const std::string& sql) override;
   void query(const std::string& sql, Snapshot& rows) override;
@@ -33,6 +34,7 @@ class MysqlSession final : public Session {
   void commit() override;
   void rollback() override;
   bool inTransaction() const override;
+  void catchUp() override;
   bool usable() override;
   bool lost() const override { return lost_; }
 
@@ -52,6 +54,7 @@ class MysqlSession final : public Session {
   void control(const std::string& statement);
 
   MysqlHandle connection_;
+  int syncWait_;
   bool begun_ = false;
   bool lost_ = false;
   bool writes_ = false;

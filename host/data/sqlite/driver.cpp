@@ -39,6 +39,18 @@ void yearOfText(sqlite3_context* context, int, sqlite3_value** arguments) {
   }
 }
 
+/// The engine takes UTF-8 everywhere; a narrow path would be in the code page of the machine.
+std::filesystem::path pathOf(const std::string& file) {
+  return std::u8string(file.begin(), file.end());
+}
+
+/// One name for the file, however it was written.
+std::string identityOf(const std::string& file) {
+  std::error_code failed;
+  const std::u8string whole = std::filesystem::weakly_canonical(pathOf(file), failed).u8string();
+  return failed ? file : std::string(whole.begin(), whole.end());
+}
+
 SqliteHandle openFile(const std::string& file, int flags) {
   sqlite3* opened = nullptr;
   const int code = sqlite3_open_v2(file.c_str(), &opened,
@@ -59,7 +71,7 @@ std::unique_ptr<Session> openSqlite(const ConnectionString& where, std::string_v
                                     std::string_view) {
   const std::string file = databaseFile(where);
   std::error_code failed;
-  if (!std::filesystem::exists(file, failed)) {
+  if (!std::filesystem::exists(pathOf(file), failed)) {
     raiseConnectionFailed("there is no database '" + file + "'; run \"kt7hr init --db '" +
                               where.shown() + "'\" to create it",
                           {{}, SQLITE_CANTOPEN, {}});
@@ -69,9 +81,7 @@ std::unique_ptr<Session> openSqlite(const ConnectionString& where, std::string_v
                                               SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS,
                                               nullptr, yearOfText, nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) raiseCannotOpen(database.get(), code, file);
-  const std::string identity = std::filesystem::weakly_canonical(file, failed).string();
-  return std::make_unique<SqliteSession>(std::move(database),
-                                         WriteLock::of(failed ? file : identity));
+  return std::make_unique<SqliteSession>(std::move(database), WriteLock::of(identityOf(file)));
 }
 
 void createSqlite(const ConnectionString& where) {

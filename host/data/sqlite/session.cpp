@@ -21,7 +21,7 @@ SqliteSession::SqliteSession(SqliteHandle database, std::shared_ptr<WriteLock> l
       asked_(kKeptStatements),
       fixed_(kKeptStatements) {}
 
-SqliteSession::~SqliteSession() { lock_->released(this); }
+SqliteSession::~SqliteSession() { lock_->release(this); }
 
 SqliteStatement& SqliteSession::prepared(const std::string& sql) {
   if (Asked* const same = asked_.find(sql)) {
@@ -55,22 +55,24 @@ SqliteStatement& SqliteSession::fixed(const std::string& sql) {
   return *fixed_.keep(sql, std::make_shared<SqliteStatement>(database_.get(), text_.text(), sql));
 }
 
-/// Asks for the lock to write before a statement runs, and notes who has it on every way out.
+/// Takes the turn to write before a statement runs, and gives it back on every way out that leaves
+/// no transaction that writes.
 class SqliteSession::Watched {
  public:
   Watched(SqliteSession& session, const SqliteStatement& statement, const std::string& sql)
-      : session_(session), writes_(statement.writes()) {
-    if (writes_) session.lock_->refuseSecondWriter(&session, sql);
+      : session_(session) {
+    if (!statement.writes()) return;
+    session.lock_->take(&session, sql);
+    session.holdsLock_ = true;
   }
   ~Watched() {
-    if (writes_ || session_.holdsLock_) session_.noteTransaction();
+    if (session_.holdsLock_) session_.noteTransaction();
   }
   Watched(const Watched&) = delete;
   Watched& operator=(const Watched&) = delete;
 
  private:
   SqliteSession& session_;
-  bool writes_;
 };
 
 void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
@@ -78,13 +80,12 @@ void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
   statement.run(sql);
 }
 
-// SQLite itself is asked who holds the lock: a transaction may also begin by a statement's text,
-// and may end by an error.
+// SQLite itself is asked whether the lock is still needed: a transaction may also begin by a
+// statement's text, and may end by an error.
 void SqliteSession::noteTransaction() {
-  const bool writing = sqlite3_txn_state(database_.get(), "main") == SQLITE_TXN_WRITE;
-  if (writing == holdsLock_) return;
-  holdsLock_ = writing;
-  writing ? lock_->held(this) : lock_->released(this);
+  if (sqlite3_txn_state(database_.get(), "main") == SQLITE_TXN_WRITE) return;
+  holdsLock_ = false;
+  lock_->release(this);
 }
 
 void SqliteSession::execute(const std::string& sql) { run(prepared(sql), sql); }

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+#include "collab/platform.h"
+
+namespace kt7::adapters {
+
+/// The library's platform on Windows. Collaborators and data-access objects are made by program id:
+/// the names below, or what the registry names instead, as text values UtilityObject, DataTool,
+/// SettingStore, Connection and Recordset of kSettingsKey (the current user's before the
+/// machine's). A program id that is not registered is an error that names it.
+class WindowsPlatform : public Platform {
+ public:
+  static constexpr const wchar_t* kSettingsKey = L"Software\\KT7HRLib\\ProgramIds";
+
+  std::unique_ptr<ado::Connection> createConnection() override;
+  std::unique_ptr<ado::Recordset> createRecordset() override;
+  std::unique_ptr<UtilityObject> createUtilityObject() override;
+  std::unique_ptr<DataTool> createDataTool() override;
+  std::unique_ptr<SettingStore> createSettingStore() override;
+
+  Date now() override;
+  /// A message box. Where there is no window that a person could see, the text is an error.
+  void showMessage(const std::string& text) override;
+
+ private:
+  // Many are made by one object; the way from the name to the class is long.
+  std::optional<CLSID> connectionClass_;
+  std::optional<CLSID> recordsetClass_;
+};
+
+}  // namespace kt7::adapters

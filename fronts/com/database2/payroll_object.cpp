@@ -1,0 +1,131 @@
+#include "fronts/com/database2/payroll_object.h"
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "fronts/cli/commands/payroll_input.h"
+#include "fronts/cli/commands/payroll_register.h"
+#include "host/data/database.h"
+#include "host/roles/host_data_obj.h"
+#include "host/roles/host_platform.h"
+#include "host/schema/import.h"
+#include "host/schema/schema.h"
+#include "payroll/store/pay_month.h"
+
+namespace kt7::database2 {
+
+namespace {
+
+[[noreturn]] void refuse(const std::string& text) {
+  raiseCollaborator(error_number::kCallFailed, text);
+}
+
+std::unique_ptr<ado::Connection> opened(const std::string& connectionString) {
+  auto connection = data::createConnection();
+  connection->Open(connectionString);
+  return connection;
+}
+
+/// The register as it grows, and a line for each note and failure.
+class RunNotes : public payroll::RunListener {
+ public:
+  RunNotes(cli::RegisterWriter& slips, std::string& notes) : slips_(slips), notes_(notes) {}
+
+  void paid(const payroll::Slip& slip) override { slips_.add(slip); }
+  void note(const std::string& text) override { notes_ += text + "\r\n"; }
+  void failed(const std::string& employee, Date payDate, const std::string& cause) override {
+    note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
+  }
+
+ private:
+  cli::RegisterWriter& slips_;
+  std::string& notes_;
+};
+
+std::string joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : "\r\n") + line;
+  return text;
+}
+
+}  // namespace
+
+void PayrollObject::Create(const std::optional<bool>& sample) {
+  data::createDatabase(connectionString_);
+  const auto connection = opened(connectionString_);
+  const schema::Engine engine = schema::engineOf(data::databaseType(connectionString_));
+  if (schema::hasSchema(*connection, engine)) {
+    refuse(data::shownConnectionString(connectionString_) +
+           " holds a company already: nothing was changed");
+  }
+  schema::createSchema(*connection, engine);
+  if (sample.value_or(false)) schema::loadSample(*connection);
+  connection->Close();
+}
+
+std::int32_t PayrollObject::Import(const std::string& table, const std::string& file) {
+  std::ifstream rows(std::filesystem::path(std::u8string(file.begin(), file.end())));
+  if (!rows) refuse("cannot read '" + file + "'");
+  const auto connection = opened(connectionString_);
+  try {
+    const schema::ImportResult result = schema::importTable(*connection, table, rows);
+    connection->Close();
+    return static_cast<std::int32_t>(result.rows);
+  } catch (const schema::ImportError& error) {
+    refuse("nothing was imported from '" + file + "': " + joined(error.problems()));
+  }
+}
+
+std::string PayrollObject::Run(const std::string& month, const std::optional<std::string>& type,
+                               const std::optional<std::string>& inputFile,
+                               const std::optional<std::string>& format) {
+  const auto paidMonth = payroll::Month::fromText(month);
+  if (!paidMonth) refuse("'" + month + "' is no month; write 2026-01");
+  payroll::RunRequest request{*paidMonth, type.value_or(""), {}};
+  if (inputFile && !inputFile->empty()) request.input = cli::readPayrollInput(*inputFile);
+
+  paid_ = failed_ = 0;
+  notes_.clear();
+  host::HostPlatform platform(paidMonth->lastDay());
+  platform.setMessageView([this](const std::string& text) { notes_ += text + "\r\n"; });
+  host::HostDataObj dataObj(connectionString_);
+  std::ostringstream text;
+  const auto slips = cli::registerWriter(format.value_or("table"), text, month);
+  try {
+    RunNotes listener(*slips, notes_);
+    const payroll::RunOutcome outcome = payroll::payMonth(platform, dataObj, request, listener);
+    paid_ = outcome.paid;
+    failed_ = outcome.failed;
+  } catch (const payroll::RunStopped& stopped) {
+    refuse("nothing was paid: " + joined(stopped.reasons()));
+  }
+  slips->finish();
+  return text.str();
+}
+
+namespace {
+
+using Payroll = PayrollObject;
+
+// clang-format off
+constexpr std::array kMembers{
+    property<Payroll, &Payroll::ConnectionString, &Payroll::setConnectionString>(L"ConnectionString"),
+    answers<Payroll, &Payroll::Create>(L"Create"),
+    answers<Payroll, &Payroll::Import>(L"Import"),
+    answers<Payroll, &Payroll::Run>(L"Run"),
+    answers<Payroll, &Payroll::Paid>(L"Paid"),
+    answers<Payroll, &Payroll::Failed>(L"Failed"),
+    answers<Payroll, &Payroll::Notes>(L"Notes"),
+};
+// clang-format on
+
+}  // namespace
+
+template <>
+std::span<const MemberOf<PayrollObject>> membersOf<PayrollObject>() {
+  return kMembers;
+}
+
+}  // namespace kt7::database2

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <tuple>
+#include <utility>
+
+#include "fronts/com/automation/status.h"
+#include "fronts/com/hrlib/early_argument.h"
+#include "fronts/com/hrlib/late_argument.h"
+
+namespace kt7::hrlib {
+
+/// Calls a member of the library's object with arguments that stand ready, stores the by-reference
+/// results, and hands the result to `keep`. Nothing comes back from a call that fails.
+template <typename Result, typename Object, typename Member, typename Ready, typename Keep>
+void callWith(Object& object, Member member, Ready& ready, Keep keep) {
+  std::apply(
+      [&](auto&... argument) {
+        if constexpr (std::is_void_v<Result>) {
+          (object.*member)(argument.value()...);
+          (argument.giveBack(), ...);
+        } else {
+          const Result result = (object.*member)(argument.value()...);
+          (argument.giveBack(), ...);
+          keep(result);
+        }
+      },
+      ready);
+}
+
+/// From a slot of the vtable.
+template <typename Result, typename... A, typename Object, typename Member, typename Out,
+          typename... Given>
+HRESULT callEarly(std::tuple<A...>*, const char* source, REFIID interfaceId, Object& object,
+                  Member member, Out result, Given... given) {
+  if constexpr (!std::is_void_v<Result>) {
+    if (result == nullptr) return E_POINTER;
+  }
+  return automation::guarded(source, interfaceId, [&] {
+    std::tuple<EarlyArgument<A>...> ready{EarlyArgument<A>(given)...};
+    callWith<Result>(object, member, ready, [&](const auto& value) {
+      if constexpr (!std::is_void_v<Result>) *result = Wire<Result>::out(value);
+    });
+  });
+}
+
+/// By name. The parameters say which argument may be left out.
+template <typename Result, typename... A, typename Object, typename Member>
+automation::Variant callLate(std::tuple<A...>*, Object& object, Member member,
+                             const std::array<Parameter, sizeof...(A)>& parameters,
+                             const automation::Arguments& given) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) {
+    std::tuple<LateArgument<A>...> ready{LateArgument<A>(given, I, parameters[I])...};
+    automation::Variant answer;
+    callWith<Result>(object, member, ready, [&](const auto& value) { answer = lateResult(value); });
+    return answer;
+  }
+  (std::index_sequence_for<A...>());
+}
+
+}  // namespace kt7::hrlib

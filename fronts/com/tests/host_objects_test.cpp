@@ -1,0 +1,198 @@
+#include <algorithm>
+
+#include "base/currency.h"
+#include "checks.h"
+#include "fake_object.h"
+#include "fronts/com/automation/status.h"
+#include "fronts/com/automation/text.h"
+
+namespace kt7::client {
+
+namespace {
+
+constexpr HRESULT kCannotCreate = static_cast<HRESULT>(0x800A01AD);
+constexpr HRESULT kStatementFailed = static_cast<HRESULT>(0x80040E14);
+
+FakeMember answers(const char* text) {
+  return [text](FakeCall&) { return Variant(text); };
+}
+FakeMember answers(double number) {
+  return [number](FakeCall&) { return Variant(number); };
+}
+FakeMember does() {
+  return [](FakeCall&) { return Variant(); };
+}
+FakeMember fails(HRESULT status, const wchar_t* text) {
+  return [status, text](FakeCall& call) {
+    call.status = DISP_E_EXCEPTION;
+    call.exception.scode = status;
+    call.exception.bstrDescription = SysAllocString(text);
+    call.exception.bstrSource = SysAllocString(L"The host");
+    return Variant();
+  };
+}
+
+/// Every day is paid 1000 baht.
+void payAThousandADay(FakeKind& dataTool) {
+  dataTool.members[L"LookupText"] = answers("M1");
+  dataTool.members[L"LookupFieldText"] = answers("M1");
+  dataTool.members[L"LookupNumber"] = answers(2.0);
+  dataTool.members[L"LookupDouble"] = [](FakeCall& call) {
+    const bool typeOfSalary = call.arguments.get<std::string>(5) == "TEmTSalaryType";
+    return Variant(typeOfSalary ? 2.0 : 1000.0);
+  };
+  dataTool.members[L"PrepareSql"] = [](FakeCall& call) { return Variant(*call.arguments.at(0)); };
+}
+
+FakeKind dataObject() {
+  FakeKind kind;
+  kind.members[L"ConnectionString"] = answers("the database");
+  kind.members[L"DatabaseType"] = answers("SQLITE");
+  kind.members[L"OpenConnection"] = does();
+  kind.members[L"CloseConnection"] = does();
+  return kind;
+}
+
+struct DayRate {
+  HRESULT status;
+  double value = 0;
+  ErrorText error;
+};
+
+DayRate dayRate(::_HRObject& hr, IDispatch* dataObj) {
+  const automation::BstrText employee("E0001");
+  DayRate rate{};
+  rate.status = hr.GETDAYRATE(employee, &dataObj, &rate.value);
+  if (FAILED(rate.status)) rate.error = takeErrorText();
+  return rate;
+}
+
+void testCreation() {
+  FakeKind data = dataObject();
+  FakeKind tool;
+  payAThousandADay(tool);
+  const auto dataObj = newFake(data);
+  const auto hr = create<::_HRObject>(__uuidof(HRObject));
+  setProgramId(L"DataTool", L"KT7Test.NotThere");
+  const DayRate refused = dayRate(*hr.Get(), dataObj.Get());
+  checkStatus(refused.status, kCannotCreate, "a program id that is not registered");
+  check(refused.error.text.find("KT7Test.NotThere") != std::string::npos, "the error names it");
+
+  const FakeRole role(L"DataTool", tool);
+  check(tool.living == 0, "nothing is made before it is used");
+  const DayRate paid = dayRate(*hr.Get(), dataObj.Get());
+  checkStatus(paid.status, S_OK, "a creation that failed is tried again");
+  check(paid.value == 1000, "the answer of the host's object");
+  dayRate(*hr.Get(), dataObj.Get());
+  check(tool.living == 1, "made once");
+
+  setProgramId(L"UtilityObject", L"KT7Test.NotThere");
+  ComPtr<IDispatch> profile;
+  checkStatus(CoCreateInstance(__uuidof(EmployeeObject), nullptr, CLSCTX_INPROC_SERVER,
+                               IID_PPV_ARGS(&profile)),
+              kCannotCreate, "a profile needs its utilities at once");
+  check(takeErrorText().text.find("KT7Test.NotThere") != std::string::npos, "and names them");
+  setProgramId(L"UtilityObject", nullptr);
+}
+
+void testFailures() {
+  FakeKind data = dataObject();
+  const auto dataObj = newFake(data);
+  FakeKind tool;
+  payAThousandADay(tool);
+  const FakeRole role(L"DataTool", tool);
+  const auto hr = create<::_HRObject>(__uuidof(HRObject));
+
+  tool.members[L"LookupText"] = fails(kStatementFailed, L"ตารางหาย");
+  tool.members[L"LookupFieldText"] = tool.members[L"LookupText"];
+  DayRate rate = dayRate(*hr.Get(), dataObj.Get());
+  checkStatus(rate.status, kStatementFailed, "the status of a host's object");
+  checkEqual(rate.error.text, "ตารางหาย", "the text of a host's object");
+  checkEqual(rate.error.source, "The host", "the source of a host's object");
+
+  tool.members[L"LookupText"] = fails(static_cast<HRESULT>(0x800A0005), L"bad call");
+  tool.members[L"LookupFieldText"] = tool.members[L"LookupText"];
+  rate = dayRate(*hr.Get(), dataObj.Get());
+  checkStatus(rate.status, automation::statusOf(5), "a number of the platform's own");
+
+  tool.members[L"LookupText"] = [](FakeCall& call) {
+    call.status = E_ACCESSDENIED;
+    return Variant();
+  };
+  tool.members[L"LookupFieldText"] = tool.members[L"LookupText"];
+  rate = dayRate(*hr.Get(), dataObj.Get());
+  checkStatus(rate.status, E_ACCESSDENIED, "a status without details");
+  check(rate.error.text.find("Lookup") != std::string::npos, "the text names the member");
+
+  FakeKind bare;
+  {
+    const FakeRole bareRole(L"DataTool", bare);
+    rate = dayRate(*create<::_HRObject>(__uuidof(HRObject)).Get(), dataObj.Get());
+    checkStatus(rate.status, automation::statusOf(440), "a member that the object lacks");
+  }
+
+  payAThousandADay(tool);
+  rate = dayRate(*hr.Get(), nullptr);
+  checkStatus(rate.status, automation::statusOf(440), "a data object that is not set");
+}
+
+void testScriptClasses() {
+  FakeKind data = dataObject();
+  data.onlyExtended = true;
+  const auto dataObj = newFake(data);
+  FakeKind tool;
+  payAThousandADay(tool);
+  tool.onlyExtended = true;
+  const FakeRole role(L"DataTool", tool);
+  const auto hr = create<::_HRObject>(__uuidof(HRObject));
+  const DayRate rate = dayRate(*hr.Get(), dataObj.Get());
+  checkStatus(rate.status, S_OK, "objects that IDispatchEx alone knows");
+  check(rate.value == 1000, "objects that IDispatchEx alone knows");
+}
+
+/// A failure inside the operation's own transaction is shown as a message; nobody is there to see
+/// it, so it is the call's error.
+void testMessage() {
+  FakeKind data = dataObject();
+  const auto dataObj = newFake(data);
+  FakeKind connection;
+  for (const wchar_t* member :
+       {L"CursorLocation", L"Open", L"Close", L"BeginTrans", L"CommitTrans", L"RollbackTrans"}) {
+    connection.members[member] = does();
+  }
+  connection.members[L"Execute"] = fails(kStatementFailed, L"ตารางหาย");
+  FakeKind recordset;
+  recordset.members[L"Open"] = fails(kStatementFailed, L"ตารางหาย");
+  FakeKind utility;
+  utility.members[L"SqlDateText"] = answers("2026-01-31");
+  utility.members[L"SqlShortDateText"] = answers("2026-01-31");
+  utility.members[L"SqlDateTimeText"] = answers("2026-01-31 00:00:00");
+  FakeKind tool;
+  payAThousandADay(tool);
+  const FakeRole roles[]{{L"Connection", connection},
+                         {L"Recordset", recordset},
+                         {L"UtilityObject", utility},
+                         {L"DataTool", tool}};
+  const auto hr = create<::_HRObject>(__uuidof(HRObject));
+  IDispatch* given = dataObj.Get();
+  checkStatus(hr->UpdateEmployeeStatus(&given), automation::statusOf(440), "the message as error");
+  const std::string text = takeErrorText().text;
+  check(text.find("Print Screen") != std::string::npos, "the message as error");
+  check(text.ends_with("ตารางหาย"), "with its cause");
+  const auto& calls = connection.calls;
+  check(std::find(calls.begin(), calls.end(), L"RollbackTrans") != calls.end() &&
+            calls.back() == L"Close",
+        "rolled back and closed before");
+  checkEqual(std::to_string(connection.living), "0", "the operation's own connection is released");
+}
+
+}  // namespace
+
+void testHostObjects() {
+  testCreation();
+  testFailures();
+  testScriptClasses();
+  testMessage();
+}
+
+}  // namespace kt7::client

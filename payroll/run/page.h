@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "payroll/run/period_plan.h"
+#include "payroll/run/ports.h"
+#include "payroll/run/slip_group.h"
+
+namespace kt7::payroll {
+
+/// The employees of one page are asked, reckoned and written together.
+inline constexpr int kEmployeesAtOnce = 50;
+
+/// Some employees of a slip period, in code order.
+struct Page {
+  std::size_t index = 0;  // within the run
+  const SlipPeriod* period = nullptr;
+  std::vector<Employee> employees;
+};
+
+/// Who gives new slips their numbers.
+class SlipNumbers {
+ public:
+  virtual ~SlipNumbers() = default;
+  /// Numbers the slips of the page that have none; called once a page, and again where it failed.
+  virtual void give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) = 0;
+};
+
+}  // namespace kt7::payroll

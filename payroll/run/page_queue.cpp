@@ -1,0 +1,143 @@
+#include "payroll/run/page_queue.h"
+
+#include <utility>
+
+namespace kt7::payroll {
+
+namespace {
+
+/// Pages that are under way or wait to be told, for each worker.
+constexpr std::size_t kPagesForEach = 4;
+
+}  // namespace
+
+PageQueue::PageQueue(const MonthPlan& plan, int workers)
+    : plan_(plan), window_(static_cast<std::size_t>(workers) * kPagesForEach) {}
+
+std::optional<Page> PageQueue::take(RunServices& services) {
+  const std::lock_guard readersTurn(reading_);
+  while (!endReached()) {
+    const SlipPeriod& period = plan_.periods[period_];
+    if (!period.frozen && !periodRead_) {
+      if (!waitForRoom()) return std::nullopt;
+      Page page{0, &period, {}};
+      if (readPage(services, page)) {
+        const std::lock_guard lock(state_);
+        page.index = handedOut_++;
+        ++underWay_;
+        return page;
+      }
+    }
+    if (!nextPeriod()) return std::nullopt;
+  }
+  return std::nullopt;
+}
+
+bool PageQueue::endReached() {
+  if (period_ < plan_.periods.size()) return false;
+  const std::lock_guard lock(state_);
+  allHandedOut_ = true;
+  changed_.notify_all();
+  return true;
+}
+
+bool PageQueue::readPage(RunServices& services, Page& page) {
+  page.employees = services.company.employees(
+      {page.period->type, page.period->salary, afterCode_, kEmployeesAtOnce});
+  periodRead_ = page.employees.size() < static_cast<std::size_t>(kEmployeesAtOnce);
+  if (page.employees.empty()) return false;
+  afterCode_ = page.employees.back().code;
+  return true;
+}
+
+bool PageQueue::waitForRoom() {
+  std::unique_lock lock(state_);
+  changed_.wait(lock, [this] { return stopped_ || underWay_ < window_; });
+  return !stopped_;
+}
+
+/// Goes on to the next period once the slips of this one stand: the next one builds on them.
+bool PageQueue::nextPeriod() {
+  std::unique_lock lock(state_);
+  changed_.wait(lock, [this] { return stopped_ || finished_ == handedOut_; });
+  if (stopped_) return false;
+  const SlipPeriod& period = plan_.periods[period_++];
+  afterCode_.clear();
+  periodRead_ = false;
+  if (!period.frozen) return true;
+  Report report;
+  report.note("slip period " + period.name() + " is frozen: left alone");
+  reports_.emplace(handedOut_++, std::move(report));
+  ++numbered_;
+  ++finished_;
+  changed_.notify_all();
+  return true;
+}
+
+void PageQueue::give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) {
+  {
+    std::unique_lock lock(state_);
+    changed_.wait(lock, [&] { return stopped_ || numbered_ == page.index; });
+    if (stopped_) throw RunAbandoned();
+  }
+  for (SlipChange& change : changes) {
+    if (!change.slip || !change.slip->number.empty()) continue;
+    const Date payDate = change.slip->payDate;
+    change.slip->number = slipNumber(payDate, nextSequence(payDate, services));
+  }
+  const std::lock_guard lock(state_);
+  ++numbered_;
+  changed_.notify_all();
+}
+
+int PageQueue::nextSequence(Date payDate, RunServices& services) {
+  auto known = lastSequence_.find(payDate.dayNumber());
+  if (known == lastSequence_.end()) {
+    const int last = slipSequence(services.company.lastSlipNumber(payDate), payDate);
+    known = lastSequence_.emplace(payDate.dayNumber(), last).first;
+  }
+  return ++known->second;
+}
+
+void PageQueue::finish(const Page& page, Report report) {
+  const std::lock_guard lock(state_);
+  reports_.emplace(page.index, std::move(report));
+  ++finished_;
+  changed_.notify_all();
+}
+
+void PageQueue::stop(std::exception_ptr reason) {
+  const std::lock_guard lock(state_);
+  if (!stopped_) reason_ = std::move(reason);
+  stopped_ = true;
+  changed_.notify_all();
+}
+
+std::optional<Report> PageQueue::nextReport() {
+  std::unique_lock lock(state_);
+  changed_.wait(lock, [this] {
+    return stopped_ || reports_.contains(told_) || (allHandedOut_ && told_ == handedOut_);
+  });
+  return takeReport(reports_.find(told_));
+}
+
+std::optional<Report> PageQueue::readyReport(bool workersLeft) {
+  const std::lock_guard lock(state_);
+  return takeReport(workersLeft ? reports_.find(told_) : reports_.begin());
+}
+
+std::optional<Report> PageQueue::takeReport(std::map<std::size_t, Report>::iterator next) {
+  if (next == reports_.end()) return std::nullopt;
+  told_ = next->first + 1;
+  Report report = std::move(next->second);
+  reports_.erase(next);
+  if (report.employees > 0) --underWay_;
+  changed_.notify_all();
+  return report;
+}
+
+void PageQueue::raiseReason() const {
+  if (reason_) std::rethrow_exception(reason_);
+}
+
+}  // namespace kt7::payroll

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "payroll/run/month_plan.h"
+#include "payroll/run/recovery.h"
+
+namespace kt7::payroll {
+
+/// A shared run that a process takes part in.
+struct SharedPlan {
+  RunPart head;
+  std::string planner;  // who planned it; another one where it was begun anew
+  MonthPlan plan;
+
+  /// The parts of a slip period, by its place in the plan.
+  std::string partsOf(std::size_t period) const;
+  /// What is left when everybody is paid.
+  RunPart end() const { return {head.run + "/end", "", "", 0}; }
+};
+
+/// Joins the run of that month that is under way, or plans one where there is none or where nobody
+/// has worked on it for the length of a lease. `worker` is a name that nobody else has. RunStopped
+/// where the month cannot be paid, or where those at work were given another input or type.
+SharedPlan joinRun(const RunRequest& request, RunServices& services, RunListener& listener,
+                   const std::string& worker);
+
+/// That many seconds later.
+Date later(Date moment, int seconds);
+
+}  // namespace kt7::payroll

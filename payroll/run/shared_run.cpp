@@ -1,0 +1,80 @@
+#include <atomic>
+#include <random>
+
+#include "payroll/run/month_end.h"
+#include "payroll/run/report_queue.h"
+#include "payroll/run/shared_worker.h"
+#include "payroll/run/threads.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+/// A name that nobody else has, with what people know the process by.
+std::string workerName(const Sharing& sharing, int number) {
+  std::random_device random;
+  return sharing.name + " " + std::to_string(random()) + std::to_string(random()) + "-" +
+         std::to_string(number);
+}
+
+std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunRequest& request,
+                                       RunServices& services, const std::string& name) {
+  return madeOn(services, [&] {
+    return std::make_unique<SharedWorker>(shared, *request.sharing, services, name);
+  });
+}
+
+/// Passes the reports on until the last worker has ended.
+void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told) {
+  try {
+    while (const auto report = reports.next()) told(*report);
+  } catch (...) {
+    reports.stop(std::current_exception());
+  }
+  threads.join();
+  reports.raiseReason();
+}
+
+/// Pays what there is to pay by the process's workers. False where the run was begun anew.
+bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWorker& newWorker,
+              const TakeReport& told) {
+  ReportQueue reports(request.jobs);
+  std::atomic<bool> finished = true;
+  Threads threads;
+  std::atomic<int> number = 0;
+  threads.start(request.jobs, [&] {
+    try {
+      const auto worker = newWorker();
+      const OpenData open(worker->services().dataObj);
+      const std::string name = workerName(*request.sharing, ++number);
+      if (!memberOf(shared, request, worker->services(), name)->payParts(reports)) {
+        finished = false;
+      }
+    } catch (...) {
+      reports.stop(std::current_exception());
+    }
+    reports.workerEnds();
+  });
+  tellAll(reports, threads, told);
+  return finished;
+}
+
+}  // namespace
+
+RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunListener& listener,
+                          const NewWorker& newWorker) {
+  const OpenData open(services.dataObj);
+  const std::string name = workerName(*request.sharing, 0);
+  RunOutcome outcome;
+  const TakeReport told = [&](const Report& report) {
+    report.tellTo(listener);
+    outcome += report.outcome;
+  };
+  for (;;) {
+    const SharedPlan shared = joinRun(request, services, listener, name);
+    if (!payParts(shared, request, newWorker, told)) continue;
+    if (memberOf(shared, request, services, name)->end(listener, told)) return outcome;
+  }
+}
+
+}  // namespace kt7::payroll

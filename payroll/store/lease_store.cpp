@@ -1,0 +1,155 @@
+#include "payroll/store/lease_store.h"
+
+#include "base/text.h"
+#include "collab/sql_text.h"
+#include "payroll/store/unit_of_work.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+constexpr const char* kColumns =
+    "TRLeRun, TRLeFrom, TRLeTo, TRLeFirstNo, TRLeWorker, TRLeState, TRLeUntil FROM KT7TRunLease "
+    "WHERE ";
+constexpr int kPartsShown = 16;
+
+std::string number(PartState state) { return std::to_string(static_cast<int>(state)); }
+
+PartRow rowIn(ado::Recordset& row) {
+  return {{textIn(row, "TRLeRun"), textIn(row, "TRLeFrom"), textIn(row, "TRLeTo"),
+           wholeIn(row, "TRLeFirstNo")},
+          textIn(row, "TRLeWorker"),
+          static_cast<PartState>(wholeIn(row, "TRLeState")),
+          row.get("TRLeUntil").toDate()};
+}
+
+/// In universal time: the sessions of several machines may have several time zones.
+const char* clockOf(const std::string& databaseType) {
+  if (equalNoCase(databaseType, "MYSQL")) return "UTC_TIMESTAMP()";
+  if (equalNoCase(databaseType, "POSTGRESQL")) {
+    return "DATE_TRUNC('second', CURRENT_TIMESTAMP AT TIME ZONE 'UTC')";
+  }
+  return "CURRENT_TIMESTAMP";
+}
+
+Date dateIn(const Value& value) {
+  Date date;
+  if (Date::tryFromIsoText(value.joinedText(), date)) return date;
+  return value.toDate();
+}
+
+}  // namespace
+
+Date LeaseStore::now() {
+  auto rows =
+      records_.open(std::string("SELECT ") + clockOf(dataObj_.DatabaseType()) + " AS ServerNow");
+  return dateIn(rows->get("ServerNow"));
+}
+
+std::string LeaseStore::moment(Date date) const { return dateLiteral(date.isoDateTimeText()); }
+
+std::string LeaseStore::rowOf(const RunPart& part) const {
+  return "TRLeRun=" + records_.quoted(part.run) + " AND TRLeFrom=" + records_.quoted(part.from);
+}
+
+/// The names of a run's parts are its own, a "/" and more; "0" is the character after "/".
+std::string LeaseStore::partsOf(const std::string& run) const {
+  return "TRLeRun>=" + records_.quoted(run + "/") + " AND TRLeRun<" + records_.quoted(run + "0");
+}
+
+std::optional<PartRow> LeaseStore::head(const std::string& run) {
+  auto rows = records_.open("SELECT " + std::string(kColumns) + rowOf({run, "", "", 0}));
+  if (rows->Eof()) return std::nullopt;
+  return rowIn(*rows);
+}
+
+void LeaseStore::insert(const PartRow& row) {
+  records_.execute(
+      "INSERT INTO KT7TRunLease (TRLeRun, TRLeFrom, TRLeTo, TRLeFirstNo, TRLeWorker, TRLeState, "
+      "TRLeUntil) VALUES (" +
+      records_.quoted(row.part.run) + ", " + records_.quoted(row.part.from) + ", " +
+      records_.quoted(row.part.to) + ", " + std::to_string(row.part.firstNumber) + ", " +
+      records_.quoted(row.worker) + ", " + number(row.state) + ", " + moment(row.until) + ")");
+}
+
+void LeaseStore::makeHead(const RunPart& head, const std::string& worker, Date until) {
+  UnitOfWork unit(dataObj_);
+  insert({head, worker, PartState::Taken, until});
+  unit.commit();
+}
+
+bool LeaseStore::lay(const RunPart& head, const std::string& worker,
+                     const std::vector<RunPart>& parts, Date until) {
+  UnitOfWork unit(dataObj_);
+  const std::string own = " AND TRLeWorker=" + records_.quoted(worker);
+  if (!update(head, own, worker, PartState::Done, until)) return false;
+  records_.execute("DELETE FROM KT7TRunLease WHERE " + partsOf(head.run));
+  for (const RunPart& part : parts) insert({part, "", PartState::Open, until});
+  unit.commit();
+  return true;
+}
+
+std::vector<PartRow> LeaseStore::freeParts(const std::string& run, const std::string& worker,
+                                           Date now) {
+  std::vector<PartRow> parts;
+  auto rows = records_.open(
+      "SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
+      "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" + number(PartState::Open) +
+      " OR (TRLeState=" + number(PartState::Taken) + " AND (TRLeUntil<" + moment(now) +
+      " OR TRLeWorker=" + records_.quoted(worker) + "))) ORDER BY TRLeFrom");
+  for (; !rows->Eof(); rows->MoveNext()) parts.push_back(rowIn(*rows));
+  return parts;
+}
+
+int LeaseStore::count(const std::string& where) {
+  auto rows = records_.open("SELECT COUNT(*) AS Parts FROM KT7TRunLease WHERE " + where +
+                            " AND TRLeState<>" + number(PartState::Done));
+  return wholeIn(*rows, "Parts");
+}
+
+int LeaseStore::countUndone(const std::string& run) {
+  return count("TRLeRun=" + records_.quoted(run));
+}
+
+int LeaseStore::countAllUndone(const std::string& run) { return count(partsOf(run)); }
+
+Date LeaseStore::lastUntil(const std::string& run) {
+  auto rows = records_.open("SELECT TOP 1 " + std::string(kColumns) + partsOf(run) +
+                            " ORDER BY TRLeUntil DESC");
+  return rows->Eof() ? Date() : rowIn(*rows).until;
+}
+
+bool LeaseStore::take(const PartRow& row, const std::string& worker, Date until) {
+  UnitOfWork unit(dataObj_);
+  const std::string asRead = " AND TRLeWorker=" + records_.quoted(row.worker) +
+                             " AND TRLeState=" + number(row.state) +
+                             " AND TRLeUntil=" + moment(row.until);
+  if (!update(row.part, asRead, worker, PartState::Taken, until)) return false;
+  unit.commit();
+  return true;
+}
+
+bool LeaseStore::mark(const RunPart& part, const std::string& worker, PartState state, Date until) {
+  UnitOfWork unit(dataObj_);
+  const std::string own = " AND TRLeWorker=" + records_.quoted(worker);
+  if (!update(part, own, worker, state, until)) return false;
+  unit.commit();
+  return true;
+}
+
+/// Whether the row is now the worker's. On a cluster only the commit tells for good: of two nodes
+/// that changed the row at a time one fails there.
+bool LeaseStore::update(const RunPart& part, const std::string& condition,
+                        const std::string& worker, PartState state, Date until) {
+  records_.execute("UPDATE KT7TRunLease SET TRLeWorker=" + records_.quoted(worker) +
+                   ", TRLeState=" + number(state) + ", TRLeTo=" + records_.quoted(part.to) +
+                   ", TRLeUntil=" + moment(until) + " WHERE " + rowOf(part) + condition);
+  return isHeldBy(part, worker);
+}
+
+bool LeaseStore::isHeldBy(const RunPart& part, const std::string& worker) {
+  auto rows = records_.open("SELECT TRLeWorker FROM KT7TRunLease WHERE " + rowOf(part));
+  return !rows->Eof() && textIn(*rows, "TRLeWorker") == worker;
+}
+
+}  // namespace kt7::payroll

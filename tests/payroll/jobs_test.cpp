@@ -1,0 +1,76 @@
+// Any number of workers pays the same: slips, numbers, register, and what is told.
+#include <atomic>
+#include <set>
+
+#include "paid_company.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+class Jobs : public PaidCompany {
+ protected:
+  Told payBy(int jobs, std::vector<InputRow> input = {}) {
+    Told told;
+    const RunRequest request{Month(2026, 1), "", std::move(input), jobs};
+    platform_.setNow(request.month.lastDay());
+    host::HostDataObj dataObj(database_.connectionString());
+    told.outcome = payMonth(platform_, dataObj, request, told, [this] { return workplace(); });
+    return told;
+  }
+};
+
+std::vector<std::string> inOrder(const Told& told) {
+  std::vector<std::string> order;
+  order.reserve(told.slips.size());
+  for (const Slip& slip : told.slips) order.push_back(slip.number + " " + slip.employee);
+  return order;
+}
+
+TEST_F(Jobs, NumberOfWorkersChangesNothing) {
+  hire(160);
+  // One who cannot be paid, in the midst of the others.
+  sql("UPDATE KT7TEmployee SET TEmpSalary=NULL WHERE TEmpCode='Z10101'");
+  const Told alone = payBy(1, {input("Z10007", "2026-01-31", "BONUS", "", "500")});
+  ASSERT_TRUE(alone.reasons.empty());
+  ASSERT_GT(alone.outcome.paid, 300);
+  EXPECT_EQ(alone.outcome.failed, 1);
+  const auto expected = books();
+  forgetTheMonth();
+  const Told together = payBy(4, {input("Z10007", "2026-01-31", "BONUS", "", "500")});
+  EXPECT_EQ(inOrder(together), inOrder(alone));
+  EXPECT_EQ(together.failures, alone.failures);
+  EXPECT_EQ(books(), expected);
+  const Told again = payBy(2, {input("Z10007", "2026-01-31", "BONUS", "", "500")});
+  EXPECT_EQ(inOrder(again), inOrder(alone));
+  EXPECT_EQ(books(), expected);
+}
+
+TEST_F(Jobs, WritersTakeTurns) {
+  hire(120);
+  const Told told = payBy(8);
+  EXPECT_EQ(told.outcome.failed, 0);
+  if (test::engine().oneWriter) EXPECT_EQ(told.outcome.conflicts, 0);
+}
+
+TEST_F(Jobs, ErrorOfAWorkerEndsTheRunAndWhatWasToldHolds) {
+  hire(160);
+  std::atomic<int> places = 0;
+  Told told;
+  platform_.setNow(Month(2026, 1).lastDay());
+  host::HostDataObj dataObj(database_.connectionString());
+  EXPECT_THROW(payMonth(platform_, dataObj, {Month(2026, 1), "", {}, 3}, told,
+                        [&]() -> Workplace {
+                          if (++places == 3) throw std::runtime_error("no room for a third");
+                          return workplace();
+                        }),
+               std::runtime_error);
+  const auto standing = lines("SELECT TEPSNo AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo");
+  std::set<std::string> numbers;
+  for (const Slip& slip : told.slips) numbers.insert(test::plainNumbers(slip.number));
+  EXPECT_EQ(std::vector<std::string>(numbers.begin(), numbers.end()), standing);
+}
+
+}  // namespace
+
+}  // namespace kt7::payroll

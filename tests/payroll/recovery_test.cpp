@@ -1,0 +1,122 @@
+// A unit of work fails at its end, before or after it was kept. Everybody is paid once all the
+// same, and the run says what it met.
+#include "base/error.h"
+#include "paid_company.h"
+#include "payroll/run/failure.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+enum class When { BeforeItIsKept, AfterItWasKept };
+
+/// A data object whose n-th commit fails.
+class FailingDataObj : public DataObj {
+ public:
+  FailingDataObj(const std::string& connectionString, int commit, When when, Error error)
+      : inner_(connectionString), commit_(commit), when_(when), error_(std::move(error)) {}
+
+  void CommitTransaction() override {
+    const bool fails = ++commits_ == commit_;
+    if (fails && when_ == When::BeforeItIsKept) throw error_;
+    inner_.CommitTransaction();
+    if (fails) throw error_;
+  }
+  ado::Connection& Connection() override { return inner_.Connection(); }
+  void OpenConnection() override { inner_.OpenConnection(); }
+  void CloseConnection() override { inner_.CloseConnection(); }
+  void BeginTransaction() override { inner_.BeginTransaction(); }
+  void ExecuteSql(const std::string& sql) override { inner_.ExecuteSql(sql); }
+  void ExecuteSqlEx(const std::string& sql, bool flag) override { inner_.ExecuteSqlEx(sql, flag); }
+  std::string DatabaseType() override { return inner_.DatabaseType(); }
+  std::string ConnectionString() override { return inner_.ConnectionString(); }
+
+  int commits() const { return commits_; }
+
+ private:
+  host::HostDataObj inner_;
+  int commit_;
+  int commits_ = 0;
+  When when_;
+  Error error_;
+};
+
+Error failureWith(const char* sqlState, std::int32_t code, bool connection) {
+  return {ErrorKind::Database,
+          connection ? error_number::kConnectionFailed : error_number::kStatementFailed,
+          "as the engine says",
+          {"COMMIT", code, sqlState}};
+}
+
+class Recovering : public PaidCompany {};
+
+TEST_F(Recovering, WhateverTheEndOfAUnitMeetsEverybodyIsPaidOnce) {
+  FailingDataObj undisturbed(database_.connectionString(), 0, When::BeforeItIsKept,
+                             failureWith("", 0, false));
+  platform_.setNow(Month(2026, 1).lastDay());
+  Told clean;
+  payMonth(platform_, undisturbed, {Month(2026, 1), "", {}}, clean);
+  const auto expected = everything();
+  const auto history = lines("SELECT " + joined({"TEHPTEmpCode", "TEHPLn"}) +
+                             " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn");
+  struct Case {
+    const char* name;
+    Error error;
+    When when;
+    int conflicts;
+    int losses;
+    int commitsMore;
+  };
+  const std::vector<Case> cases{
+      {"certification", failureWith("40001", 1213, false), When::BeforeItIsKept, 1, 0, 1},
+      {"deadlock", failureWith("40P01", 0, false), When::BeforeItIsKept, 1, 0, 1},
+      {"lock wait", failureWith("HY000", 1205, false), When::BeforeItIsKept, 1, 0, 1},
+      {"lost", failureWith("08006", 2013, true), When::BeforeItIsKept, 0, 1, 1},
+      {"unknown and not kept", failureWith("08007", 2013, true), When::BeforeItIsKept, 0, 1, 1},
+      {"unknown and kept", failureWith("08007", 2013, true), When::AfterItWasKept, 0, 1, 0}};
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.name);
+    forgetTheMonth();
+    FailingDataObj dataObj(database_.connectionString(), 4, row.when, row.error);
+    Told told;
+    const RunOutcome outcome = payMonth(platform_, dataObj, {Month(2026, 1), "", {}}, told);
+    EXPECT_EQ(outcome.failed, 0);
+    EXPECT_EQ(told.slips.size(), clean.slips.size());
+    EXPECT_EQ(outcome.conflicts, row.conflicts);
+    EXPECT_EQ(outcome.losses, row.losses);
+    EXPECT_EQ(outcome.retries, 1);
+    EXPECT_EQ(dataObj.commits(), undisturbed.commits() + row.commitsMore);
+    EXPECT_EQ(everything(), expected);
+    EXPECT_EQ(lines("SELECT " + joined({"TEHPTEmpCode", "TEHPLn"}) +
+                    " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn"),
+              history);
+  }
+}
+
+TEST(Failures, AreToldApartByTheEnginesOwnCodes) {
+  struct Case {
+    const char* sqlState;
+    std::int32_t code;
+    bool connection;
+    Failure expected;
+  };
+  for (const Case& row :
+       {Case{"", 5, false, Failure::Conflict},           // busy
+        Case{"", 517, false, Failure::Conflict},         // outdated snapshot
+        Case{"", 2067, false, Failure::Duplicate},       // unique index
+        Case{"", 1, false, Failure::Final},              // syntax
+        Case{"40001", 1213, false, Failure::Conflict},   // deadlock
+        Case{"HY000", 1205, false, Failure::Conflict},   // lock wait
+        Case{"23000", 1062, false, Failure::Duplicate},  // unique index
+        Case{"23505", 0, false, Failure::Duplicate},     // the same
+        Case{"42S02", 1146, false, Failure::Final},      // no such table
+        Case{"HY000", 2003, true, Failure::Lost},        // cannot connect
+        Case{"08006", 0, true, Failure::Lost}, Case{"08007", 0, true, Failure::OutcomeUnknown}}) {
+    EXPECT_EQ(failureOf(failureWith(row.sqlState, row.code, row.connection)), row.expected)
+        << row.sqlState << ' ' << row.code;
+  }
+}
+
+}  // namespace
+
+}  // namespace kt7::payroll
