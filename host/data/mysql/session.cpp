@@ -138,8 +138,6 @@ void MysqlSession::run(std::string_view text, const std::string& sql) {
         {sql, 0, "25P02"});
   }
   send(text, sql);
-  // A statement that ends the transaction by itself, such as CREATE TABLE.
-  if (begun_ && (serverStatus() & SERVER_STATUS_IN_TRANS) == 0) begun_ = false;
 }
 
 void MysqlSession::send(std::string_view text, const std::string& sql) {
