@@ -110,9 +110,10 @@ unsigned MysqlSession::serverStatus() const {
 }
 
 /// A deadlock rolls the whole transaction back at the server, most other errors do not; an error
-/// does not say which, the answer to the next statement does.
+/// does not say which, the answer to the next statement does. One that CREATE TABLE ended by itself
+/// was not open any more.
 void MysqlSession::noteAborted(const std::string& cause) {
-  if (!begun_ || !firstCause_.empty()) return;
+  if (!begun_ || !wasOpen_ || !firstCause_.empty()) return;
   if (mysql_query(connection_.get(), "DO 0") != 0) return;
   if ((serverStatus() & SERVER_STATUS_IN_TRANS) == 0) firstCause_ = cause;
 }
@@ -145,6 +146,7 @@ void MysqlSession::send(std::string_view text, const std::string& sql) {
     const Result dropped(mysql_store_result(connection_.get()));
   }
   writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT") && text != kBegin;
+  wasOpen_ = (serverStatus() & SERVER_STATUS_IN_TRANS) != 0;
   if (mysql_real_query(connection_.get(), text.data(), static_cast<unsigned long>(text.size())) !=
       0) {
     fail(sql);
