@@ -64,7 +64,7 @@ class MysqlSession final : public Session {
   bool begun_ = false;
   bool lost_ = false;
   bool writes_ = false;
-  bool wasOpen_ = false;  // a transaction at the server, before the statement was sent
+  bool wasOpen_ = false;    // a transaction at the server, before the statement was sent
   std::string firstCause_;  // of a transaction that the server rolled back
   StatementText text_;
   std::string shapeKey_;
