@@ -26,6 +26,11 @@ SQLCHAR* bytesOf(std::string_view text) {
   return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.data()));
 }
 
+/// The driver manager takes whole numbers in the place of a pointer.
+SQLPOINTER numberAttribute(std::uintptr_t number) {
+  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
+}
+
 bool succeeded(SQLRETURN code) { return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO; }
 
 Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle) {
@@ -86,9 +91,8 @@ OdbcHandle::OdbcHandle(const std::string& connectionString) {
   SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
   SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
   SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-  constexpr std::intptr_t kLoginSeconds = 5;
-  SQLSetConnectAttr(connection_, SQL_ATTR_LOGIN_TIMEOUT,
-                    reinterpret_cast<SQLPOINTER>(kLoginSeconds), 0);
+  constexpr std::uintptr_t kLoginSeconds = 5;
+  SQLSetConnectAttr(connection_, SQL_ATTR_LOGIN_TIMEOUT, numberAttribute(kLoginSeconds), 0);
   const SQLRETURN code = SQLDriverConnect(connection_, nullptr, bytesOf(connectionString),
                                           static_cast<SQLSMALLINT>(connectionString.size()),
                                           nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
@@ -360,8 +364,8 @@ std::string OdbcSession::primaryKey(const std::string& table) {
 
 void OdbcSession::autocommit(bool on) {
   const std::uintptr_t value = on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF;
-  const SQLRETURN code = SQLSetConnectAttr(connection_->get(), SQL_ATTR_AUTOCOMMIT,
-                                           reinterpret_cast<SQLPOINTER>(value), 0);
+  const SQLRETURN code =
+      SQLSetConnectAttr(connection_->get(), SQL_ATTR_AUTOCOMMIT, numberAttribute(value), 0);
   if (!succeeded(code)) fail(SQL_HANDLE_DBC, connection_->get(), "BEGIN");
 }
 
