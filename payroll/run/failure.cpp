@@ -24,9 +24,10 @@ struct StateRow {
   Failure failure;
 };
 
-constexpr std::array<StateRow, 5> kStates{{{"40001", Failure::Conflict},
+constexpr std::array<StateRow, 6> kStates{{{"40001", Failure::Conflict},
                                            {"40P01", Failure::Conflict},   // deadlock
                                            {"55P03", Failure::Conflict},   // lock not available
+                                           {"HYT00", Failure::Conflict},   // the same by ODBC
                                            {"23505", Failure::Duplicate},  // unique violation
                                            {"23000", Failure::Duplicate}}};
 

@@ -38,7 +38,6 @@ Engine readEngine() {
   engine.kind = data::databaseType(engine.maker);
   engine.files = engine.kind == "SQLITE";
   engine.templates = engine.kind == "POSTGRESQL";
-  engine.oneWriter = engine.files;
   engine.exactDecimals = !engine.files;
   return engine;
 }

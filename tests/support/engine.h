@@ -16,7 +16,6 @@ struct Engine {
   bool odbc = false;           // through the driver manager
   bool files = true;           // a database is a file, which can be copied
   bool templates = false;      // a database can be made as a copy of another
-  bool oneWriter = true;       // a transaction that writes keeps all others from writing
   bool exactDecimals = false;  // amounts are not kept as doubles
 };
 

@@ -53,6 +53,17 @@ Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle) {
   return diagnosis;
 }
 
+constexpr const char* kLockTimeout = "HYT00";
+
+/// SQLite's driver tells every error with the general state: the one that other engines tell.
+std::string embeddedState(const Diagnosis& cause) {
+  constexpr SQLINTEGER kBusy = 5;
+  constexpr SQLINTEGER kConstraint = 19;
+  if (cause.native == kBusy) return kLockTimeout;
+  const bool taken = cause.native == kConstraint && cause.text.find("UNIQUE") != std::string::npos;
+  return taken ? "23000" : cause.state;
+}
+
 ColumnKind kindOf(SQLSMALLINT type, int decimals) {
   switch (type) {
     case SQL_BIT:
@@ -169,8 +180,8 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   constexpr SQLINTEGER kServerGone = 2006;
   constexpr SQLINTEGER kServerLost = 2013;
   constexpr SQLINTEGER kMysqlLockWait = 1205;
-  constexpr SQLINTEGER kSqliteBusy = 5;
-  const Diagnosis cause = diagnosisOf(type, handle);
+  Diagnosis cause = diagnosisOf(type, handle);
+  if (embedded_) cause.state = embeddedState(cause);
   const bool mysqlLoss =
       kind_ == "MYSQL" && (cause.native == kServerGone || cause.native == kServerLost);
   // "57P..": a PostgreSQL server that ends the connection.
@@ -183,9 +194,8 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   // Class 40: the engine rolled the whole transaction back.
   if (begun_ && cause.state.starts_with("40") && firstCause_.empty()) firstCause_ = cause.text;
   const DatabaseCause told{sql, cause.native, cause.state};
-  const bool locked = cause.state == "HYT00" || cause.state == "55P03" ||
-                      (kind_ == "MYSQL" && cause.native == kMysqlLockWait) ||
-                      (embedded_ && cause.native == kSqliteBusy);
+  const bool locked = cause.state == kLockTimeout || cause.state == "55P03" ||
+                      (kind_ == "MYSQL" && cause.native == kMysqlLockWait);
   if (locked) {
     raiseStatementFailed(
         "the rows are locked: another connection, perhaps of this same thread, has a transaction "
