@@ -178,10 +178,10 @@ std::vector<Bench> benches() {
 void add(const std::string& name, Work work, const Bench& bench) {
   benchmark::RegisterBenchmark(name.c_str(),
                                [work, &bench](benchmark::State& state) { work(state, bench); })
-      ->Repetitions(9)
+      ->Repetitions(45)
       ->Unit(benchmark::kMicrosecond)
       ->UseRealTime()
-      ->MinTime(0.1);
+      ->MinTime(0.02);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "base/error.h"
-#include "host/data/sql_lexer.h"
 
 namespace kt7::data {
 
@@ -111,23 +110,6 @@ void appendLiteral(std::string& sql, const Stored& value) {
     sql += c;
   }
   sql += '\'';
-}
-
-std::string inlinedStatement(const std::string& sql, std::span<const Stored> values) {
-  refuseZeroCharacters(sql, values);
-  std::vector<Token> tokens;
-  lexSql(sql, tokens);
-  std::string text;
-  std::size_t at = 0;
-  std::size_t wanted = 0;
-  for (const Token& token : tokens) {
-    if (token.kind != TokenKind::Parameter || ++wanted > values.size()) continue;
-    text.append(sql, at, token.begin - at);
-    appendLiteral(text, values[wanted - 1]);
-    at = token.end();
-  }
-  requireParameters(sql, wanted, values.size());
-  return text.append(sql, at);
 }
 
 ColumnKind decimalKind(int decimals) {

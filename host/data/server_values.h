@@ -27,9 +27,6 @@ std::string serverText(const Stored& value);
 /// A literal of an SQL text in which a backslash is an ordinary character.
 void appendLiteral(std::string& sql, const Stored& value);
 
-/// A fixed text with its "?" replaced by literals.
-std::string inlinedStatement(const std::string& sql, std::span<const Stored> values);
-
 /// A decimal text of an engine with exact decimals: a whole number where the column has no
 /// decimals, money up to four, else a double. Where `decimals` is below zero the text tells.
 void setDecimal(Cell& cell, std::string_view text, int decimals);

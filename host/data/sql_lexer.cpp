@@ -6,11 +6,12 @@ namespace kt7::data {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr std::string_view kSingleSymbols = "()+-*/%,;.=<>&|~:[]";
+constexpr std::string_view kSecondSymbols = "=>|<:";
 constexpr std::string_view kDoubleSymbols[] = {
     "<=", ">=", "<>", "!=", "==", "||", "<<", ">>", "::"};
 
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f'; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool startsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
@@ -25,10 +26,10 @@ class Lexer {
   /// Past blanks and comments; false for a comment that does not end.
   bool skipBlanks() {
     for (;;) {
-      while (at_ < sql_.size() && kBlanks.find(sql_[at_]) != std::string_view::npos) ++at_;
-      if (sql_.substr(at_, 2) == "--") {
+      while (isBlank(look(0))) ++at_;
+      if (look(0) == '-' && look(1) == '-') {
         at_ = std::min(sql_.find('\n', at_), sql_.size());
-      } else if (sql_.substr(at_, 2) == "/*") {
+      } else if (look(0) == '/' && look(1) == '*') {
         const std::size_t close = sql_.find("*/", at_ + 2);
         if (close == std::string_view::npos) return false;
         const std::string_view inside = sql_.substr(at_ + 2, close - at_ - 2);
@@ -117,8 +118,10 @@ class Lexer {
 
   bool readSymbol(TokenKind& kind) {
     kind = TokenKind::Symbol;
-    for (const std::string_view symbol : kDoubleSymbols) {
-      if (sql_.substr(at_, 2) == symbol) {
+    if (kSecondSymbols.find(look(1)) != std::string_view::npos) {
+      const std::string_view both = sql_.substr(at_, 2);
+      if (std::find(std::begin(kDoubleSymbols), std::end(kDoubleSymbols), both) !=
+          std::end(kDoubleSymbols)) {
         at_ += 2;
         return true;
       }

@@ -232,8 +232,7 @@ const MysqlSession::Shape& MysqlSession::shapeOf(MYSQL_RES& result) {
 
 Value MysqlSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
   const std::vector<Stored> values(parameters.begin(), parameters.end());
-  text_.read(inlinedStatement(sql, values), kMysqlDialect);
-  run(text_.text(), sql);
+  run(fixed_.withLiterals(sql, values, kMysqlDialect), sql);
   Snapshot rows;
   readRows(sql, rows);
   return rows.rowCount() == 0 ? Value() : rows.value(0, 0);
@@ -244,8 +243,7 @@ Stored MysqlSession::stored(const Value& value, ColumnKind kind) const {
 }
 
 std::int64_t MysqlSession::change(const std::string& sql, std::span<const Stored> values) {
-  text_.read(inlinedStatement(sql, values), kMysqlDialect);
-  run(text_.text(), sql);
+  run(fixed_.withLiterals(sql, values, kMysqlDialect), sql);
   return static_cast<std::int64_t>(mysql_affected_rows(connection_.get()));
 }
 

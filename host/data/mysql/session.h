@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "host/data/fixed_texts.h"
 #include "host/data/lru_cache.h"
 #include "host/data/session.h"
 #include "host/data/statement_text.h"
@@ -67,6 +68,7 @@ class MysqlSession final : public Session {
   bool wasOpen_ = false;    // a transaction at the server, before the statement was sent
   std::string firstCause_;  // of a transaction that the server rolled back
   StatementText text_;
+  FixedTexts fixed_;
   std::string shapeKey_;
   LruCache<Shape> shapes_;
   std::map<std::string, std::string> primaryKeys_;

@@ -306,9 +306,8 @@ void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
   rows.setText(cell, text);
 }
 
-std::string OdbcSession::inlined(const std::string& sql, std::span<const Stored> values) {
-  text_.read(inlinedStatement(sql, values), dialect_);
-  return std::string(text_.text());
+const std::string& OdbcSession::inlined(const std::string& sql, std::span<const Stored> values) {
+  return fixed_.withLiterals(sql, values, dialect_);
 }
 
 Value OdbcSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
@@ -330,10 +329,9 @@ std::int64_t OdbcSession::change(const std::string& sql, std::span<const Stored>
   return statement.changedRows();
 }
 
-std::int64_t OdbcSession::askWhole(const std::string& sql) {
-  text_.read(sql, dialect_);
+std::int64_t OdbcSession::askWhole(const std::string& sql, std::span<const Stored> values) {
   Statement statement(*connection_);
-  run(statement, text_.text(), sql);
+  run(statement, inlined(sql, values), sql);
   Snapshot rows;
   readRows(statement, rows, sql);
   return rows.rowCount() == 0 ? 0 : rows.whole(0, 0);
@@ -342,14 +340,14 @@ std::int64_t OdbcSession::askWhole(const std::string& sql) {
 std::int64_t OdbcSession::insert(const std::string& sql, std::span<const Stored> values,
                                  const std::string& key) {
   if (key.empty()) return change(sql, values), 0;
-  if (kind_ == "POSTGRESQL") return askWhole(inlinedStatement(sql + " RETURNING " + key, values));
+  if (kind_ == "POSTGRESQL") return askWhole(sql + " RETURNING " + key, values);
   if (kind_ == "MICROSOFT SQL SERVER") {
     const std::string output =
         replaceAll(sql, ") VALUES(", ") OUTPUT INSERTED." + key + " VALUES(");
-    return askWhole(inlinedStatement(output, values));
+    return askWhole(output, values);
   }
   change(sql, values);
-  return askWhole(embedded_ ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()");
+  return askWhole(embedded_ ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()", {});
 }
 
 std::string OdbcSession::primaryKey(const std::string& table) {

@@ -5,6 +5,7 @@
 
 #include <map>
 
+#include "host/data/fixed_texts.h"
 #include "host/data/session.h"
 #include "host/data/statement_text.h"
 
@@ -58,9 +59,9 @@ class OdbcSession final : public Session {
   void readCell(Statement& statement, std::size_t column, Snapshot& rows, Cell& cell,
                 const std::string& sql);
   void setCell(Snapshot& rows, Cell& cell, std::size_t column, std::string_view text) const;
-  std::string inlined(const std::string& sql, std::span<const Stored> values);
+  const std::string& inlined(const std::string& sql, std::span<const Stored> values);
   void endTransaction(SQLSMALLINT how, const char* shown);
-  std::int64_t askWhole(const std::string& sql);
+  std::int64_t askWhole(const std::string& sql, std::span<const Stored> values);
   void autocommit(bool on);
   [[noreturn]] void fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sql);
 
@@ -74,6 +75,7 @@ class OdbcSession final : public Session {
   bool used_ = false;       // changed by a text: it is not given to the next user
   std::string firstCause_;  // of a transaction that the engine rolled back
   StatementText text_;
+  FixedTexts fixed_;
   std::string buffer_;
   std::vector<ColumnKind> kinds_;
   std::vector<int> decimals_;
