@@ -1,7 +1,11 @@
 // Keyed reads, new rows and edits through the data-access contract against the client library used
-// by hand, on every engine whose connection string the arguments or the environment give.
+// by hand, on every engine whose connection string the environment gives. Both sides take turns
+// every few hundredths of a second, and a benchmark's result is the median of the turns' ratios: a
+// busy moment of the machine hits both, and the few turns that it hits unevenly do not count.
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
+#include <map>
 
 #include "by_hand.h"
 #include "host/data/database.h"
@@ -13,16 +17,25 @@ namespace kt7::bench {
 namespace {
 
 constexpr int kEmployees = 10000;
+constexpr int kTurn = 200;     // rows
+constexpr int kTurnPairs = 5;  // one after another give one ratio
+constexpr int kRatios = 41;
 
 /// An engine, a company on it, and what a program by hand may cost there at most.
 struct Bench {
   std::string name;
   double allowedRatio;
-  RatioReport::Clock clock;
+  clockid_t clock;
   std::unique_ptr<SampleCompany> company;
   std::unique_ptr<ByHand> byHand;
   std::unique_ptr<ado::Connection> connection = data::createConnection();
 };
+
+double secondsOf(clockid_t clock) {
+  timespec now{};
+  clock_gettime(clock, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
 
 /// In lower case, as tables are kept where an engine tells the cases apart.
 std::string readText(int number) {
@@ -30,28 +43,32 @@ std::string readText(int number) {
 }
 
 /// Another employee each time, far from the last one.
-class Turns {
- public:
-  int next() { return turn_ = (turn_ + 7919) % kEmployees, turn_ + 1; }
+int nextEmployee() {
+  static int turn = 0;
+  turn = (turn + 7919) % kEmployees;
+  return turn + 1;
+}
 
- private:
-  int turn_ = 0;
-};
+int nextSalary() {
+  static int salary = 30000;
+  return ++salary;
+}
 
-void readByHand(benchmark::State& state, const Bench& bench) {
-  Turns turns;
+/// What a side does in its turn.
+using Turn = void (*)(const Bench&);
+
+void readByHand(const Bench& bench) {
   std::vector<std::string> cells;
-  for (auto _ : state) {
-    bench.byHand->readRow(readText(turns.next()), cells);
+  for (int i = 0; i < kTurn; ++i) {
+    bench.byHand->readRow(readText(nextEmployee()), cells);
     benchmark::DoNotOptimize(cells.data());
   }
 }
 
-void readByContract(benchmark::State& state, const Bench& bench) {
-  Turns turns;
+void readByContract(const Bench& bench) {
   const auto rows = data::createRecordset();
-  for (auto _ : state) {
-    rows->Open(readText(turns.next()), *bench.connection, ado::kStatic, ado::kReadOnly);
+  for (int i = 0; i < kTurn; ++i) {
+    rows->Open(readText(nextEmployee()), *bench.connection, ado::kStatic, ado::kReadOnly);
     benchmark::DoNotOptimize(rows->get("TEmpFirstName").joinedText());
     benchmark::DoNotOptimize(rows->get("TEmpSalary").toCurrency());
     benchmark::DoNotOptimize(rows->get("TEmpSignDate").toDate());
@@ -59,34 +76,22 @@ void readByContract(benchmark::State& state, const Bench& bench) {
   }
 }
 
-void addByHand(benchmark::State& state, const Bench& bench) {
-  int number = kEmployees;
-  bench.byHand->execute("BEGIN");
-  for (auto _ : state) {
-    ++number;
+void addByHand(const Bench& bench) {
+  for (int i = 1; i <= kTurn; ++i) {
     bench.byHand->execute(
         "INSERT INTO kt7temployee(TEmpCode,TEmpFirstName,TEmpLastName,TEmpSignDate,TEmpTEmTCode,"
         "TEmpSalary) VALUES('" +
-        employeeCode(number) + "','Somchai','Jaidee','2020-01-01','M',20000.00)");
+        employeeCode(kEmployees + i) + "','Somchai','Jaidee','2020-01-01','M',20000.00)");
   }
-  bench.byHand->execute("ROLLBACK");
 }
 
-void addByContract(benchmark::State& state, const Bench& bench) {
-  int number = kEmployees;
+void addByContract(const Bench& bench) {
   const auto rows = data::createRecordset();
-  bench.connection->BeginTrans();
-  // Opened again now and then, as an import does: a recordset keeps the rows that it added.
-  constexpr int kRowsPerRecordset = 200;
-  for (auto _ : state) {
-    if (number % kRowsPerRecordset == 0) {
-      if (number > kEmployees) rows->Close();
-      rows->Open("SELECT * FROM KT7TEmployee WHERE 1 = 0", *bench.connection, ado::kStatic,
-                 ado::kOptimistic);
-    }
-    ++number;
+  rows->Open("SELECT * FROM KT7TEmployee WHERE 1 = 0", *bench.connection, ado::kStatic,
+             ado::kOptimistic);
+  for (int i = 1; i <= kTurn; ++i) {
     rows->AddNew();
-    rows->set("TEmpCode", employeeCode(number));
+    rows->set("TEmpCode", employeeCode(kEmployees + i));
     rows->set("TEmpFirstName", "Somchai");
     rows->set("TEmpLastName", "Jaidee");
     rows->set("TEmpSignDate", Date::fromYmd(2020, 1, 1));
@@ -94,43 +99,31 @@ void addByContract(benchmark::State& state, const Bench& bench) {
     rows->set("TEmpSalary", Currency::fromWhole(20000));
     rows->Update();
   }
-  rows->Close();
-  bench.connection->RollbackTrans();
 }
 
-void editByHand(benchmark::State& state, const Bench& bench) {
-  Turns turns;
+void editByHand(const Bench& bench) {
   std::vector<std::string> cells;
-  int salary = 30000;
-  bench.byHand->execute("BEGIN");
-  for (auto _ : state) {
-    bench.byHand->readRow(readText(turns.next()), cells);
-    bench.byHand->execute("UPDATE kt7temployee SET TEmpSalary=" + std::to_string(++salary) +
+  for (int i = 0; i < kTurn; ++i) {
+    bench.byHand->readRow(readText(nextEmployee()), cells);
+    bench.byHand->execute("UPDATE kt7temployee SET TEmpSalary=" + std::to_string(nextSalary()) +
                           " WHERE TEmpRowID=" + cells.front());
   }
-  bench.byHand->execute("ROLLBACK");
 }
 
-void editByContract(benchmark::State& state, const Bench& bench) {
-  Turns turns;
-  int salary = 30000;
+void editByContract(const Bench& bench) {
   const auto rows = data::createRecordset();
-  bench.connection->BeginTrans();
-  for (auto _ : state) {
-    rows->Open(readText(turns.next()), *bench.connection, ado::kStatic, ado::kOptimistic);
-    rows->set("TEmpSalary", Currency::fromWhole(++salary));
+  for (int i = 0; i < kTurn; ++i) {
+    rows->Open(readText(nextEmployee()), *bench.connection, ado::kStatic, ado::kOptimistic);
+    rows->set("TEmpSalary", Currency::fromWhole(nextSalary()));
     rows->Update();
     rows->Close();
   }
-  bench.connection->RollbackTrans();
 }
-
-using Work = void (*)(benchmark::State&, const Bench&);
 
 struct Question {
   const char* name;
-  Work byHand;
-  Work byContract;
+  Turn byHand;
+  Turn byContract;
 };
 
 constexpr Question kQuestions[] = {
@@ -139,8 +132,43 @@ constexpr Question kQuestions[] = {
     {"edit", editByHand, editByContract},
 };
 
-constexpr const char* kByHand = " by hand";
-constexpr const char* kByContract = " by contract";
+/// Seconds of a turn in a transaction of its own; its beginning and end are not counted.
+double handsTurn(const Bench& bench, Turn turn) {
+  bench.byHand->execute("BEGIN");
+  const double begin = secondsOf(bench.clock);
+  turn(bench);
+  const double seconds = secondsOf(bench.clock) - begin;
+  bench.byHand->execute("ROLLBACK");
+  return seconds;
+}
+
+double contractsTurn(const Bench& bench, Turn turn) {
+  bench.connection->BeginTrans();
+  const double begin = secondsOf(bench.clock);
+  turn(bench);
+  const double seconds = secondsOf(bench.clock) - begin;
+  bench.connection->RollbackTrans();
+  return seconds;
+}
+
+void compare(benchmark::State& state, const Bench& bench, const Question& question) {
+  double byHand = 0, byContract = 0;
+  int rows = 0;
+  bool handFirst = true;
+  for (auto _ : state) {
+    if (handFirst) byHand += handsTurn(bench, question.byHand);
+    const double seconds = contractsTurn(bench, question.byContract);
+    if (!handFirst) byHand += handsTurn(bench, question.byHand);
+    handFirst = !handFirst;
+    byContract += seconds;
+    rows += kTurn;
+    state.SetIterationTime(seconds);
+  }
+  constexpr double kMicroseconds = 1e6;
+  state.counters["hand_us"] = byHand / rows * kMicroseconds;
+  state.counters["contract_us"] = byContract / rows * kMicroseconds;
+  state.counters["ratio"] = byContract / byHand;
+}
 
 std::string environment(const char* name) {
   const char* const value = std::getenv(name);
@@ -148,7 +176,7 @@ std::string environment(const char* name) {
 }
 
 Bench benchOf(std::string name, const std::string& server, double allowedRatio) {
-  Bench bench{std::move(name), allowedRatio, RatioReport::Clock::Wall,
+  Bench bench{std::move(name), allowedRatio, CLOCK_MONOTONIC,
               std::make_unique<SampleCompany>(server), nullptr};
   bench.company->addEmployees(kEmployees);
   bench.connection->Open(bench.company->connectionString());
@@ -162,7 +190,7 @@ std::vector<Bench> benches() {
   std::vector<Bench> result;
   result.push_back(benchOf("SQLite", "Driver=SQLite", kUnprepared));
   // Nothing waits there: processor time, which other programs of the machine leave alone.
-  result.back().clock = RatioReport::Clock::Processor;
+  result.back().clock = CLOCK_PROCESS_CPUTIME_ID;
   result.back().byHand = sqliteByHand(result.back().company->database());
   if (const std::string server = environment("KT7_TEST_MYSQL"); !server.empty()) {
     result.push_back(benchOf("MariaDB", server, kServer));
@@ -175,13 +203,34 @@ std::vector<Bench> benches() {
   return result;
 }
 
-void add(const std::string& name, Work work, const Bench& bench) {
-  benchmark::RegisterBenchmark(name.c_str(),
-                               [work, &bench](benchmark::State& state) { work(state, bench); })
-      ->Repetitions(45)
+/// The usual console report; keeps the medians of the ratios.
+class Ratios : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.aggregate_name != "median") continue;
+      medians_[run.run_name.function_name] = run.counters.at("ratio");
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+  const std::map<std::string, double>& medians() const { return medians_; }
+
+ private:
+  std::map<std::string, double> medians_;
+};
+
+std::string nameOf(const Bench& bench, const Question& question) {
+  return bench.name + ' ' + question.name;
+}
+
+void add(const Bench& bench, const Question& question) {
+  benchmark::RegisterBenchmark(
+      nameOf(bench, question).c_str(),
+      [&bench, &question](benchmark::State& state) { compare(state, bench, question); })
+      ->Iterations(kTurnPairs)
+      ->Repetitions(kRatios)
       ->Unit(benchmark::kMicrosecond)
-      ->UseRealTime()
-      ->MinTime(0.02);
+      ->UseManualTime();
 }
 
 }  // namespace
@@ -190,20 +239,16 @@ int run(int argc, char** argv) {
   if (!initialize(argc, argv)) return 1;
   const std::vector<Bench> all = benches();
   for (const Bench& bench : all) {
-    for (const Question& question : kQuestions) {
-      const std::string name = bench.name + ' ' + question.name;
-      add(name + kByHand, question.byHand, bench);
-      add(name + kByContract, question.byContract, bench);
-    }
+    for (const Question& question : kQuestions) add(bench, question);
   }
-  RatioReport report;
+  Ratios report;
   benchmark::RunSpecifiedBenchmarks(&report);
   std::printf("\n%-12s %-12s %10s %10s\n", "engine", "", "ratio", "wanted");
   for (const Bench& bench : all) {
     for (const Question& question : kQuestions) {
-      const std::string name = bench.name + ' ' + question.name;
-      std::printf("%-12s %-12s %10.2f %7s%.1f\n", bench.name.c_str(), question.name,
-                  report.ratio(name + kByContract, name + kByHand, bench.clock),
+      const auto median = report.medians().find(nameOf(bench, question));
+      if (median == report.medians().end()) continue;
+      std::printf("%-12s %-12s %10.2f %7s%.1f\n", bench.name.c_str(), question.name, median->second,
                   "<= ", bench.allowedRatio);
     }
   }

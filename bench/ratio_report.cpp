@@ -5,17 +5,15 @@ namespace kt7::bench {
 void RatioReport::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
     if (run.aggregate_name != "median") continue;
-    processor_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-    wall_[run.run_name.function_name] = run.GetAdjustedRealTime();
+    medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
   }
   ConsoleReporter::ReportRuns(runs);
 }
 
-double RatioReport::ratio(const std::string& name, const std::string& base, Clock clock) const {
-  const auto& medians = clock == Clock::Processor ? processor_ : wall_;
-  const auto found = medians.find(name);
-  const auto whole = medians.find(base);
-  if (found == medians.end() || whole == medians.end()) return 0;
+double RatioReport::ratio(const std::string& name, const std::string& base) const {
+  const auto found = medians_.find(name);
+  const auto whole = medians_.find(base);
+  if (found == medians_.end() || whole == medians_.end()) return 0;
   return found->second / whole->second;
 }
 

@@ -11,19 +11,14 @@ namespace kt7::bench {
 /// The usual console report; keeps the medians of every benchmark's repetitions.
 class RatioReport : public benchmark::ConsoleReporter {
  public:
-  /// Processor time, the system's included, where neither side waits: other programs do not count.
-  /// Wall time where a server does the work.
-  enum class Clock { Processor, Wall };
-
   void ReportRuns(const std::vector<Run>& runs) override;
 
   /// How many times the first benchmark took of the second; 0 when one of them did not run.
-  double ratio(const std::string& name, const std::string& base,
-               Clock clock = Clock::Processor) const;
+  /// Processor time, the system's included: other programs do not count.
+  double ratio(const std::string& name, const std::string& base) const;
 
  private:
-  std::map<std::string, double> processor_;
-  std::map<std::string, double> wall_;
+  std::map<std::string, double> medians_;
 };
 
 /// Takes the options of the command line: repetitions take turns, so that a busy minute of the

@@ -1,5 +1,7 @@
 #include "host/data/recordset.h"
 
+#include <algorithm>
+
 #include "base/error.h"
 #include "host/data/connection.h"
 #include "host/data/database.h"
@@ -36,10 +38,11 @@ void Recordset::openOn(const std::shared_ptr<Lease>& lease, const std::string& s
 void Recordset::release() {
   discard();
   rows_.clear();
-  fields_.fields_.clear();
   position_ = 0;
   writable_ = false;
   table_.clear();
+  keyColumn_.reset();
+  insertText_.clear();
   lease_.reset();
   ownLease_.reset();
 }
@@ -71,16 +74,23 @@ ado::Field& Recordset::RowFields::Item(std::string_view name) {
   const ResultShape& shape = *rows_.rows_.shape();
   const int column = shape.find(name);
   if (column < 0) raiseStatementFailed("the result has no column '" + std::string(name) + "'");
-  if (fields_.empty()) {
-    fields_.reserve(shape.size());
-    for (std::size_t i = 0; i < shape.size(); ++i) fields_.emplace_back(rows_, i);
-  }
+  // They serve every result that the recordset is opened on.
+  fields_.reserve(shape.size());
+  while (fields_.size() < shape.size()) fields_.emplace_back(rows_, fields_.size());
   return fields_[static_cast<std::size_t>(column)];
 }
 
-kt7::Value Recordset::read(std::size_t column) const {
+std::vector<Recordset::Assigned>::iterator Recordset::placeOf(std::size_t column) {
+  return std::lower_bound(
+      assigned_.begin(), assigned_.end(), column,
+      [](const Assigned& assigned, std::size_t wanted) { return assigned.column < wanted; });
+}
+
+kt7::Value Recordset::read(std::size_t column) {
   requireOpen();
-  if (!assigned_.empty() && assigned_[column]) return *assigned_[column];
+  if (const auto at = placeOf(column); at != assigned_.end() && at->column == column) {
+    return at->value;
+  }
   if (adding_) return {};
   requireRow();
   return rows_.value(position_, column);
@@ -90,8 +100,12 @@ void Recordset::assign(std::size_t column, const kt7::Value& value) {
   requireOpen();
   requireWritable();
   if (!adding_) requireRow();
-  if (assigned_.empty()) assigned_.resize(rows_.shape()->size());
-  assigned_[column] = value;
+  const auto at = placeOf(column);
+  if (at != assigned_.end() && at->column == column) {
+    at->value = value;
+  } else {
+    assigned_.insert(at, {column, value});
+  }
 }
 
 void Recordset::discard() {
@@ -113,12 +127,13 @@ void Recordset::Update() {
   Session& target = session();
   std::vector<std::size_t> columns;
   std::vector<Stored> values;
-  for (std::size_t i = 0; i < assigned_.size(); ++i) {
-    if (!assigned_[i]) continue;
-    columns.push_back(i);
-    values.push_back(target.stored(*assigned_[i], (*rows_.shape())[i].kind));
+  if (assigned_.empty()) return;
+  columns.reserve(assigned_.size());
+  values.reserve(assigned_.size() + 1);  // a row to write back is found by its key
+  for (const auto& [column, value] : assigned_) {
+    columns.push_back(column);
+    values.push_back(target.stored(value, (*rows_.shape())[column].kind));
   }
-  if (columns.empty()) return;
   if (adding_) {
     insertRow(target, columns, values);
   } else {
@@ -128,18 +143,29 @@ void Recordset::Update() {
   discard();
 }
 
-void Recordset::insertRow(Session& target, std::span<const std::size_t> columns,
-                          std::span<const Stored> values) {
-  std::string names, places;
+const std::string& Recordset::insertText(std::span<const std::size_t> columns) {
+  if (!insertText_.empty() &&
+      std::equal(columns.begin(), columns.end(), insertColumns_.begin(), insertColumns_.end())) {
+    return insertText_;
+  }
+  std::string places;
+  insertText_ = "INSERT INTO " + table();
   for (const std::size_t column : columns) {
-    names.append(names.empty() ? "" : ",").append(columnName(column));
+    insertText_.append(places.empty() ? "(" : ",").append(columnName(column));
     places.append(places.empty() ? "?" : ",?");
   }
+  insertText_.append(") VALUES(").append(places).append(")");
+  insertColumns_.assign(columns.begin(), columns.end());
+  return insertText_;
+}
+
+void Recordset::insertRow(Session& target, std::span<const std::size_t> columns,
+                          std::span<const Stored> values) {
   const int key = keyColumn();
   const bool given =
       key >= 0 && (*rows_.shape())[static_cast<std::size_t>(key)].kind == ColumnKind::Integer;
   const std::int64_t made =
-      target.insert("INSERT INTO " + table() + "(" + names + ") VALUES(" + places + ")", values,
+      target.insert(insertText(columns), values,
                     given ? columnName(static_cast<std::size_t>(key)) : std::string());
   rows_.addRow();
   position_ = rows_.rowCount() - 1;
@@ -181,8 +207,10 @@ const std::string& Recordset::table() {
 }
 
 int Recordset::keyColumn() {
+  if (keyColumn_) return *keyColumn_;
   const std::string key = session().primaryKey(table());
-  return key.empty() ? -1 : rows_.shape()->find(key);
+  keyColumn_ = key.empty() ? -1 : rows_.shape()->find(key);
+  return *keyColumn_;
 }
 
 void Recordset::requireOpen() const {

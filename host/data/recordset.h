@@ -54,29 +54,38 @@ class Recordset final : public ado::Recordset {
   void requireOpen() const;
   void requireWritable() const;
   void requireRow() const;
-  kt7::Value read(std::size_t column) const;
+  kt7::Value read(std::size_t column);
   void assign(std::size_t column, const kt7::Value& value);
   void discard();
   Session& session() const;
   const std::string& table();
   int keyColumn();
+  const std::string& insertText(std::span<const std::size_t> columns);
   void insertRow(Session& session, std::span<const std::size_t> columns,
                  std::span<const Stored> values);
   void updateRow(Session& session, std::span<const std::size_t> columns,
                  std::vector<Stored> values);
-  std::string columnName(std::size_t column) const { return (*rows_.shape())[column].name; }
+  const std::string& columnName(std::size_t column) const { return (*rows_.shape())[column].name; }
 
   Snapshot rows_;
   RowFields fields_;
   std::size_t position_ = 0;
   bool adding_ = false;
-  // One place a column once a field of the row was assigned, else empty.
-  std::vector<std::optional<kt7::Value>> assigned_;
+  struct Assigned {
+    std::size_t column;
+    kt7::Value value;
+  };
+  std::vector<Assigned>::iterator placeOf(std::size_t column);
+  std::vector<Assigned> assigned_;  // the fields of the row that were, by column
 
   // Only where the recordset was opened optimistic.
   bool writable_ = false;
   std::string source_;
   std::string table_;
+  std::optional<int> keyColumn_;
+  // The last one, for the next row with the same fields.
+  std::string insertText_;
+  std::vector<std::size_t> insertColumns_;
   std::weak_ptr<Lease> lease_;
   std::shared_ptr<Lease> ownLease_;
 };

@@ -105,11 +105,11 @@ void appendLiteral(std::string& sql, const Stored& value) {
     return;
   }
   sql += '\'';
-  for (const char c : *text) {
-    if (c == '\'') sql += '\'';
-    sql += c;
+  std::size_t at = 0;
+  for (std::size_t quote = 0; (quote = text->find('\'', at)) != std::string::npos; at = quote + 1) {
+    sql.append(*text, at, quote - at).append("''");
   }
-  sql += '\'';
+  sql.append(*text, at).append(1, '\'');
 }
 
 ColumnKind decimalKind(int decimals) {

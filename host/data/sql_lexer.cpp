@@ -151,16 +151,32 @@ class Lexer {
 
 }  // namespace
 
-bool lexSql(std::string_view sql, std::vector<Token>& tokens) {
-  tokens.clear();
+namespace {
+
+template <class Take>
+bool readTokens(std::string_view sql, Take take) {
   Lexer lexer(sql);
   for (;;) {
     if (!lexer.skipBlanks()) return false;
     if (lexer.atEnd()) return true;
     Token token;
     if (!lexer.next(token)) return false;
-    tokens.push_back(token);
+    if (!take(token)) return true;
   }
+}
+
+}  // namespace
+
+bool lexSql(std::string_view sql, std::vector<Token>& tokens) {
+  tokens.clear();
+  return readTokens(sql, [&tokens](const Token& token) {
+    tokens.push_back(token);
+    return true;
+  });
+}
+
+bool lexSql(std::string_view sql, const std::function<bool(const Token&)>& take) {
+  return readTokens(sql, take);
 }
 
 bool isBlankSql(std::string_view rest) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct Token {
 /// Cuts the text into tokens. False for a quote or comment that does not end and for anything that
 /// is not surely understood; nothing may then be concluded from the tokens.
 bool lexSql(std::string_view sql, std::vector<Token>& tokens);
+
+/// The same token by token, until `take` has had enough and answers false.
+bool lexSql(std::string_view sql, const std::function<bool(const Token&)>& take);
 
 /// True when only blanks, comments and semicolons are left.
 bool isBlankSql(std::string_view rest);

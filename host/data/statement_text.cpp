@@ -34,15 +34,22 @@ constexpr std::string_view kWordsBeforeValues[] = {"LIKE", "BETWEEN", "AND"};
 // Beyond it a list of values is longer than is worth a statement of its own.
 constexpr std::size_t kMostLiterals = 200;
 
+/// Most words differ in their length or first letter already.
+bool isWordOf(std::string_view entry, std::string_view word) {
+  constexpr int kLetterCase = 0x20;
+  return entry.size() == word.size() && ((entry[0] ^ word[0]) & ~kLetterCase) == 0 &&
+         equalNoCase(entry, word);
+}
+
 template <class List>
 bool isOneOf(std::string_view word, const List& list) {
   return std::any_of(std::begin(list), std::end(list),
-                     [word](std::string_view entry) { return equalNoCase(entry, word); });
+                     [word](std::string_view entry) { return isWordOf(entry, word); });
 }
 
 /// The names of this system's tables, views and indexes begin alike.
 bool isOwnTable(std::string_view word) {
-  return word.size() > 4 && equalNoCase(word.substr(0, 3), "KT7");
+  return word.size() > 4 && isWordOf("KT7", word.substr(0, 3));
 }
 
 std::string withoutQuotes(std::string_view quoted) {
@@ -72,6 +79,7 @@ class StatementRewriter {
       return token.kind == TokenKind::Parameter;
     });
     lifts_ = dialect_.liftsLiterals && isOneOf(word(0), kStatements) && !withParameters;
+    knowsRegions_ = lifts_ || dialect_.wholeYears || dialect_.yearsByText;
     levels_.emplace_back().open = lifts_;
     for (std::size_t i = 0; i < tokens_.size(); ++i) visit(i);
     while (!levels_.empty()) closeLevel(tokens_.size());
@@ -96,25 +104,41 @@ class StatementRewriter {
     return i < tokens_.size() && tokens_[i].kind == TokenKind::Symbol && word(i) == symbol;
   }
   bool isWord(std::size_t i, std::string_view text) const {
-    return i < tokens_.size() && tokens_[i].kind == TokenKind::Word && equalNoCase(word(i), text);
+    return i < tokens_.size() && tokens_[i].kind == TokenKind::Word && isWordOf(text, word(i));
   }
 
   void visit(std::size_t i) {
-    if (tokens_[i].kind == TokenKind::Word) {
-      visitWord(i);
-    } else if (isSymbol(i, "(")) {
-      openLevel(i);
-    } else if (isSymbol(i, ")") && levels_.size() > 1) {
-      closeLevel(i);
-    } else if (tokens_[i].kind == TokenKind::Text && mayLift(i)) {
-      out_.literals_.push_back(withoutQuotes(word(i)));
-      edits_.push_back({tokens_[i].begin, tokens_[i].length, placeholder()});
-    } else if (tokens_[i].kind == TokenKind::Parameter && word(i) == "?") {
-      ++out_.parameters_;
-      if (!dialect_.numberedPlaceholders) return;
-      edits_.push_back(
-          {tokens_[i].begin, tokens_[i].length, "$" + std::to_string(out_.parameters_)});
+    switch (tokens_[i].kind) {
+      case TokenKind::Word:
+        visitWord(i);
+        break;
+      case TokenKind::Symbol:
+        visitSymbol(i);
+        break;
+      case TokenKind::Text:
+        if (!mayLift(i)) break;
+        out_.literals_.push_back(withoutQuotes(word(i)));
+        edits_.push_back({tokens_[i].begin, tokens_[i].length, placeholder()});
+        break;
+      case TokenKind::Parameter:
+        visitParameter(i);
+        break;
+      default:
+        break;
     }
+  }
+
+  void visitSymbol(std::size_t i) {
+    const char symbol = sql_[tokens_[i].begin];
+    if (symbol == '(') openLevel(i);
+    if (symbol == ')' && levels_.size() > 1) closeLevel(i);
+  }
+
+  void visitParameter(std::size_t i) {
+    if (word(i) != "?") return;
+    ++out_.parameters_;
+    if (!dialect_.numberedPlaceholders) return;
+    edits_.push_back({tokens_[i].begin, tokens_[i].length, "$" + std::to_string(out_.parameters_)});
   }
 
   std::string placeholder() const {
@@ -126,8 +150,12 @@ class StatementRewriter {
       edits_.push_back({tokens_[i].begin, tokens_[i].length, lowerCase(word(i))});
       return;
     }
+    if (!knowsRegions_) {
+      if (dialect_.limitForTop && isWordOf("SELECT", word(i))) readTop(i);
+      return;
+    }
     for (const Keyword& keyword : kRegionWords) {
-      if (!equalNoCase(keyword.word, word(i))) continue;
+      if (!isWordOf(keyword.word, word(i))) continue;
       levels_.back().region = keyword.region;
       if (dialect_.limitForTop && keyword.region == Region::SelectList) readTop(i);
       return;
@@ -229,6 +257,7 @@ class StatementRewriter {
   StatementText& out_;
   const std::vector<Token>& tokens_;
   bool lifts_ = false;
+  bool knowsRegions_ = false;  // else only where a SELECT begins is of interest
   std::vector<Level> levels_;
   std::vector<Edit> edits_;
 };
@@ -280,7 +309,7 @@ void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool l
   }
   onlyChanges_ = isOneOf(first, kStatements) && !equalNoCase(first, "SELECT") &&
                  std::none_of(tokens_.begin(), tokens_.end(), [sql](const Token& token) {
-                   return equalNoCase(sql.substr(token.begin, token.length), "RETURNING");
+                   return isWordOf("RETURNING", sql.substr(token.begin, token.length));
                  });
   StatementRewriter(sql, dialect, *this).run();
   if (literals_.size() > kMostLiterals) {
@@ -291,18 +320,22 @@ void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool l
 }
 
 std::string tableOfSelect(std::string_view sql) {
-  std::vector<Token> tokens;
-  lexSql(sql, tokens);  // where it does not lex to its end, the FROM stands before that place
+  std::string table;
   int depth = 0;
-  for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
-    const std::string_view word = sql.substr(tokens[i].begin, tokens[i].length);
+  bool afterFrom = false;
+  // Where it does not lex to its end, the FROM stands before that place.
+  lexSql(sql, [&](const Token& token) {
+    const std::string_view word = sql.substr(token.begin, token.length);
+    if (afterFrom) {
+      if (token.kind == TokenKind::Word) table = word;
+      return false;
+    }
     if (word == "(") ++depth;
     if (word == ")") --depth;
-    if (depth != 0 || tokens[i].kind != TokenKind::Word || !equalNoCase(word, "FROM")) continue;
-    if (tokens[i + 1].kind != TokenKind::Word) return {};
-    return std::string(sql.substr(tokens[i + 1].begin, tokens[i + 1].length));
-  }
-  return {};
+    afterFrom = depth == 0 && token.kind == TokenKind::Word && isWordOf("FROM", word);
+    return true;
+  });
+  return table;
 }
 
 }  // namespace kt7::data

@@ -47,8 +47,14 @@ ColumnKind kindOf(const MYSQL_FIELD& field) {
   }
 }
 
-bool isDecimal(const MYSQL_FIELD& field) {
-  return field.type == MYSQL_TYPE_DECIMAL || field.type == MYSQL_TYPE_NEWDECIMAL;
+/// Cheap, and different for most results.
+std::size_t digestOf(std::span<const MYSQL_FIELD> fields) {
+  constexpr std::size_t kPrime = 31;
+  std::size_t digest = fields.size();
+  for (const MYSQL_FIELD& field : fields) {
+    digest = (digest * kPrime + field.name_length) * kPrime + field.type;
+  }
+  return digest;
 }
 
 /// The connection is not fit for use: everything that the client library itself reports, and what
@@ -79,7 +85,7 @@ using Result = std::unique_ptr<MYSQL_RES, FreeResult>;
 }  // namespace
 
 MysqlSession::MysqlSession(MysqlHandle connection, int syncWait)
-    : connection_(std::move(connection)), syncWait_(syncWait), shapes_(kKeptShapes) {}
+    : connection_(std::move(connection)), syncWait_(syncWait) {}
 
 void MysqlSession::fail(const std::string& sql) {
   MYSQL* const handle = connection_.get();
@@ -188,8 +194,8 @@ void MysqlSession::readRow(MYSQL_RES& result, MYSQL_ROW row, const Shape& shape,
   for (std::size_t i = 0; i < count; ++i, ++cell) {
     if (row[i] == nullptr) continue;
     const std::string_view text(row[i], lengths[i]);
-    if (shape.decimals[i] >= 0) {
-      setDecimal(*cell, text, shape.decimals[i]);
+    if (shape.isDecimal(i)) {
+      setDecimal(*cell, text, static_cast<int>(shape.decimals[i]));
       continue;
     }
     switch ((*shape.columns)[i].kind) {
@@ -210,24 +216,42 @@ void MysqlSession::readRow(MYSQL_RES& result, MYSQL_ROW row, const Shape& shape,
   }
 }
 
+bool MysqlSession::Shape::isDecimal(std::size_t column) const {
+  return types[column] == MYSQL_TYPE_DECIMAL || types[column] == MYSQL_TYPE_NEWDECIMAL;
+}
+
+bool MysqlSession::Shape::fits(std::span<const MYSQL_FIELD> fields) const {
+  if (fields.size() != types.size()) return false;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const MYSQL_FIELD& field = fields[i];
+    if (field.type != types[i] || field.decimals != decimals[i] ||
+        std::string_view(field.name, field.name_length) != (*columns)[i].name) {
+      return false;
+    }
+  }
+  return true;
+}
+
 const MysqlSession::Shape& MysqlSession::shapeOf(MYSQL_RES& result) {
-  const unsigned count = mysql_num_fields(&result);
-  const MYSQL_FIELD* const fields = mysql_fetch_fields(&result);
-  shapeKey_.clear();
-  for (unsigned i = 0; i < count; ++i) {
-    shapeKey_.append(fields[i].name, fields[i].name_length);
-    shapeKey_ += static_cast<char>(fields[i].type);
-    shapeKey_ += static_cast<char>(fields[i].decimals);
+  const std::span<const MYSQL_FIELD> fields(mysql_fetch_fields(&result), mysql_num_fields(&result));
+  const std::size_t digest = digestOf(fields);
+  for (std::size_t i = 0; i < shapes_.size(); ++i) {
+    if (shapes_[i]->digest != digest || !shapes_[i]->fits(fields)) continue;
+    if (i == 0) return *shapes_[0];
+    std::swap(shapes_[i - 1], shapes_[i]);
+    return *shapes_[i - 1];
   }
-  if (const Shape* const kept = shapes_.find(shapeKey_)) return *kept;
-  Shape shape;
+  auto shape = std::make_unique<Shape>();
+  shape->digest = digest;
   std::vector<Column> columns;
-  for (unsigned i = 0; i < count; ++i) {
-    columns.push_back({std::string(fields[i].name, fields[i].name_length), kindOf(fields[i])});
-    shape.decimals.push_back(isDecimal(fields[i]) ? static_cast<int>(fields[i].decimals) : -1);
+  for (const MYSQL_FIELD& field : fields) {
+    columns.push_back({std::string(field.name, field.name_length), kindOf(field)});
+    shape->types.push_back(field.type);
+    shape->decimals.push_back(field.decimals);
   }
-  shape.columns = std::make_shared<const ResultShape>(std::move(columns));
-  return shapes_.keep(shapeKey_, std::move(shape));
+  shape->columns = std::make_shared<const ResultShape>(std::move(columns));
+  if (shapes_.size() == kKeptShapes) shapes_.pop_back();
+  return *shapes_.emplace_back(std::move(shape));
 }
 
 Value MysqlSession::askOne(const std::string& sql, std::span<const std::string> parameters) {

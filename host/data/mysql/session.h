@@ -3,9 +3,9 @@
 #include <mariadb/mysql.h>
 
 #include <map>
+#include <vector>
 
 #include "host/data/fixed_texts.h"
-#include "host/data/lru_cache.h"
 #include "host/data/session.h"
 #include "host/data/statement_text.h"
 
@@ -41,8 +41,13 @@ class MysqlSession final : public Session {
 
  private:
   struct Shape {
+    std::size_t digest = 0;
     std::shared_ptr<const ResultShape> columns;
-    std::vector<int> decimals;
+    std::vector<enum_field_types> types;
+    std::vector<unsigned> decimals;
+    /// Whether a result with those fields has it.
+    bool fits(std::span<const MYSQL_FIELD> fields) const;
+    bool isDecimal(std::size_t column) const;
   };
 
   unsigned serverStatus() const;
@@ -69,8 +74,7 @@ class MysqlSession final : public Session {
   std::string firstCause_;  // of a transaction that the server rolled back
   StatementText text_;
   FixedTexts fixed_;
-  std::string shapeKey_;
-  LruCache<Shape> shapes_;
+  std::vector<std::unique_ptr<const Shape>> shapes_;  // of results that were read, often used first
   std::map<std::string, std::string> primaryKeys_;
 };
 
