@@ -11,6 +11,7 @@ constexpr std::string_view kSingleSymbols = "()+-*/%,;.=<>&|~:[]";
 constexpr std::string_view kDoubleSymbols[] = {
     "<=", ">=", "<>", "!=", "==", "||", "<<", ">>", "::"};
 
+bool isBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool startsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
@@ -25,9 +26,14 @@ class Lexer {
   /// Past blanks and comments; false for a comment that does not end.
   bool skipBlanks() {
     for (;;) {
-      while (at_ < sql_.size() && kBlanks.find(sql_[at_]) != std::string_view::npos) ++at_;
+      while (at_ < sql_.size() && isBlank(sql_[at_])) ++at_;
       if (sql_.substr(at_, 2) == "--") {
-        at_ = std::min(sql_.find('\n', at_), sql_.size());
+        const std::size_t end = std::min(sql_.find('\n', at_), sql_.size());
+        // Without a blank behind it some engines take it for two signs: a statement may follow.
+        const bool surely = at_ + 2 >= end || isBlank(sql_[at_ + 2]);
+        if (!surely && sql_.substr(at_, end - at_).find(';') != std::string_view::npos)
+          return false;
+        at_ = end;
       } else if (sql_.substr(at_, 2) == "/*") {
         const std::size_t close = sql_.find("*/", at_ + 2);
         if (close == std::string_view::npos) return false;

@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/data/statement_kind.h"
 
 namespace kt7::data {
 
@@ -263,13 +264,14 @@ void StatementText::readOne(const std::string& sql, const Dialect& dialect) {
     tokens_.erase(end, tokens_.end());
   }
   rewrite(statement, dialect, lexes);
+  answersNoRows_ = surelyWithoutRows(statement, tokens_, lexes);
+  commitsFirst_ = dialect.definitionsCommit && commitsInMysql(statement, tokens_);
 }
 
 void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool lexes) {
   text_.clear();
   literals_.clear();
   parameters_ = 0;
-  onlyChanges_ = false;
   const std::string_view first = lexes && !tokens_.empty()
                                      ? sql.substr(tokens_[0].begin, tokens_[0].length)
                                      : std::string_view{};
@@ -278,10 +280,6 @@ void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool l
     text_ = sql;
     return;
   }
-  onlyChanges_ = isOneOf(first, kStatements) && !equalNoCase(first, "SELECT") &&
-                 std::none_of(tokens_.begin(), tokens_.end(), [sql](const Token& token) {
-                   return equalNoCase(sql.substr(token.begin, token.length), "RETURNING");
-                 });
   StatementRewriter(sql, dialect, *this).run();
   if (literals_.size() > kMostLiterals) {
     Dialect unlifted = dialect;
