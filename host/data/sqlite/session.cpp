@@ -123,7 +123,7 @@ std::string SqliteSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  const std::string name =
+  std::string name =
       askOne("SELECT MAX(name) FROM pragma_table_info(?) WHERE pk > 0 HAVING COUNT(*) = 1",
              {&folded, 1})
           .joinedText();
