@@ -206,6 +206,7 @@ TEST_F(Rpc, KeepsProfilesByNumberUntilTheyAreFreed) {
       {request("EmployeeObject.new", "{}"), "3"},
   };
   std::vector<std::string> lines;
+  lines.reserve(steps.size());
   for (const Step& step : steps) lines.push_back(step.line);
   std::vector<Json> answers = rpc(lines);
   ASSERT_EQ(answers.size(), steps.size());
