@@ -41,6 +41,11 @@ Connection& ownConnection(ado::Connection& connection) {
 
 std::unique_ptr<ado::Connection> createConnection() { return std::make_unique<Connection>(); }
 
+bool isLost(ado::Connection& connection) {
+  Session& session = ownConnection(connection).lease()->session();
+  return session.lost() || !session.usable();
+}
+
 void catchUp(ado::Connection& connection) {
   ownConnection(connection).lease()->session().catchUp();
 }

@@ -19,6 +19,10 @@ std::unique_ptr<ado::Recordset> createRecordset();
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters);
 
+/// True where the connection was lost, does not answer, or was told by a text what the next user
+/// must not meet; a database error on a connection that was not made here.
+bool isLost(ado::Connection& connection);
+
 /// Waits until the connection sees what was committed on any node of a cluster before.
 void catchUp(ado::Connection& connection);
 

@@ -19,19 +19,6 @@
 
 namespace kt7::data {
 
-void raiseConnectionLost(const std::string& text, const std::string& sql, std::int32_t nativeCode,
-                         bool outcomeUnknown) {
-  if (!outcomeUnknown) {
-    raiseConnectionFailed("the connection to the database was lost: " + text,
-                          {sql, nativeCode, "08006"});
-  }
-  raiseConnectionFailed(
-      "the connection to the database was lost and it is not known whether the work was kept; "
-      "look before repeating it: " +
-          text,
-      {sql, nativeCode, std::string(kOutcomeUnknown)});
-}
-
 namespace {
 
 // A driver whose client library was missing at build time has no functions.

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <mutex>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace kt7::data {
@@ -144,14 +145,19 @@ void dropIdleSessions(std::string_view connectionString) {
 }
 
 void dropUnusableSessions() {
-  std::vector<PoolBucket::Idle> dropped;
+  std::vector<std::pair<PoolBucket*, PoolBucket::Idle>> taken;
+  {
+    const std::lock_guard lock(pool().mutex);
+    for (auto& [key, bucket] : pool().buckets) {
+      for (PoolBucket::Idle& idle : bucket.idle) taken.emplace_back(&bucket, std::move(idle));
+      bucket.idle.clear();
+    }
+  }
+  // A server may take its time to answer: nobody else waits for that.
+  std::erase_if(taken, [](const auto& one) { return !one.second.session->usable(); });
   const std::lock_guard lock(pool().mutex);
-  for (auto& [key, bucket] : pool().buckets) {
-    std::erase_if(bucket.idle, [&dropped](PoolBucket::Idle& idle) {
-      if (idle.session->usable()) return false;
-      dropped.push_back(std::move(idle));
-      return true;
-    });
+  for (auto& [bucket, idle] : taken) {
+    if (bucket->idle.size() < kIdleSessions) bucket->idle.push_back(std::move(idle));
   }
 }
 

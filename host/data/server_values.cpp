@@ -18,21 +18,22 @@ std::string shortest(double number) {
   return {std::begin(buffer), result.ptr};
 }
 
-[[noreturn]] void raiseNoNumber(std::string_view text) {
-  raiseStatementFailed("the database answered '" + std::string(text) + "' for a number");
-}
-
 template <typename Number>
 Number parsed(std::string_view text) {
   Number number{};
   const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size()) {
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size() ||
+      !std::isfinite(static_cast<double>(number))) {
     raiseNoNumber(text);
   }
   return number;
 }
 
 }  // namespace
+
+void raiseNoNumber(std::string_view text) {
+  raiseStatementFailed("the database answered '" + std::string(text) + "' for a number");
+}
 
 void requireParameters(const std::string& sql, std::size_t wanted, std::size_t given) {
   if (wanted == given) return;
@@ -166,7 +167,7 @@ bool setNumber(Cell& cell, std::string_view text) {
   }
   double number = 0;
   const auto read = std::from_chars(text.data(), end, number);
-  if (read.ec != std::errc() || read.ptr != end) return false;
+  if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return false;
   cell.storage = Cell::Storage::Real;
   cell.real = number;
   return true;

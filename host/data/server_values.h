@@ -31,6 +31,7 @@ void appendLiteral(std::string& sql, const Stored& value);
 /// decimals, money up to four, else a double. Where `decimals` is below zero the text tells.
 void setDecimal(Cell& cell, std::string_view text, int decimals);
 ColumnKind decimalKind(int decimals);
+[[noreturn]] void raiseNoNumber(std::string_view text);
 void setInteger(Cell& cell, std::string_view text);
 void setReal(Cell& cell, std::string_view text);
 /// A whole number or a double; false for a text that is neither.

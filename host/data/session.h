@@ -47,19 +47,11 @@ class Session {
 
   /// How long an idle session is taken as it is; after that `usable` is asked first.
   virtual std::chrono::seconds trustedIdleness() const { return std::chrono::seconds(30); }
-  /// False when the connection should be dropped.
+  /// False when the connection should be dropped; it counts as lost then.
   virtual bool usable() = 0;
   /// True once the connection was lost: it is not used again.
   virtual bool lost() const { return false; }
 };
-
-/// The SQLSTATE of an error after which nobody knows whether the work took effect: the connection
-/// was lost while the engine was at it. Whatever repeats the work has to look first.
-inline constexpr std::string_view kOutcomeUnknown = "08007";
-
-/// A connection error for a connection that was lost while `sql` ran.
-[[noreturn]] void raiseConnectionLost(const std::string& text, const std::string& sql,
-                                      std::int32_t nativeCode, bool outcomeUnknown);
 
 /// A connection with that user and password, which stand for those in the connection string where
 /// they are not empty. A connection error when the engine refuses or is not built in.

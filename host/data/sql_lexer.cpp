@@ -28,7 +28,12 @@ class Lexer {
     for (;;) {
       while (isBlank(look(0))) ++at_;
       if (look(0) == '-' && look(1) == '-') {
-        at_ = std::min(sql_.find('\n', at_), sql_.size());
+        const std::size_t end = std::min(sql_.find('\n', at_), sql_.size());
+        // Without a blank behind it some engines take it for two signs: a statement may follow.
+        const bool surely = at_ + 2 >= end || isBlank(sql_[at_ + 2]);
+        if (!surely && sql_.substr(at_, end - at_).find(';') != std::string_view::npos)
+          return false;
+        at_ = end;
       } else if (look(0) == '/' && look(1) == '*') {
         const std::size_t close = sql_.find("*/", at_ + 2);
         if (close == std::string_view::npos) return false;

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
+
 namespace kt7::data {
 
 enum class TokenKind : std::uint8_t { Word, Number, Text, Name, Blob, Parameter, Symbol };
@@ -17,6 +19,14 @@ struct Token {
   std::size_t length = 0;
   std::size_t end() const { return begin + length; }
 };
+
+/// Whether `word` is that keyword, whatever the letter case. Most differ in their length or first
+/// letter already.
+inline bool isWordOf(std::string_view keyword, std::string_view word) {
+  constexpr int kLetterCase = 0x20;
+  return keyword.size() == word.size() && ((keyword[0] ^ word[0]) & ~kLetterCase) == 0 &&
+         equalNoCase(keyword, word);
+}
 
 /// Cuts the text into tokens. False for a quote or comment that does not end and for anything that
 /// is not surely understood; nothing may then be concluded from the tokens.

@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/data/statement_kind.h"
 
 namespace kt7::data {
 
@@ -33,13 +34,6 @@ constexpr std::string_view kWordsBeforeValues[] = {"LIKE", "BETWEEN", "AND"};
 
 // Beyond it a list of values is longer than is worth a statement of its own.
 constexpr std::size_t kMostLiterals = 200;
-
-/// Most words differ in their length or first letter already.
-bool isWordOf(std::string_view entry, std::string_view word) {
-  constexpr int kLetterCase = 0x20;
-  return entry.size() == word.size() && ((entry[0] ^ word[0]) & ~kLetterCase) == 0 &&
-         equalNoCase(entry, word);
-}
 
 template <class List>
 bool isOneOf(std::string_view word, const List& list) {
@@ -292,13 +286,14 @@ void StatementText::readOne(const std::string& sql, const Dialect& dialect) {
     tokens_.erase(end, tokens_.end());
   }
   rewrite(statement, dialect, lexes);
+  answersNoRows_ = surelyWithoutRows(statement, tokens_, lexes);
+  commitsFirst_ = dialect.definitionsCommit && commitsInMysql(statement, tokens_);
 }
 
 void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool lexes) {
   text_.clear();
   literals_.clear();
   parameters_ = 0;
-  onlyChanges_ = false;
   const std::string_view first = lexes && !tokens_.empty()
                                      ? sql.substr(tokens_[0].begin, tokens_[0].length)
                                      : std::string_view{};
@@ -307,10 +302,6 @@ void StatementText::rewrite(std::string_view sql, const Dialect& dialect, bool l
     text_ = sql;
     return;
   }
-  onlyChanges_ = isOneOf(first, kStatements) && !equalNoCase(first, "SELECT") &&
-                 std::none_of(tokens_.begin(), tokens_.end(), [sql](const Token& token) {
-                   return isWordOf("RETURNING", sql.substr(token.begin, token.length));
-                 });
   StatementRewriter(sql, dialect, *this).run();
   if (literals_.size() > kMostLiterals) {
     Dialect unlifted = dialect;

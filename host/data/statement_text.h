@@ -17,6 +17,7 @@ struct Dialect {
   bool numberedPlaceholders = false;  // "$1" in the place of "?"
   bool foldsTableNames = false;       // KT7T... and KT7V... become lower case
   bool runsSeveral = false;           // the engine would run every statement of a text
+  bool definitionsCommit = false;     // CREATE and its kin commit an open transaction
 };
 
 /// A statement as the engine gets it, and the texts to bind. Reused from statement to statement.
@@ -33,8 +34,10 @@ class StatementText {
   const std::vector<std::string>& literals() const { return literals_; }
   /// How many "?" the text came with.
   std::size_t parameters() const { return parameters_; }
-  /// An INSERT, UPDATE or DELETE that answers no rows.
-  bool onlyChanges() const { return onlyChanges_; }
+  /// Of a text read by `readOne`: surely, whatever the engine would say.
+  bool answersNoRows() const { return answersNoRows_; }
+  /// Of a text read by `readOne`: the engine would commit an open transaction first.
+  bool commitsFirst() const { return commitsFirst_; }
 
  private:
   friend class StatementRewriter;
@@ -43,7 +46,8 @@ class StatementText {
   std::vector<std::string> literals_;
   std::vector<Token> tokens_;
   std::size_t parameters_ = 0;
-  bool onlyChanges_ = false;
+  bool answersNoRows_ = false;
+  bool commitsFirst_ = false;
 };
 
 /// The table after the first FROM; "" when it is not a plain name.

@@ -60,13 +60,12 @@ void HostDataObj::closeDownTo(int opens) {
 }
 
 void HostDataObj::reset(int opens) {
-  if (inTransaction_) {
-    try {
-      RollbackTransaction();
-    } catch (const Error&) {
-      // A connection that cannot roll back is not fit for use: drop it and take another.
-      closeDownTo(0);
-    }
+  try {
+    if (inTransaction_) RollbackTransaction();
+    if (opens_ > 0 && data::isLost(*connection_)) closeDownTo(0);
+  } catch (const Error&) {
+    // A connection that cannot roll back is not fit for use: drop it and take another.
+    closeDownTo(0);
   }
   closeDownTo(opens);
   while (opens_ < opens) OpenConnection();

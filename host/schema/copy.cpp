@@ -49,7 +49,7 @@ void makeTarget(ado::Connection& target, Engine engine) {
     raiseStatementFailed("the target holds a company already; a copy goes into an empty database");
   }
   requireUnicode(target, engine);
-  Transaction transaction(target);
+  MakingTransaction transaction(target, engine);
   if (state.kind == SchemaState::Kind::Absent) {
     target.Execute(
         fittedToServer(createTableText(*findTable("KT7TSchema"), engine), target, engine));

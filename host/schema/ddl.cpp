@@ -56,6 +56,8 @@ Engine engineOf(std::string_view databaseType) {
   return Engine::Generic;
 }
 
+bool keepsEveryStep(Engine engine) { return engine == Engine::MySQL; }
+
 std::string storedName(std::string_view name, Engine engine) {
   return engine == Engine::MySQL ? lowerCase(name) : std::string(name);
 }

@@ -14,6 +14,10 @@ enum class Engine { SQLite, MySQL, PostgreSQL, Generic };
 /// The engine of a database type ("SQLITE", "MYSQL", "POSTGRESQL"); Generic for any other.
 Engine engineOf(std::string_view databaseType);
 
+/// True where a statement that makes or drops something commits by itself; the driver refuses it
+/// inside a transaction.
+bool keepsEveryStep(Engine engine);
+
 /// The declared type of a column: what CREATE TABLE says after its name.
 std::string columnTypeText(const Column& column, Engine engine);
 std::string createTableText(const Table& table, Engine engine);

@@ -33,7 +33,7 @@ class TakenBack {
   TakenBack(const TakenBack&) = delete;
   TakenBack& operator=(const TakenBack&) = delete;
   ~TakenBack() {
-    if (kept_ || engine_ != Engine::MySQL) return;
+    if (kept_ || !keepsEveryStep(engine_)) return;
     try {
       dropEverything(connection_, engine_);
     } catch (const Error&) {
@@ -76,11 +76,10 @@ void createSchema(ado::Connection& connection, Engine engine, Content content) {
   requireUnicode(connection, engine);
   TakenBack takenBack(connection, engine);
   const std::vector<std::string> texts = creationTexts(connection, engine);
-  Transaction transaction(connection);
+  MakingTransaction transaction(connection, engine);
   for (const std::string& statement : texts) connection.Execute(statement);
   requireByteOrder(connection, engine);
-  // The engine that commits with every statement has left its transaction by now.
-  if (engine == Engine::MySQL) transaction.beginAgain();
+  transaction.writeRows();
   if (content == Content::Sample) loadSampleTR(connection);
   writeSchemaVersion(connection, kSchemaVersion);
   transaction.commit();

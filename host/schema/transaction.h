@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
+
 #include "base/error.h"
 #include "collab/ado.h"
+#include "host/schema/ddl.h"
 
 namespace kt7::schema {
 
@@ -21,11 +24,6 @@ class Transaction {
       // The error that brought us here is the one to tell.
     }
   }
-  /// Where statements of another kind have ended it: commits what there is and begins anew.
-  void beginAgain() {
-    connection_.CommitTrans();
-    connection_.BeginTrans();
-  }
   void commit() {
     connection_.CommitTrans();
     committed_ = true;
@@ -34,6 +32,26 @@ class Transaction {
  private:
   ado::Connection& connection_;
   bool committed_ = false;
+};
+
+/// The same for making tables and then writing rows. Where every statement that makes something
+/// commits by itself there is no transaction before the rows.
+class MakingTransaction {
+ public:
+  MakingTransaction(ado::Connection& connection, Engine engine) : connection_(connection) {
+    if (!keepsEveryStep(engine)) transaction_.emplace(connection);
+  }
+  /// From here on rows are written and nothing is made.
+  void writeRows() {
+    if (!transaction_) transaction_.emplace(connection_);
+  }
+  void commit() {
+    if (transaction_) transaction_->commit();
+  }
+
+ private:
+  ado::Connection& connection_;
+  std::optional<Transaction> transaction_;
 };
 
 }  // namespace kt7::schema

@@ -78,9 +78,9 @@ int versionOf(const Table& table, std::size_t index) {
 }
 
 void upgradeSchema(ado::Connection& connection, Engine engine, int from) {
-  // One engine commits with every statement that makes something: what is there is passed over.
+  // Where an upgrade was broken off, what is there already is passed over.
   const Catalogue catalogue = readCatalogue(connection, engine);
-  Transaction transaction(connection);
+  MakingTransaction transaction(connection, engine);
   for (const std::string& function : createFunctionTexts(engine)) connection.Execute(function);
   for (const Addition& addition : kAdditions) {
     if (addition.version > from) add(addition, connection, engine, catalogue);

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -27,6 +26,7 @@ inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = 
   unsetenv("KT7HR_DB");
   words.insert(words.begin(), "kt7hr");
   std::vector<const char*> argv;
+  argv.reserve(words.size());
   for (const std::string& word : words) argv.push_back(word.c_str());
   std::istringstream in(input);
   std::ostringstream out, err;

@@ -1,5 +1,7 @@
+#include "base/error.h"
 #include "command_fixture.h"
 #include "fronts/cli/commands/operation_calls.h"
+#include "fronts/cli/commands/session.h"
 #include "interface/operations.h"
 
 namespace kt7::cli {
@@ -60,6 +62,26 @@ TEST_F(Rpc, AnswersMessagesAsTheProtocolSays) {
     }
     EXPECT_EQ(answer, Json::parse(each.answer)) << each.line;
   }
+}
+
+TEST_F(Rpc, TheCallAfterALostConnectionIsAnswered) {
+  if (test::engine().files) GTEST_SKIP() << "no connection to lose";
+  Session session(SessionOptions{.connectionString = database()});
+  const auto rate = [&] {
+    return session.call("GetActiveRateTR",
+                        {{"EmployeeCode", "E0001"}, {"TotalAmass", 1}, {"isActiveType", 1}});
+  };
+  const Json before = rate();
+  database_->endConnections();
+  EXPECT_THROW(rate(), Error);
+  EXPECT_EQ(rate(), before);
+  EXPECT_NO_THROW(session.call("DataObj.BeginTransaction", Json::object()));
+  database_->endConnections();
+  // The caller's own transaction is lost: that is said until the caller rolls back.
+  EXPECT_THROW(rate(), Error);
+  EXPECT_THROW(rate(), Error);
+  EXPECT_THROW(session.call("DataObj.RollbackTransaction", Json::object()), Error);
+  EXPECT_EQ(rate(), before);
 }
 
 TEST_F(Rpc, EveryOperationAsksForItsParametersByName) {
@@ -184,6 +206,7 @@ TEST_F(Rpc, KeepsProfilesByNumberUntilTheyAreFreed) {
       {request("EmployeeObject.new", "{}"), "3"},
   };
   std::vector<std::string> lines;
+  lines.reserve(steps.size());
   for (const Step& step : steps) lines.push_back(step.line);
   std::vector<Json> answers = rpc(lines);
   ASSERT_EQ(answers.size(), steps.size());

@@ -152,6 +152,46 @@ TEST(StatementTextTest, ReadsYearsWithoutAFunctionOfOurs) {
   expectTexts(cases, {.yearsByText = true});
 }
 
+TEST(StatementTextTest, KnowsWhatAnswersNoRowsAndWhatCommits) {
+  struct Case {
+    const char* sql;
+    bool noRows;
+    bool commits;
+  };
+  const Case cases[] = {
+      {"SELECT a FROM t WHERE b IN (SELECT 1)", false, false},
+      {"SELECT a INTO u FROM t", true, false},
+      {"(SELECT 1)", false, false},
+      {"INSERT INTO t VALUES(1)", true, false},
+      {"INSERT INTO t VALUES(1) RETURNING a", false, false},
+      {"WITH w AS (SELECT a FROM u) UPDATE t SET a=1", true, false},
+      {"WITH w AS (DELETE FROM u RETURNING a) DELETE FROM t", true, false},
+      {"WITH w AS (DELETE FROM u RETURNING a) SELECT a FROM w", false, false},
+      {"WITH w AS (SELECT 1) DELETE FROM t RETURNING a", false, false},
+      {" -- first\n drop TABLE t", true, true},
+      {"CREATE TABLE t(a TEXT DEFAULT E'x')", true, true},  // does not lex to its end
+      {"CREATE OR REPLACE TEMPORARY TABLE t(a TEXT)", true, false},
+      {"CREATE TABLE temporary(a TEXT)", true, true},
+      {"DROP TEMPORARY TABLE t", true, false},
+      {"TRUNCATE t", true, true},
+      {"SET names=1", true, false},
+      {"SET SESSION autocommit=1", true, true},
+      {"ANALYZE TABLE t", false, true},
+      {"ANALYZE SELECT 1", false, false},
+      {"CALL p()", false, false},
+      {"EXPLAIN DELETE FROM t", false, false},
+      {"COMMIT", true, false},
+  };
+  StatementText statement;
+  for (const Case& c : cases) {
+    statement.readOne(c.sql, {.definitionsCommit = true});
+    EXPECT_EQ(statement.answersNoRows(), c.noRows) << c.sql;
+    EXPECT_EQ(statement.commitsFirst(), c.commits) << c.sql;
+    statement.readOne(c.sql, {});
+    EXPECT_FALSE(statement.commitsFirst()) << c.sql;
+  }
+}
+
 TEST(StatementTextTest, FindsTheTableOfASelect) {
   EXPECT_EQ(tableOfSelect("SELECT (SELECT 1 FROM u) FROM KT7TBranch WHERE a='FROM x'"),
             "KT7TBranch");

@@ -22,6 +22,8 @@ TEST_F(ValuesTest, AssignedValuesComeBack) {
   const Case cases[] = {
       {"Code", "it's", "'it''s'", "it's"},
       {"Code", "", "''", ""},
+      {"Code", "\\", "'\\'", "\\"},
+      {"Code", "\\'? {fn x} ;-- %s $1", "'\\''? {fn x} ;-- %s $1'", "\\'? {fn x} ;-- %s $1"},
       {"Code", Value(), "NULL", Value()},
       {"Code", std::int32_t{7}, "'7'", "7"},
       {"Amount", money("60000"), "60000", money("60000")},
@@ -68,8 +70,15 @@ TEST_F(ValuesTest, WhatWouldNotComeBackIsRefused) {
     rows->set("Amount", money("900000000000000.0001"));
     expectStatementError([&] { rows->Update(); }, "900000000000000.0001");
   }
-  rows->set("Amount", std::numeric_limits<double>::quiet_NaN());
-  expectStatementError([&] { rows->Update(); }, "undefined");
+  for (const char* column : {"Amount", "Rate", "Number"}) {
+    for (const double number :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+          -std::numeric_limits<double>::infinity()}) {
+      rows->AddNew();
+      rows->set(column, number);
+      expectStatementError([&] { rows->Update(); }, "undefined");
+    }
+  }
   EXPECT_EQ(text("SELECT COUNT(*) FROM KT7TPay"), "0");
 }
 
@@ -96,6 +105,66 @@ TEST_F(ValuesTest, ExactDecimalsKeepEveryDigit) {
     rows->Update();
     EXPECT_EQ(ask("SELECT Amount FROM KT7TPay"), money(amount)) << amount;
     EXPECT_EQ(ask("SELECT SUM(Amount) FROM KT7TPay"), money(amount)) << amount;
+  }
+}
+
+TEST_F(ValuesTest, OddDecimalsAreReadOrRefused) {
+  if (!engine().exactDecimals) GTEST_SKIP() << "fifteen digits";
+  struct Case {
+    const char* expression;
+    Value read;  // null where it is refused
+  };
+  const Case cases[] = {
+      {"CAST('12.5' AS DECIMAL(5,2))", money("12.5")},
+      {"CAST('-0.1' AS DECIMAL(5,1))", money("-0.1")},
+      {"CAST('7' AS DECIMAL(10,0))", std::int32_t{7}},
+      {"CAST('1.5' AS DECIMAL(30,10))", 1.5},
+      {"CAST('922337203685477.5807' AS DECIMAL(24,4))", money("922337203685477.5807")},
+      {"CAST('922337203685477.5808' AS DECIMAL(24,4))", Value()},
+      {"CAST('99999999999999999999' AS DECIMAL(24,4))", Value()},
+      {"CAST('99999999999999999999' AS DECIMAL(24,0))", Value()},
+  };
+  for (const Case& c : cases) {
+    const std::string sql = std::string("SELECT ") + c.expression;
+    if (c.read.isNull()) {
+      EXPECT_THROW(ask(sql), Error) << sql;
+    } else {
+      EXPECT_EQ(ask(sql), c.read) << sql;
+    }
+  }
+}
+
+TEST_F(ValuesTest, PostgresqlsTypesAreReadAlikeByEveryDriver) {
+  if (engine().kind != "POSTGRESQL") GTEST_SKIP() << "PostgreSQL's own types";
+  struct Case {
+    const char* expression;
+    Value read;
+  };
+  const Case cases[] = {
+      {"true", std::int16_t{1}},
+      {"false", std::int16_t{0}},
+      {"CAST(NULL AS boolean)", Value()},
+      {"1=1", std::int16_t{1}},
+      {"CAST(3 AS smallint)", std::int16_t{3}},
+      {"CAST(3 AS bigint)", std::int32_t{3}},
+      {"CAST(0.5 AS real)", 0.5},
+      {"CAST(0.1 AS double precision)", 0.1},
+      {"CAST('2.5' AS numeric)", money("2.5")},
+      {"CAST('2.50000' AS numeric)", 2.5},
+      {"CAST('2' AS numeric)", std::int32_t{2}},
+      {"CAST('true' AS text)", "true"},
+      {"CAST('t' AS varchar(5))", "t"},
+      {"DATE '2026-01-31'", date("2026-01-31")},
+      {"TIMESTAMP '2026-01-31 10:00:00.25'", date("2026-01-31 10:00:00")},
+  };
+  for (const Case& c : cases) {
+    const std::string sql = std::string("SELECT ") + c.expression + " AS One";
+    EXPECT_EQ(ask(sql), c.read) << sql;
+    EXPECT_EQ(opened(sql)->get("One"), c.read) << sql;
+  }
+  for (const char* odd : {"CAST('NaN' AS numeric)", "CAST('NaN' AS numeric(19,4))",
+                          "CAST('NaN' AS double precision)", "CAST('Infinity' AS real)"}) {
+    expectStatementError([&] { ask(std::string("SELECT ") + odd); }, "for a number");
   }
 }
 

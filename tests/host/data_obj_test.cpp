@@ -100,6 +100,19 @@ TEST_F(DataObjTest, ResetTakesAnotherConnectionWhereRollingBackFails) {
   dataObj_.RollbackTransaction();
 }
 
+TEST_F(DataObjTest, ResetTakesAnotherConnectionWhereItWasLost) {
+  if (test::engine().files) GTEST_SKIP() << "no connection to lose";
+  dataObj_.OpenConnection();
+  for (const bool told : {true, false}) {
+    database_.endConnections();
+    if (told)
+      EXPECT_EQ(errorOf([&] { dataObj_.ExecuteSql(kRename); }), error_number::kConnectionFailed);
+    dataObj_.reset(1);
+    EXPECT_EQ(dataObj_.opens(), 1);
+    EXPECT_NO_THROW(dataObj_.ExecuteSql(kRename));
+  }
+}
+
 TEST_F(DataObjTest, SettingsAndRights) {
   HostSettingStore settings;
   EXPECT_EQ(settings.GetNumberSetting("MoneyExpendses", connectionString_), 50.5);

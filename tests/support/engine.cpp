@@ -127,6 +127,22 @@ std::string TemporaryDatabase::makerString(const std::string& database) const {
   return (on_.files ? "Driver=SQLite" : on_.maker) + ";Database=" + database;
 }
 
+void TemporaryDatabase::endConnections() const {
+  const auto connection = data::createConnection();
+  connection->Open(makerString(name_));
+  const auto rows = data::createRecordset();
+  rows->Open(on_.templates
+                 ? "SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity WHERE datname = "
+                   "current_database() AND pid <> pg_backend_pid()"
+                 : "SELECT id FROM information_schema.processlist WHERE db = DATABASE() AND id <> "
+                   "CONNECTION_ID()",
+             *connection, ado::kStatic, ado::kReadOnly);
+  if (on_.templates) return;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    connection->Execute("KILL " + rows->get("id").joinedText());
+  }
+}
+
 void TemporaryDatabase::make() const { data::createDatabase(makerString(name_)); }
 
 void TemporaryDatabase::make(

@@ -44,6 +44,9 @@ class TemporaryDatabase {
   /// A folder of the test's own, on every engine.
   const std::filesystem::path& folder() const { return folder_; }
 
+  /// Ends every connection to it at the server, as a restart would. Only where there is a server.
+  void endConnections() const;
+
   /// Makes it empty.
   void make() const;
   /// Makes it as what `fill` puts into an empty one. With the same `content` it is filled once a

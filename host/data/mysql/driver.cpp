@@ -1,6 +1,9 @@
 #include "host/data/mysql/driver.h"
 
 #include <mariadb/mysqld_error.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 
 #include <algorithm>
 #include <charconv>
@@ -11,6 +14,7 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/engine_settings.h"
+#include "host/data/keep_alive.h"
 #include "host/data/mysql/session.h"
 
 namespace kt7::data {
@@ -18,11 +22,6 @@ namespace kt7::data {
 namespace {
 
 constexpr unsigned kConnectSeconds = 5;
-
-bool isMariadb(MYSQL* connection) {
-  return std::string_view(mysql_get_server_info(connection)).find("MariaDB") !=
-         std::string_view::npos;
-}
 
 unsigned portIn(std::string_view text) {
   if (text.empty()) return 0;
@@ -60,6 +59,24 @@ void setTls(MYSQL* connection, const ConnectionString& where) {
   mysql_options(connection, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &checked);
 }
 
+/// Only where the system can be told so: elsewhere its own times go. A socket file has none.
+void setKeepAlive(MYSQL* connection, const std::optional<KeepAlive>& wanted) {
+#ifdef TCP_USER_TIMEOUT
+  if (!wanted) return;
+  constexpr int kMilliseconds = 1000;
+  const std::pair<int, int> options[] = {{TCP_KEEPIDLE, wanted->firstQuestion},
+                                         {TCP_KEEPINTVL, wanted->nextQuestion},
+                                         {TCP_KEEPCNT, wanted->questions},
+                                         {TCP_USER_TIMEOUT, wanted->lostAfter * kMilliseconds}};
+  const my_socket socket = mysql_get_socket(connection);
+  const int on = 1;
+  setsockopt(socket, SOL_SOCKET, SO_KEEPALIVE, &on, sizeof on);
+  for (const auto& [option, value] : options) {
+    setsockopt(socket, IPPROTO_TCP, option, &value, sizeof value);
+  }
+#endif
+}
+
 [[noreturn]] void raiseCannotConnect(MYSQL* connection, const std::string& server,
                                      const std::string& database) {
   const auto code = static_cast<std::int32_t>(mysql_errno(connection));
@@ -87,12 +104,15 @@ Server serverIn(const std::string& text, const ConnectionString& where) {
 
 MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
                       const std::string& user, const std::string& password,
-                      const std::string& database) {
+                      const std::string& database, const std::optional<KeepAlive>& keepAlive) {
   MysqlHandle handle(mysql_init(nullptr));
   if (handle == nullptr) throw std::bad_alloc();
   MYSQL* const connection = handle.get();
   mysql_options(connection, MYSQL_OPT_CONNECT_TIMEOUT, &kConnectSeconds);
   mysql_options(connection, MYSQL_SET_CHARSET_NAME, "utf8mb4");
+  // A server could ask for any file of this machine.
+  constexpr unsigned kOff = 0;
+  mysql_options(connection, MYSQL_OPT_LOCAL_INFILE, &kOff);
   setTls(connection, where);
   const std::string socket(where.value("Socket"));
   const Server at = socket.empty() ? serverIn(server, where) : Server{"localhost"};
@@ -100,7 +120,8 @@ MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
                          orNull(database), at.port, orNull(socket), CLIENT_FOUND_ROWS) == nullptr) {
     raiseCannotConnect(connection, socket.empty() ? server : socket, database);
   }
-  const char* const settings = isMariadb(connection) ? kMariadbSettings : kMysqlSettings;
+  setKeepAlive(connection, keepAlive);
+  const char* const settings = settingsOf(isMariadb(mysql_get_server_info(connection)));
   if (mysql_query(connection, settings) != 0) raiseCannotConnect(connection, server, database);
   return handle;
 }
@@ -152,12 +173,13 @@ MysqlHandle connect(const ConnectionString& where, std::string_view user, std::s
   const std::string name = user.empty() ? firstOf(where, "Uid", "User") : std::string(user);
   const std::string secret =
       password.empty() ? firstOf(where, "Pwd", "Password") : std::string(password);
+  const std::optional<KeepAlive> keepAlive = keepAliveIn(where);
   const std::string given(where.value("Server"));
   const std::vector<std::string> servers =
       unreachable().last(split(given.empty() ? "127.0.0.1" : given, ','));
   for (std::size_t i = 0;; ++i) {
     try {
-      MysqlHandle handle = connectTo(servers[i], where, name, secret, database);
+      MysqlHandle handle = connectTo(servers[i], where, name, secret, database, keepAlive);
       if (servers.size() > 1) requireServing(handle.get(), servers[i], database);
       return handle;
     } catch (const Error&) {
@@ -212,7 +234,7 @@ void createMysql(const ConnectionString& where) {
   }
   const MysqlHandle connection = connect(where, {}, {}, {});
   const std::string collation =
-      isMariadb(connection.get()) ? "utf8mb4_nopad_bin" : "utf8mb4_0900_bin";
+      isMariadb(mysql_get_server_info(connection.get())) ? "utf8mb4_nopad_bin" : "utf8mb4_0900_bin";
   const std::string sql = "CREATE DATABASE IF NOT EXISTS " + quotedName(database) +
                           " CHARACTER SET utf8mb4 COLLATE " + collation;
   if (mysql_query(connection.get(), sql.c_str()) == 0) return;

@@ -4,17 +4,20 @@
 #include <mariadb/mysqld_error.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/server_values.h"
+#include "host/data/session_errors.h"
 
 namespace kt7::data {
 
 namespace {
 
 constexpr std::size_t kKeptShapes = 64;
-constexpr Dialect kMysqlDialect{.limitForTop = true, .foldsTableNames = true};
+constexpr Dialect kMysqlDialect{
+    .limitForTop = true, .foldsTableNames = true, .definitionsCommit = true};
 constexpr const char* kBegin = "START TRANSACTION";
 constexpr std::string_view kZeroDate = "0000-00-00";
 
@@ -76,6 +79,11 @@ bool neverRan(unsigned code) {
   return std::find(std::begin(kUnread), std::end(kUnread), code) != std::end(kUnread);
 }
 
+bool endsTransaction(std::string_view text) {
+  const std::string_view words = trimmedBlanks(text);
+  return equalNoCase(words.substr(0, 6), "COMMIT") || equalNoCase(words.substr(0, 8), "ROLLBACK");
+}
+
 /// A result that is read to its end before the next statement, whatever happens.
 struct FreeResult {
   void operator()(MYSQL_RES* result) const { mysql_free_result(result); }
@@ -99,13 +107,7 @@ void MysqlSession::fail(const std::string& sql) {
                         writes_ && !neverRan(code) && (!begun_ || sql == "COMMIT"));
   }
   noteAborted(text);
-  if (code == ER_LOCK_WAIT_TIMEOUT) {
-    raiseStatementFailed(
-        "the rows are locked: another connection, perhaps of this same thread, has a transaction "
-        "open that writes to them; commit or roll back that one first (" +
-            text + ")",
-        cause);
-  }
+  if (code == ER_LOCK_WAIT_TIMEOUT) raiseRowsLocked(text, cause);
   raiseStatementFailed(text, cause);
 }
 
@@ -139,11 +141,7 @@ void MysqlSession::dropResults(const std::string& sql) {
 }
 
 void MysqlSession::run(std::string_view text, const std::string& sql) {
-  if (!firstCause_.empty()) {
-    raiseStatementFailed(
-        "the database rolled the transaction back; the first error was: " + firstCause_,
-        {sql, 0, "25P02"});
-  }
+  if (!firstCause_.empty()) raiseRolledBack(firstCause_, sql);
   send(text, sql);
 }
 
@@ -159,24 +157,47 @@ void MysqlSession::send(std::string_view text, const std::string& sql) {
   }
 }
 
+void MysqlSession::refuseToCommitFirst(const std::string& sql) const {
+  if (text_.commitsFirst() && inTransaction()) raiseCommitsFirst(sql);
+}
+
+/// A procedure may have ended the transaction of its caller.
+void MysqlSession::requireStillOpen(const std::string& sql) const {
+  if (!begun_ || !wasOpen_ || (serverStatus() & SERVER_STATUS_IN_TRANS) != 0) return;
+  if (endsTransaction(text_.text())) return;
+  raiseStatementFailed(
+      "the statement ended the open transaction: what was done before it can no longer be rolled "
+      "back",
+      {sql, 0, {}});
+}
+
 void MysqlSession::execute(const std::string& sql) {
   text_.readOne(sql, kMysqlDialect);
+  refuseToCommitFirst(sql);
   run(text_.text(), sql);
   dropResults(sql);
+  requireStillOpen(sql);
 }
 
 void MysqlSession::query(const std::string& sql, Snapshot& rows) {
   text_.readOne(sql, kMysqlDialect);
-  if (text_.onlyChanges()) raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+  if (text_.answersNoRows()) raiseAnswersNoRows(sql);
+  refuseToCommitFirst(sql);
   run(text_.text(), sql);
   readRows(sql, rows);
+  requireStillOpen(sql);
 }
 
 void MysqlSession::readRows(const std::string& sql, Snapshot& rows) {
+  readFirst(sql, rows);
+  if (nextResult(sql)) dropResults(sql);
+}
+
+void MysqlSession::readFirst(const std::string& sql, Snapshot& rows) {
   const Result result(mysql_use_result(connection_.get()));
   if (result == nullptr) {
     if (mysql_errno(connection_.get()) != 0) fail(sql);
-    raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+    raiseAnswersNoRows(sql);
   }
   const Shape& shape = shapeOf(*result);
   rows.start(shape.columns);
@@ -309,6 +330,7 @@ void MysqlSession::begin() {
   }
   control(kBegin);
   begun_ = true;
+  refused_ = false;
 }
 
 void MysqlSession::commit() {
@@ -318,15 +340,15 @@ void MysqlSession::commit() {
   if (!firstCause_.empty()) {
     const std::string cause = firstCause_;
     rollback();
-    raiseStatementFailed(
-        "the transaction could not be committed and was rolled back; the first error was: " + cause,
-        {"COMMIT", 0, "25P02"});
+    refused_ = true;
+    raiseCannotCommit(cause);
   }
   control("COMMIT");
   begun_ = false;
 }
 
 void MysqlSession::rollback() {
+  if (std::exchange(refused_, false)) return;
   if (!inTransaction()) {
     raiseStatementFailed("no transaction is open on this connection", {"ROLLBACK", 0, {}});
   }
@@ -351,6 +373,9 @@ void MysqlSession::catchUp() {
   setWait(std::to_string(syncWait_));
 }
 
-bool MysqlSession::usable() { return !lost_ && mysql_ping(connection_.get()) == 0; }
+bool MysqlSession::usable() {
+  lost_ = lost_ || mysql_ping(connection_.get()) != 0;
+  return !lost_;
+}
 
 }  // namespace kt7::data

@@ -52,6 +52,8 @@ class MysqlSession final : public Session {
 
   unsigned serverStatus() const;
   void noteAborted(const std::string& cause);
+  void refuseToCommitFirst(const std::string& sql) const;
+  void requireStillOpen(const std::string& sql) const;
   bool nextResult(const std::string& sql);
   void dropResults(const std::string& sql);
   void send(std::string_view text, const std::string& sql);
@@ -59,8 +61,9 @@ class MysqlSession final : public Session {
   /// back.
   void run(std::string_view text, const std::string& sql);
   [[noreturn]] void fail(const std::string& sql);
-  /// The rows of the statement that ran, read to their end.
+  /// The rows of the statement that ran; further results are read and dropped.
   void readRows(const std::string& sql, Snapshot& rows);
+  void readFirst(const std::string& sql, Snapshot& rows);
   void readRow(MYSQL_RES& result, MYSQL_ROW row, const Shape& shape, Snapshot& rows) const;
   const Shape& shapeOf(MYSQL_RES& result);
   void control(const std::string& statement);
@@ -72,6 +75,7 @@ class MysqlSession final : public Session {
   bool writes_ = false;
   bool wasOpen_ = false;    // a transaction at the server, before the statement was sent
   std::string firstCause_;  // of a transaction that the server rolled back
+  bool refused_ = false;    // to commit it: the caller may still roll it back
   StatementText text_;
   FixedTexts fixed_;
   std::vector<std::unique_ptr<const Shape>> shapes_;  // of results that were read, often used first

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/engine_settings.h"
 #include "host/data/server_values.h"
+#include "host/data/session_errors.h"
 
 namespace kt7::data {
 
@@ -117,6 +119,13 @@ OdbcHandle::OdbcHandle(const std::string& connectionString) {
   raiseConnectionFailed("cannot connect by ODBC: " + cause.text, {{}, cause.native, cause.state});
 }
 
+std::string OdbcHandle::info(SQLUSMALLINT what) const {
+  std::array<char, 128> text{};
+  SQLSMALLINT length = 0;
+  SQLGetInfo(connection_, what, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
+  return text.data();
+}
+
 OdbcHandle::~OdbcHandle() {
   if (connected_) SQLDisconnect(connection_);
   SQLFreeHandle(SQL_HANDLE_DBC, connection_);
@@ -125,10 +134,11 @@ OdbcHandle::~OdbcHandle() {
 
 class OdbcSession::Statement {
  public:
-  explicit Statement(const OdbcHandle& connection) {
-    if (!succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection.get(), &handle_))) {
-      const Diagnosis cause = diagnosisOf(SQL_HANDLE_DBC, connection.get());
-      raiseConnectionFailed(cause.text, {{}, cause.native, cause.state});
+  Statement(OdbcSession& session, const std::string& sql) {
+    SQLHDBC const connection = session.connection_->get();
+    if (!succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection, &handle_))) {
+      session.writes_ = false;  // nothing was sent
+      session.fail(SQL_HANDLE_DBC, connection, sql);
     }
     // Braces in a text are not escapes of the driver manager.
     SQLSetStmtAttr(handle_, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
@@ -149,21 +159,20 @@ class OdbcSession::Statement {
 
 OdbcSession::OdbcSession(std::unique_ptr<OdbcHandle> connection)
     : connection_(std::move(connection)), buffer_(kFirstBuffer, '\0') {
-  std::array<char, 128> name{};
-  SQLSMALLINT length = 0;
-  SQLGetInfo(connection_->get(), SQL_DBMS_NAME, name.data(), static_cast<SQLSMALLINT>(name.size()),
-             &length);
-  kind_ = upperCase(name.data());
-  if (kind_ == "MARIADB") kind_ = "MYSQL";
+  const std::string name = connection_->info(SQL_DBMS_NAME);
+  // One driver tells the server by its name, the other by its version.
+  const bool mariadb = isMariadb(name) || isMariadb(connection_->info(SQL_DBMS_VER));
+  kind_ = mariadb ? "MYSQL" : upperCase(name);
   embedded_ = kind_ == "SQLITE";
-  applySettings();
+  applySettings(mariadb);
 }
 
-void OdbcSession::applySettings() {
+void OdbcSession::applySettings(bool mariadb) {
   dialect_.limitForTop = kind_ != "MICROSOFT SQL SERVER";
   if (kind_ == "MYSQL") {
     dialect_.foldsTableNames = true;
-    execute(kMariadbSettings);
+    dialect_.definitionsCommit = true;
+    execute(settingsOf(mariadb));
   } else if (kind_ == "POSTGRESQL") {
     execute("SET lock_timeout=5000");
   } else if (embedded_) {
@@ -191,27 +200,22 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
     raiseConnectionLost(cause.text, sql, cause.native,
                         writes_ && !neverRan && (!begun_ || sql == "COMMIT"));
   }
-  // Class 40: the engine rolled the whole transaction back.
-  if (begun_ && cause.state.starts_with("40") && firstCause_.empty()) firstCause_ = cause.text;
+  // Class 40: the engine rolled the whole transaction back. PostgreSQL aborts it after any error,
+  // but its driver may undo the statement alone and keep the locks, or tell a COMMIT as done.
+  const bool aborted = cause.state.starts_with("40") || kind_ == "POSTGRESQL";
+  if (begun_ && aborted && firstCause_.empty()) {
+    firstCause_ = cause.text;
+    SQLEndTran(SQL_HANDLE_DBC, connection_->get(), SQL_ROLLBACK);
+  }
   const DatabaseCause told{sql, cause.native, cause.state};
   const bool locked = cause.state == kLockTimeout || cause.state == "55P03" ||
                       (kind_ == "MYSQL" && cause.native == kMysqlLockWait);
-  if (locked) {
-    raiseStatementFailed(
-        "the rows are locked: another connection, perhaps of this same thread, has a transaction "
-        "open that writes to them; commit or roll back that one first (" +
-            cause.text + ")",
-        told);
-  }
+  if (locked) raiseRowsLocked(cause.text, told);
   raiseStatementFailed(cause.text, told);
 }
 
 void OdbcSession::run(Statement& statement, std::string_view text, const std::string& sql) {
-  if (!firstCause_.empty()) {
-    raiseStatementFailed(
-        "the database rolled the transaction back; the first error was: " + firstCause_,
-        {sql, 0, "25P02"});
-  }
+  if (!firstCause_.empty()) raiseRolledBack(firstCause_, sql);
   writes_ = !equalNoCase(trimmedBlanks(text).substr(0, 6), "SELECT");
   // What a text does to transactions the driver does not tell: not for the next user.
   used_ = used_ || changesSession(text);
@@ -222,22 +226,50 @@ void OdbcSession::run(Statement& statement, std::string_view text, const std::st
 
 void OdbcSession::execute(const std::string& sql) {
   text_.readOne(sql, dialect_);
-  Statement statement(*connection_);
+  if (text_.commitsFirst() && begun_) raiseCommitsFirst(sql);
+  Statement statement(*this, sql);
   run(statement, text_.text(), sql);
+  dropResults(statement, sql);
+}
+
+/// Reads what a procedure answers beyond its first result: an error may come late.
+void OdbcSession::dropResults(Statement& statement, const std::string& sql) {
+  for (;;) {
+    const SQLRETURN code = SQLMoreResults(statement.get());
+    if (code == SQL_NO_DATA) return;
+    if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
+  }
 }
 
 void OdbcSession::query(const std::string& sql, Snapshot& rows) {
   text_.readOne(sql, dialect_);
-  if (text_.onlyChanges()) raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
-  Statement statement(*connection_);
+  if (text_.answersNoRows()) raiseAnswersNoRows(sql);
+  if (text_.commitsFirst() && begun_) raiseCommitsFirst(sql);
+  Statement statement(*this, sql);
   run(statement, text_.text(), sql);
   readRows(statement, rows, sql);
+  dropResults(statement, sql);
+}
+
+/// SQLite's driver tells a type of its own for what was declared, PostgreSQL's a text for a
+/// boolean.
+ColumnKind OdbcSession::kindOfColumn(Statement& statement, SQLUSMALLINT number, SQLSMALLINT type,
+                                     int decimals) const {
+  const ColumnKind told = kindOf(type, decimals);
+  const bool maybeBoolean = kind_ == "POSTGRESQL" && told == ColumnKind::Text;
+  if (!embedded_ && !maybeBoolean) return told;
+  std::array<char, 128> declared{};
+  SQLSMALLINT length = 0;
+  SQLColAttribute(statement.get(), number, SQL_DESC_TYPE_NAME, declared.data(),
+                  static_cast<SQLSMALLINT>(declared.size()), &length, nullptr);
+  if (embedded_) return columnKind(declared.data());
+  return equalNoCase(declared.data(), "bool") ? ColumnKind::SmallInteger : told;
 }
 
 void OdbcSession::readRows(Statement& statement, Snapshot& rows, const std::string& sql) {
   SQLSMALLINT count = 0;
   SQLNumResultCols(statement.get(), &count);
-  if (count == 0) raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
+  if (count == 0) raiseAnswersNoRows(sql);
   std::vector<Column> columns;
   kinds_.clear();
   decimals_.clear();
@@ -248,13 +280,7 @@ void OdbcSession::readRows(Statement& statement, Snapshot& rows, const std::stri
     SQLDescribeCol(statement.get(), i, name.data(), static_cast<SQLSMALLINT>(name.size()), &length,
                    &type, &size, &decimals, &nullable);
     const bool decimal = type == SQL_DECIMAL || type == SQL_NUMERIC;
-    ColumnKind kind = kindOf(type, decimals);
-    if (embedded_) {
-      std::array<char, 128> declared{};
-      SQLColAttribute(statement.get(), i, SQL_DESC_TYPE_NAME, declared.data(),
-                      static_cast<SQLSMALLINT>(declared.size()), &length, nullptr);
-      kind = columnKind(declared.data());
-    }
+    const ColumnKind kind = kindOfColumn(statement, i, type, decimals);
     kinds_.push_back(kind);
     decimals_.push_back(decimal ? decimals : kNotDecimal);
     columns.push_back({reinterpret_cast<const char*>(name.data()), kind});
@@ -301,6 +327,7 @@ void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
                       kind == ColumnKind::Real || kind == ColumnKind::Money ||
                       (embedded_ && kind == ColumnKind::Other);
   if (number && setNumber(cell, text)) return;
+  if (number && !embedded_) raiseNoNumber(text);
   const bool date = kind == ColumnKind::Day || kind == ColumnKind::Moment;
   if (date && text.starts_with("0000-00-00")) return;
   rows.setText(cell, text);
@@ -312,7 +339,7 @@ const std::string& OdbcSession::inlined(const std::string& sql, std::span<const 
 
 Value OdbcSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
   const std::vector<Stored> values(parameters.begin(), parameters.end());
-  Statement statement(*connection_);
+  Statement statement(*this, sql);
   run(statement, inlined(sql, values), sql);
   Snapshot rows;
   readRows(statement, rows, sql);
@@ -324,13 +351,13 @@ Stored OdbcSession::stored(const Value& value, ColumnKind kind) const {
 }
 
 std::int64_t OdbcSession::change(const std::string& sql, std::span<const Stored> values) {
-  Statement statement(*connection_);
+  Statement statement(*this, sql);
   run(statement, inlined(sql, values), sql);
   return statement.changedRows();
 }
 
 std::int64_t OdbcSession::askWhole(const std::string& sql, std::span<const Stored> values) {
-  Statement statement(*connection_);
+  Statement statement(*this, sql);
   run(statement, inlined(sql, values), sql);
   Snapshot rows;
   readRows(statement, rows, sql);
@@ -357,12 +384,13 @@ std::string OdbcSession::primaryKey(const std::string& table) {
   }
   const bool folds = kind_ == "POSTGRESQL" || (kind_ == "MYSQL" && folded.starts_with("kt7"));
   const std::string& name = folds ? folded : table;
-  Statement statement(*connection_);
+  const std::string sql = "the primary key of " + table;
+  Statement statement(*this, sql);
   const SQLRETURN code =
       SQLPrimaryKeys(statement.get(), nullptr, 0, nullptr, 0, bytesOf(name), SQL_NTS);
-  if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), "the primary key of " + table);
+  if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
   Snapshot rows;
-  readRows(statement, rows, "the primary key of " + table);
+  readRows(statement, rows, sql);
   constexpr std::size_t kColumnName = 3;
   std::string key;
   if (rows.rowCount() == 1) key = rows.value(0, kColumnName).joinedText();
@@ -384,12 +412,15 @@ void OdbcSession::begin() {
   writes_ = false;
   autocommit(false);
   begun_ = true;
+  refused_ = false;
 }
 
 void OdbcSession::endTransaction(SQLSMALLINT how, const char* shown) {
   if (!begun_) {
     raiseStatementFailed("no transaction is open on this connection", {shown, 0, {}});
   }
+  // Drivers may tell even the COMMIT of a lost connection as done.
+  if (lost_) raiseConnectionLost("its transaction ended with it", shown, 0, false);
   writes_ = true;
   const SQLRETURN code = SQLEndTran(SQL_HANDLE_DBC, connection_->get(), how);
   if (!succeeded(code)) fail(SQL_HANDLE_DBC, connection_->get(), shown);
@@ -404,25 +435,29 @@ void OdbcSession::commit() {
   if (!firstCause_.empty()) {
     const std::string cause = firstCause_;
     rollback();
-    raiseStatementFailed(
-        "the transaction could not be committed and was rolled back; the first error was: " + cause,
-        {"COMMIT", 0, "25P02"});
+    refused_ = true;
+    raiseCannotCommit(cause);
   }
   endTransaction(SQL_COMMIT, "COMMIT");
 }
-void OdbcSession::rollback() { endTransaction(SQL_ROLLBACK, "ROLLBACK"); }
+
+void OdbcSession::rollback() {
+  if (std::exchange(refused_, false)) return;
+  endTransaction(SQL_ROLLBACK, "ROLLBACK");
+}
 
 bool OdbcSession::usable() {
   SQLUINTEGER dead = SQL_CD_FALSE;
   SQLGetConnectAttr(connection_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, 0, nullptr);
-  if (lost_ || dead == SQL_CD_TRUE) return false;
+  lost_ = lost_ || dead == SQL_CD_TRUE;
+  if (lost_) return false;
   // Some drivers only know what the last statement told them.
   try {
     execute("SELECT 1");
-    return true;
   } catch (const Error&) {
-    return false;
+    lost_ = true;
   }
+  return !lost_;
 }
 
 }  // namespace kt7::data

@@ -20,6 +20,8 @@ class OdbcHandle {
   OdbcHandle(const OdbcHandle&) = delete;
   OdbcHandle& operator=(const OdbcHandle&) = delete;
   SQLHDBC get() const { return connection_; }
+  /// What the driver answers to a question of SQLGetInfo about a text.
+  std::string info(SQLUSMALLINT what) const;
 
  private:
   SQLHENV environment_ = SQL_NULL_HENV;
@@ -53,8 +55,11 @@ class OdbcSession final : public Session {
  private:
   class Statement;
 
-  void applySettings();
+  void applySettings(bool mariadb);
+  ColumnKind kindOfColumn(Statement& statement, SQLUSMALLINT number, SQLSMALLINT type,
+                          int decimals) const;
   void run(Statement& statement, std::string_view text, const std::string& sql);
+  void dropResults(Statement& statement, const std::string& sql);
   void readRows(Statement& statement, Snapshot& rows, const std::string& sql);
   void readCell(Statement& statement, std::size_t column, Snapshot& rows, Cell& cell,
                 const std::string& sql);
@@ -74,6 +79,7 @@ class OdbcSession final : public Session {
   bool writes_ = false;
   bool used_ = false;       // changed by a text: it is not given to the next user
   std::string firstCause_;  // of a transaction that the engine rolled back
+  bool refused_ = false;    // to commit it: the caller may still roll it back
   StatementText text_;
   FixedTexts fixed_;
   std::string buffer_;

@@ -1,14 +1,20 @@
 #include "host/data/postgresql/driver.h"
 
+#include <algorithm>
 #include <array>
+#include <optional>
+#include <vector>
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/data/keep_alive.h"
 #include "host/data/postgresql/session.h"
 
 namespace kt7::data {
 
 namespace {
+
+constexpr std::string_view kNoSuchDatabase = "3D000";
 
 /// Sent with the connection itself. Nobody waits longer than five seconds for a lock.
 constexpr const char* kSettings =
@@ -44,6 +50,41 @@ Login loginOf(const ConnectionString& where, std::string_view user, std::string_
           password.empty() ? firstOf(where, "Pwd", "Password") : std::string(password)};
 }
 
+std::vector<std::pair<const char*, std::string>> keepAliveOptions(const ConnectionString& where) {
+  const std::optional<KeepAlive> wanted = keepAliveIn(where);
+  if (!wanted) return {};
+  return {{"keepalives", "1"},
+          {"keepalives_idle", std::to_string(wanted->firstQuestion)},
+          {"keepalives_interval", std::to_string(wanted->nextQuestion)},
+          {"keepalives_count", std::to_string(wanted->questions)},
+          {"tcp_user_timeout", std::to_string(wanted->lostAfter) + "000"}};
+}
+
+/// The client library writes it before what a server says, in every language.
+constexpr std::string_view kBeforeServersWords = ":  ";
+
+/// The SQLSTATE behind a refused connection, "" where no server spoke. A connection that failed
+/// tells it in no field, only in its text and only where that was asked for, which the library
+/// allows from the second attempt on. The words themselves may be in any language.
+std::string stateOfRefusal(PGconn* connection) {
+  if (std::string_view(PQerrorMessage(connection)).find(kBeforeServersWords) ==
+      std::string_view::npos) {
+    return {};
+  }
+  PQsetErrorVerbosity(connection, PQERRORS_SQLSTATE);
+  PQreset(connection);
+  PQsetErrorVerbosity(connection, PQERRORS_DEFAULT);
+  const std::string_view text = PQerrorMessage(connection);
+  const std::size_t at = text.rfind(kBeforeServersWords);
+  if (at == std::string_view::npos) return {};
+  constexpr std::size_t kLength = 5;
+  const std::string_view state = text.substr(at + kBeforeServersWords.size(), kLength);
+  const bool isState = state.size() == kLength && std::ranges::all_of(state, [](char c) {
+                         return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z');
+                       });
+  return isState ? std::string(state) : std::string();
+}
+
 PostgresqlHandle connect(const ConnectionString& where, const Login& login,
                          const std::string& database) {
   std::vector<std::pair<const char*, std::string>> given;
@@ -59,6 +100,7 @@ PostgresqlHandle connect(const ConnectionString& where, const Login& login,
   given.emplace_back("connect_timeout", "5");
   given.emplace_back("client_encoding", "UTF8");
   given.emplace_back("options", kSettings);
+  for (auto& option : keepAliveOptions(where)) given.push_back(std::move(option));
   std::vector<const char*> keywords, values;
   for (const auto& [keyword, value] : given) {
     keywords.push_back(keyword);
@@ -70,11 +112,11 @@ PostgresqlHandle connect(const ConnectionString& where, const Login& login,
   if (PQstatus(handle.get()) == CONNECTION_OK) return handle;
   std::string text(trimmedBlanks(PQerrorMessage(handle.get())));
   while (!text.empty() && text.back() == '\n') text.pop_back();
-  const bool missing = text.find("does not exist") != std::string::npos &&
-                       text.find("database") != std::string::npos;
-  if (missing) text += "; run \"kt7hr init\" to create it";
+  const std::string state = stateOfRefusal(handle.get());
+  if (PQstatus(handle.get()) == CONNECTION_OK) return handle;
+  if (state == kNoSuchDatabase) text += "; run \"kt7hr init\" to create it";
   raiseConnectionFailed("cannot connect to the database '" + database + "': " + text,
-                        {{}, 0, missing ? "3D000" : "08001"});
+                        {{}, 0, state.empty() ? "08001" : state});
 }
 
 std::string requiredDatabase(const ConnectionString& where) {
@@ -99,7 +141,7 @@ void createPostgresql(const ConnectionString& where) {
     connect(where, login, database);
     return;
   } catch (const Error& error) {
-    if (error.cause().sqlState != "3D000") throw;
+    if (error.cause().sqlState != kNoSuchDatabase) throw;
   }
   const PostgresqlHandle connection = connect(where, login, "postgres");
   const std::string sql = "CREATE DATABASE \"" + replaceAll(database, "\"", "\"\"") +
@@ -109,7 +151,7 @@ void createPostgresql(const ConnectionString& where) {
   raiseConnectionFailed("the database '" + database + "' is not there and cannot be made: " +
                             std::string(trimmedBlanks(PQerrorMessage(connection.get()))) +
                             "; have an administrator run: " + sql + " OWNER this_user",
-                        {sql, 0, PQresultErrorField(made.get(), PG_DIAG_SQLSTATE)});
+                        {sql, 0, std::string(sqlStateOf(made.get()))});
 }
 
 }  // namespace kt7::data

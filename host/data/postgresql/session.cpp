@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/server_values.h"
+#include "host/data/session_errors.h"
 
 namespace kt7::data {
 
@@ -64,11 +66,6 @@ int decimalsOf(int modifier) {
   return modifier < kHeader ? -1 : (modifier - kHeader) & kScaleMask;
 }
 
-std::string_view stateOf(const PGresult* result) {
-  const char* const state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
-  return state == nullptr ? std::string_view{} : std::string_view(state);
-}
-
 std::string messageOf(PGconn* connection, const PGresult* result) {
   const char* const primary = PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY);
   return std::string(trimmedBlanks(primary != nullptr ? primary : PQerrorMessage(connection)));
@@ -93,6 +90,11 @@ std::vector<const char*> pointers(std::span<const std::string> texts) {
 
 }  // namespace
 
+std::string_view sqlStateOf(const PGresult* result) {
+  const char* const state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
+  return state == nullptr ? std::string_view{} : std::string_view(state);
+}
+
 PostgresqlSession::PostgresqlSession(PostgresqlHandle connection)
     : connection_(std::move(connection)),
       statements_(kKeptStatements),
@@ -105,7 +107,7 @@ PostgresqlSession::PostgresqlSession(PostgresqlHandle connection)
 void PostgresqlSession::fail(const PGresult* result, const std::string& sql) {
   PGconn* const handle = connection_.get();
   const std::string text = messageOf(handle, result);
-  const std::string state(stateOf(result));
+  const std::string state(sqlStateOf(result));
   if (PQstatus(handle) == CONNECTION_BAD || state.starts_with("57P")) {
     lost_ = true;
     raiseConnectionLost(text, sql, 0, unknownIfLost_);
@@ -115,13 +117,7 @@ void PostgresqlSession::fail(const PGresult* result, const std::string& sql) {
     raiseStatementFailed(text + "; the first error was: " + firstCause_, cause);
   }
   if (inTransaction() && firstCause_.empty()) firstCause_ = text;
-  if (state == "55P03") {
-    raiseStatementFailed(
-        "the rows are locked: another connection, perhaps of this same thread, has a transaction "
-        "open that writes to them; commit or roll back that one first (" +
-            text + ")",
-        cause);
-  }
+  if (state == "55P03") raiseRowsLocked(text, cause);
   raiseStatementFailed(text, cause);
 }
 
@@ -189,7 +185,7 @@ PostgresqlResult PostgresqlSession::runKept(const std::string& text,
   PostgresqlResult result(PQexecPrepared(connection_.get(), kept->name->c_str(),
                                          static_cast<int>(values.size()), values.data(), nullptr,
                                          nullptr, 0));
-  if (!isStale(stateOf(result.get()))) return result;
+  if (!isStale(sqlStateOf(result.get()))) return result;
   kept->name.reset();
   closeDropped();
   return inTransaction() ? std::move(result) : send(unlifted, unliftedValues);
@@ -205,9 +201,7 @@ void PostgresqlSession::forgetPrepared() {
 
 PostgresqlResult PostgresqlSession::run(const std::string& sql, bool wantsRows) {
   text_.readOne(sql, kPostgresqlDialect);
-  if (wantsRows && text_.onlyChanges()) {
-    raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
-  }
+  if (wantsRows && text_.answersNoRows()) raiseAnswersNoRows(sql);
   const std::string text(text_.text());
   if (makesStale(text)) forgetPrepared();
   if (text_.literals().empty()) return checked(runKept(text, {}, text, {}), sql);
@@ -243,9 +237,7 @@ void PostgresqlSession::query(const std::string& sql, Snapshot& rows) {
 }
 
 void PostgresqlSession::readRows(const PGresult& result, Snapshot& rows, const std::string& sql) {
-  if (PQresultStatus(&result) != PGRES_TUPLES_OK) {
-    raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
-  }
+  if (PQresultStatus(&result) != PGRES_TUPLES_OK) raiseAnswersNoRows(sql);
   const Shape& shape = shapeOf(result);
   rows.start(shape.columns);
   const int count = PQntuples(&result);
@@ -358,6 +350,7 @@ void PostgresqlSession::begin() {
   firstCause_.clear();
   control("BEGIN");
   begun_ = true;
+  refused_ = false;
 }
 
 void PostgresqlSession::commit() {
@@ -367,15 +360,13 @@ void PostgresqlSession::commit() {
   const PostgresqlResult result = control("COMMIT");
   begun_ = false;  // where it failed the caller still rolls back
   // An aborted transaction is rolled back by a COMMIT that reports no error.
-  if (std::string_view(PQcmdStatus(result.get())) != "COMMIT") {
-    raiseStatementFailed(
-        "the transaction could not be committed and was rolled back; the first error was: " +
-            firstCause_,
-        {"COMMIT", 0, "25P02"});
-  }
+  if (std::string_view(PQcmdStatus(result.get())) == "COMMIT") return;
+  refused_ = true;
+  raiseCannotCommit(firstCause_);
 }
 
 void PostgresqlSession::rollback() {
+  if (std::exchange(refused_, false)) return;
   // A COMMIT that failed has rolled back already.
   if (!lost_ && begun_ && PQtransactionStatus(connection_.get()) == PQTRANS_IDLE) {
     begun_ = false;
@@ -391,7 +382,8 @@ void PostgresqlSession::rollback() {
 bool PostgresqlSession::usable() {
   if (lost_) return false;
   const PostgresqlResult result = send("SELECT 1", {});
-  return PQresultStatus(result.get()) == PGRES_TUPLES_OK;
+  lost_ = PQresultStatus(result.get()) != PGRES_TUPLES_OK;
+  return !lost_;
 }
 
 }  // namespace kt7::data

@@ -17,6 +17,9 @@ struct ClosePostgresql {
 using PostgresqlHandle = std::unique_ptr<PGconn, ClosePostgresql>;
 using PostgresqlResult = std::unique_ptr<PGresult, ClosePostgresql>;
 
+/// "" where the result carries none.
+std::string_view sqlStateOf(const PGresult* result);
+
 /// A connection to one server. Quoted values are lifted out of the texts and bound, and the last
 /// statements are kept prepared by what is left.
 class PostgresqlSession final : public Session {
@@ -79,6 +82,7 @@ class PostgresqlSession final : public Session {
   bool begun_ = false;
   bool unknownIfLost_ = false;
   std::string firstCause_;  // of the transaction that failed
+  bool refused_ = false;    // to commit it: the caller may still roll it back
   StatementText text_;
   std::vector<std::string> dropped_;  // names of statements to close
   LruCache<Kept> statements_;

@@ -123,7 +123,7 @@ std::string SqliteSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  const std::string name =
+  std::string name =
       askOne("SELECT MAX(name) FROM pragma_table_info(?) WHERE pk > 0 HAVING COUNT(*) = 1",
              {&folded, 1})
           .joinedText();
@@ -161,9 +161,9 @@ void SqliteSession::rollback() {
 
 bool SqliteSession::usable() {
   int moved = 0;
-  return sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) ==
-             SQLITE_OK &&
-         moved == 0;
+  const int code = sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  moved_ = code != SQLITE_OK || moved != 0;
+  return !moved_;
 }
 
 Stored SqliteSession::stored(const Value& value, ColumnKind kind) const {

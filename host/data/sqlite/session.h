@@ -38,6 +38,7 @@ class SqliteSession final : public Session {
   /// Short: a company's file may be replaced under a running host.
   std::chrono::seconds trustedIdleness() const override { return std::chrono::seconds(1); }
   bool usable() override;
+  bool lost() const override { return moved_; }
 
  private:
   using Shared = std::shared_ptr<SqliteStatement>;
@@ -60,6 +61,7 @@ class SqliteSession final : public Session {
   SqliteHandle database_;
   std::shared_ptr<WriteLock> lock_;
   bool holdsLock_ = false;
+  bool moved_ = false;  // the file is no longer where it was opened
   StatementText text_;
   LruCache<Shared> statements_;
   LruCache<Asked> asked_;
