@@ -239,6 +239,19 @@ TEST_F(ConnectionTest, TheNextServerAnswersForOneThatDoesNot) {
   EXPECT_NO_THROW(askOne(*connection, "SELECT COUNT(*) FROM KT7TPay", {}));
   EXPECT_NO_THROW(catchUp(*connection));
   EXPECT_THROW(createConnection()->Open(several + ";SyncWait=much"), Error);
+  // What every server would refuse is told by the first that answers, not by the last.
+  std::string answersFirst = connectionString();
+  const std::size_t port = server + 22;
+  const std::size_t portEnd = answersFirst.find(';', port);
+  ASSERT_NE(portEnd, std::string::npos);
+  const std::string number = answersFirst.substr(port, portEnd - port);
+  answersFirst.replace(server, portEnd - server, "Server=127.0.0.1:" + number + ",127.0.0.1:1");
+  try {
+    createConnection()->Open(answersFirst + "_missing");
+    ADD_FAILURE() << "opened a database that is not there";
+  } catch (const Error& error) {
+    EXPECT_EQ(error.cause().nativeCode, 1049) << error.what();
+  }
 }
 
 TEST_F(ConnectionTest, ASecondWriterOfTheSameThreadFailsAtOnce) {

@@ -168,6 +168,14 @@ Unreachable& unreachable() {
   return *instance;
 }
 
+/// Whether every server of a cluster would refuse alike: the user, the password, the database, or
+/// (without a code) what the connection string says.
+bool isFinal(std::int32_t code) {
+  constexpr std::int32_t kAlike[] = {0, ER_ACCESS_DENIED_ERROR, ER_DBACCESS_DENIED_ERROR,
+                                     ER_BAD_DB_ERROR, ER_ACCESS_DENIED_NO_PASSWORD_ERROR};
+  return std::find(std::begin(kAlike), std::end(kAlike), code) != std::end(kAlike);
+}
+
 MysqlHandle connect(const ConnectionString& where, std::string_view user, std::string_view password,
                     const std::string& database) {
   const std::string name = user.empty() ? firstOf(where, "Uid", "User") : std::string(user);
@@ -182,7 +190,8 @@ MysqlHandle connect(const ConnectionString& where, std::string_view user, std::s
       MysqlHandle handle = connectTo(servers[i], where, name, secret, database, keepAlive);
       if (servers.size() > 1) requireServing(handle.get(), servers[i], database);
       return handle;
-    } catch (const Error&) {
+    } catch (const Error& error) {
+      if (isFinal(error.cause().nativeCode)) throw;
       // The next server may answer; the last one's refusal is told.
       if (servers.size() > 1) unreachable().note(servers[i]);
       if (i + 1 == servers.size()) throw;

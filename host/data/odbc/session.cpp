@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "base/error.h"
@@ -89,6 +90,12 @@ ColumnKind kindOf(SQLSMALLINT type, int decimals) {
     default:
       return ColumnKind::Text;
   }
+}
+
+/// "007" is no number that SQLite would write.
+bool isPadded(std::string_view text) {
+  if (text.starts_with('-')) text.remove_prefix(1);
+  return text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '9';
 }
 
 bool changesSession(std::string_view text) {
@@ -189,6 +196,7 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   constexpr SQLINTEGER kServerGone = 2006;
   constexpr SQLINTEGER kServerLost = 2013;
   constexpr SQLINTEGER kMysqlLockWait = 1205;
+  constexpr SQLINTEGER kMysqlDeadlock = 1213;
   Diagnosis cause = diagnosisOf(type, handle);
   if (embedded_) cause.state = embeddedState(cause);
   const bool mysqlLoss =
@@ -202,7 +210,8 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   }
   // Class 40: the engine rolled the whole transaction back. PostgreSQL aborts it after any error,
   // but its driver may undo the statement alone and keep the locks, or tell a COMMIT as done.
-  const bool aborted = cause.state.starts_with("40") || kind_ == "POSTGRESQL";
+  const bool aborted = cause.state.starts_with("40") || kind_ == "POSTGRESQL" ||
+                       (kind_ == "MYSQL" && cause.native == kMysqlDeadlock);
   if (begun_ && aborted && firstCause_.empty()) {
     firstCause_ = cause.text;
     SQLEndTran(SQL_HANDLE_DBC, connection_->get(), SQL_ROLLBACK);
@@ -306,6 +315,8 @@ void OdbcSession::readCell(Statement& statement, std::size_t column, Snapshot& r
                                       SQL_C_CHAR, buffer_.data() + have, room, &left);
     if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
     if (left == SQL_NULL_DATA) return;
+    if (left == SQL_NO_TOTAL && code == SQL_SUCCESS)
+      left = static_cast<SQLLEN>(std::strlen(buffer_.data() + have));
     if (left != SQL_NO_TOTAL && left < room) {
       setCell(rows, cell, column,
               std::string_view(buffer_.data(), have + static_cast<std::size_t>(left)));
@@ -325,7 +336,7 @@ void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
   const ColumnKind kind = kinds_[column];
   const bool number = kind == ColumnKind::SmallInteger || kind == ColumnKind::Integer ||
                       kind == ColumnKind::Real || kind == ColumnKind::Money ||
-                      (embedded_ && kind == ColumnKind::Other);
+                      (embedded_ && kind == ColumnKind::Other && !isPadded(text));
   if (number && setNumber(cell, text)) return;
   if (number && !embedded_) raiseNoNumber(text);
   const bool date = kind == ColumnKind::Day || kind == ColumnKind::Moment;
@@ -426,9 +437,9 @@ void OdbcSession::endTransaction(SQLSMALLINT how, const char* shown) {
   if (!succeeded(code)) fail(SQL_HANDLE_DBC, connection_->get(), shown);
   begun_ = false;
   firstCause_.clear();
-  used_ = true;  // until it commits by itself again
+  const bool used = std::exchange(used_, true);  // until it commits by itself again
   autocommit(true);
-  used_ = false;
+  used_ = used;
 }
 
 void OdbcSession::commit() {
