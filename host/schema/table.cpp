@@ -8,7 +8,7 @@
 
 namespace kt7::schema {
 
-Column code(std::string name) { return {std::move(name), ColumnType::Text, kCodeLength}; }
+Column code(std::string name) { return {std::move(name), ColumnType::Text, kCodeLength, true}; }
 Column text(std::string name, int length) { return {std::move(name), ColumnType::Text, length}; }
 Column money(std::string name) { return {std::move(name), ColumnType::Money}; }
 Column number(std::string name) { return {std::move(name), ColumnType::Number}; }
