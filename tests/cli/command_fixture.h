@@ -1,8 +1,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -23,14 +23,16 @@ struct Outcome {
 };
 
 /// Runs the command in this process, without a KT7HR_DB from outside.
-inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = "") {
+inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = "",
+                     bool errIsTerminal = false) {
   unsetenv("KT7HR_DB");
   words.insert(words.begin(), "kt7hr");
   std::vector<const char*> argv;
+  argv.reserve(words.size());
   for (const std::string& word : words) argv.push_back(word.c_str());
   std::istringstream in(input);
   std::ostringstream out, err;
-  Console console{in, out, err};
+  Console console{in, out, err, false, errIsTerminal};
   const int exitCode = run(static_cast<int>(argv.size()), argv.data(), console);
   return {exitCode, out.str(), err.str()};
 }
