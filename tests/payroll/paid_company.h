@@ -28,6 +28,7 @@ inline std::string joined(std::initializer_list<const char*> columns) {
 /// What one run told.
 struct Told : RunListener {
   void paid(const Slip& slip) override { slips.push_back(slip); }
+  void standing(const Slip& slip) override { frozen.push_back(slip); }
   void note(const std::string& text) override { notes.push_back(text); }
   void failed(const std::string& employee, Date, const std::string& cause) override {
     failures.push_back(employee + ": " + cause);
@@ -54,6 +55,7 @@ struct Told : RunListener {
   }
 
   std::vector<Slip> slips;
+  std::vector<Slip> frozen;  // told as they stand
   std::vector<std::string> notes;
   std::vector<std::string> failures;
   std::vector<std::string> reasons;  // why the run stopped
