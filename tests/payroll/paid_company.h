@@ -130,9 +130,10 @@ class PaidCompany : public testing::Test {
     for (int i = 0; i < employees; ++i) {
       const std::string code = "'Z" + std::to_string(10000 + i) + "'";
       const std::string values = i == 0 ? "" : ", ";
-      people += values + "(" + code + ", 'Z', " + (i % 5 == 0 ? "'W4'" : "'M1'") +
-                ", '2024-01-01', " + std::to_string(i % 5 == 0 ? 500 : 15000 + i) + ", '00')";
-      more += values + "(" + code + ", 1)";
+      people.append(values).append("(").append(code).append(", 'Z', ");
+      people.append(i % 5 == 0 ? "'W4'" : "'M1'").append(", '2024-01-01', ");
+      people.append(std::to_string(i % 5 == 0 ? 500 : 15000 + i)).append(", '00')");
+      more.append(values).append("(").append(code).append(", 1)");
     }
     sql("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, TEmpSignDate, "
         "TEmpSalary, TEmpTBraCode) VALUES " +

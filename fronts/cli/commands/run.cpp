@@ -73,7 +73,7 @@ const CLI::App* chosenCommand(const CLI::App& app) {
 }
 
 std::string fullName(const CLI::App* command) {
-  const std::string own = command->get_name();
+  const std::string& own = command->get_name();
   return command->get_parent() == nullptr ? own : fullName(command->get_parent()) + " " + own;
 }
 
