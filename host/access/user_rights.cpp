@@ -106,4 +106,84 @@ void grantRights(ado::Connection& connection, const Grant& grant, UtilityObject&
   }
 }
 
+namespace {
+
+/// A right that a user holds: the rows that say so, and what takes it away.
+struct HeldRight {
+  std::string name;
+  std::string rows;  // " FROM table WHERE ..."
+  std::string taking;
+};
+
+HeldRight rowsOf(const std::string& name, const std::string& table, const std::string& condition) {
+  const std::string rows = " FROM " + table + " WHERE " + condition;
+  return {name, rows, "DELETE" + rows};
+}
+
+HeldRight valueOf(const std::string& name, const std::string& table, const std::string& condition,
+                  const std::string& column, const std::string& none) {
+  return {name, " FROM " + table + " WHERE " + condition + " AND " + column + "<>" + none,
+          "UPDATE " + table + " SET " + column + "=" + none + " WHERE " + condition};
+}
+
+void appendTypes(std::vector<HeldRight>& held, const Grant& rights, const std::string& ofModule) {
+  for (const std::string& type : rights.types) {
+    const std::string row = "TUETTCmGAlias=" + ofModule +
+                            " AND TUETTUsrID=" + std::to_string(rights.user) +
+                            " AND TUETTEmTCode='" + type + "'";
+    if (rights.welfare) {
+      held.push_back(
+          valueOf("the welfare of type " + type, "KT7TUserEmpType", row, "TUETWelfare", "''"));
+    }
+    if (rights.salary) {
+      held.push_back(
+          valueOf("the salaries of type " + type, "KT7TUserEmpType", row, "TUETSalary", "''"));
+    }
+    if (!rights.welfare && !rights.salary) {
+      held.push_back(rowsOf("employee type " + type, "KT7TUserEmpType", row));
+    }
+  }
+}
+
+std::vector<HeldRight> heldRights(const Revocation& revocation) {
+  const Grant& rights = revocation.rights;
+  const std::string user = std::to_string(rights.user);
+  const std::string ofModule = "'" + std::string(kModuleAlias) + "'";
+  std::vector<HeldRight> held;
+  for (const std::string& key : rights.rights) {
+    held.push_back(rowsOf("the right " + key, "KT7TUserRight",
+                          "TUsRTUsrID=" + user + " AND TUsRKey='" + key + "'"));
+  }
+  appendTypes(held, rights, ofModule);
+  for (const std::string& branch : rights.branches) {
+    held.push_back(rowsOf("branch " + branch, "KT7TUserBranch",
+                          "TUsBTCmGAlias=" + ofModule + " AND TUsBTUsrID=" + user +
+                              " AND TUsBTBraCode='" + branch + "'"));
+  }
+  if (revocation.administrator) {
+    held.push_back(
+        valueOf("administration", "KT7TUser", "TUsrID=" + user, "TUsrIsAdministrator", "0"));
+  }
+  if (revocation.moduleAdministrator) {
+    held.push_back(valueOf("administration of the module", "KT7TUserModule",
+                           "TUMdTUsrID=" + user + " AND TUMdTCmGAlias=" + ofModule,
+                           "TUMdIsAdministrator", "0"));
+  }
+  return held;
+}
+
+}  // namespace
+
+void revokeRights(ado::Connection& connection, const Revocation& revocation) {
+  const std::vector<HeldRight> held = heldRights(revocation);
+  for (const HeldRight& right : held) {
+    const Value rows = data::askOne(connection, "SELECT COUNT(*) AS A" + right.rows, {});
+    if (rows.toDouble() == 0) {
+      throw UnknownEntry("user " + std::to_string(revocation.rights.user) + " does not hold " +
+                         right.name + "; nothing was taken away");
+    }
+  }
+  for (const HeldRight& right : held) connection.Execute(right.taking);
+}
+
 }  // namespace kt7::host

@@ -10,7 +10,7 @@
 #include "collab/utility_object.h"
 
 /// Users and what they may see, as the access filters read it. Writing stays in the caller's
-/// transaction, gives and never takes away, and may be repeated.
+/// transaction; giving never takes away and may be repeated.
 namespace kt7::host {
 
 /// The alias of the module of payroll and personnel in the tables of rights.
@@ -20,7 +20,7 @@ inline constexpr const char* kModuleAlias = "HR";
 inline constexpr const char* kSeesAllTypes = "HRMASTERALLTYPE";
 inline constexpr const char* kSeesAllBranches = "HRMASTERALLBRANCH";
 
-/// A user, an employee type or a branch that a right names is not there.
+/// A user, an employee type or a branch that a right names is not there, or a right is not held.
 class UnknownEntry : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -48,5 +48,17 @@ struct Grant {
 /// Gives a user rights. UnknownEntry where the user, a type or a branch has no row; then nothing
 /// was written. Codes hold no quotes. Writes KT7TUserRight, KT7TUserEmpType, KT7TUserBranch.
 void grantRights(ado::Connection& connection, const Grant& grant, UtilityObject& utility);
+
+/// Rights to be taken away. With welfare or salary of the types only that, else the types
+/// altogether.
+struct Revocation {
+  Grant rights;
+  bool administrator = false;
+  bool moduleAdministrator = false;
+};
+
+/// Takes rights from a user. UnknownEntry where one of them is not held; then nothing was written.
+/// Codes hold no quotes. Writes the tables of addUser and grantRights.
+void revokeRights(ado::Connection& connection, const Revocation& revocation);
 
 }  // namespace kt7::host

@@ -30,6 +30,9 @@ Cell readText(const Column& column, const std::string& cell) {
   if (csv::characterCount(cell) > static_cast<std::size_t>(column.length)) {
     return CellProblem{"is longer than " + std::to_string(column.length) + " characters"};
   }
+  if (column.isCode && cell.find_first_of("'\\") != std::string::npos) {
+    return CellProblem{"holds a quote or a backslash, which a code cannot"};
+  }
   return Value(cell);
 }
 

@@ -50,6 +50,19 @@ class TakenBack {
 
 }  // namespace
 
+bool removeUnfinished(ado::Connection& connection, Engine engine) {
+  const Catalogue catalogue = readCatalogue(connection, engine);
+  if (!catalogue.holds("KT7TSchema")) return false;
+  for (const Table& table : tables()) {
+    if (!catalogue.holds(table.name)) continue;
+    const auto row = data::createRecordset();
+    row->Open("SELECT TOP 1 * FROM " + table.name, connection, ado::kStatic, ado::kReadOnly);
+    if (!row->Eof()) return false;
+  }
+  dropEverything(connection, engine);
+  return true;
+}
+
 bool hasSchema(ado::Connection& connection, Engine engine) {
   return !readCatalogue(connection, engine).relations.empty();
 }

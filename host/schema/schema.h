@@ -29,6 +29,14 @@ SchemaState schemaState(ado::Connection& connection, Engine engine);
 /// A database error that says what to do unless the database holds a company of this version.
 void requireCurrentSchema(ado::Connection& connection, Engine engine);
 
+/// Whose databases are taken.
+enum class Maker { Own, Any };
+
+/// The same by a single question where the version is right, for whoever opens a company to work on
+/// it. Maker::Any lets through what has no KT7TSchema: another program keeps it, or nothing is
+/// there.
+void requireCompany(ado::Connection& connection, Maker maker = Maker::Own);
+
 /// True where the database already holds a table or view of this system, whole schema or not.
 bool hasSchema(ado::Connection& connection, Engine engine);
 
@@ -39,6 +47,11 @@ void writeSchemaVersion(ado::Connection& connection, int version);
 inline constexpr int kCopyMark = -1;
 
 enum class Content { Empty, Sample };
+
+/// Where making the tables was broken off on an engine that keeps every step at once: takes away
+/// what there is, and answers true. Tables that hold a row stay, and so do those that were made
+/// elsewhere.
+bool removeUnfinished(ado::Connection& connection, Engine engine);
 
 /// Makes every table, index and view, and the sample company where it is wanted: all or nothing.
 /// A database error where the database already holds tables of this system, or keeps texts in a

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "base/error.h"
@@ -68,6 +69,18 @@ std::string listed(const std::vector<std::string>& names) {
   return text;
 }
 
+/// What to do about a database that lacks something.
+std::string adviceFor(const SchemaState& state) {
+  if (std::ranges::find(state.missing, "KT7TSchema") != state.missing.end()) {
+    return "; where another program keeps it only kt7hr call and kt7hr rpc work on it, else "
+           "restore it";
+  }
+  if (state.version == 0) {
+    return "; where its making was broken off run kt7hr init again, where it holds rows restore it";
+  }
+  return "; restore it, or remove all KT7 tables and views and run kt7hr init";
+}
+
 }  // namespace
 
 SchemaState schemaState(ado::Connection& connection, Engine engine) {
@@ -100,19 +113,32 @@ void requireCurrentSchema(ado::Connection& connection, Engine engine) {
       raiseStatementFailed("the database holds no company; kt7hr init makes one");
     case SchemaState::Kind::Older:
       raiseStatementFailed("the tables are of version " + std::to_string(state.version) +
-                           "; kt7hr init upgrades them to " + std::to_string(kSchemaVersion));
+                           "; run kt7hr init on this database to upgrade them to version " +
+                           std::to_string(kSchemaVersion));
     case SchemaState::Kind::Newer:
       raiseStatementFailed("the tables are of version " + std::to_string(state.version) +
                            ", this kt7hr knows them up to " + std::to_string(kSchemaVersion) +
                            "; use a newer one");
     case SchemaState::Kind::UnfinishedCopy:
       raiseStatementFailed(
-          "the database holds a copy that was never finished; run the same kt7hr copy again");
+          "the database holds a copy that was never finished; run the same kt7hr copy again, it "
+          "goes "
+          "on where it was");
     case SchemaState::Kind::Partial:
-      raiseStatementFailed(
-          "the database holds only a part of a company, missing: " + listed(state.missing) +
-          "; restore it, or remove all KT7 tables and views and run kt7hr init");
+      raiseStatementFailed("the database holds only a part of a company, missing: " +
+                           listed(state.missing) + adviceFor(state));
   }
+}
+
+void requireCompany(ado::Connection& connection, Maker maker) {
+  try {
+    if (schemaVersion(connection) == kSchemaVersion) return;
+  } catch (const Error&) {
+    // Most likely there is no such table: the look below tells.
+  }
+  const Engine engine = engineOf(data::databaseType(connection));
+  if (maker == Maker::Any && !readCatalogue(connection, engine).holds("KT7TSchema")) return;
+  requireCurrentSchema(connection, engine);
 }
 
 }  // namespace kt7::schema

@@ -8,7 +8,7 @@
 
 namespace kt7::schema {
 
-Column code(std::string name) { return {std::move(name), ColumnType::Text, kCodeLength}; }
+Column code(std::string name) { return {std::move(name), ColumnType::Text, kCodeLength, true}; }
 Column text(std::string name, int length) { return {std::move(name), ColumnType::Text, length}; }
 Column money(std::string name) { return {std::move(name), ColumnType::Money}; }
 Column number(std::string name) { return {std::move(name), ColumnType::Number}; }
@@ -42,8 +42,10 @@ Table marked(std::string name, const std::string& prefix, std::vector<Column> co
 std::span<const Table> tables() {
   static const std::vector<Table> all = [] {
     std::vector<Table> result;
-    for (auto group : {employeeTables, personalRecordTables, documentTables, organisationTables,
-                       employeeTypeTables, rateTables, slipTables, calendarTables, hostTables}) {
+    // The version's table comes first: tables without it were not made here.
+    for (auto group :
+         {versionTables, employeeTables, personalRecordTables, documentTables, organisationTables,
+          employeeTypeTables, rateTables, slipTables, calendarTables, hostTables}) {
       std::ranges::move(group(), std::back_inserter(result));
     }
     return result;

@@ -22,7 +22,8 @@ enum class ColumnType {
 struct Column {
   std::string name;
   ColumnType type = ColumnType::Text;
-  int length = 0;  // of a text, in characters
+  int length = 0;       // of a text, in characters
+  bool isCode = false;  // a text that statements carry as it stands
 };
 
 /// Columns as they stand in the CREATE INDEX: "TEmpTSecCode, TEmpCode". The columns of a unique

@@ -43,5 +43,6 @@ std::vector<Table> rateTables();
 std::vector<Table> slipTables();
 std::vector<Table> calendarTables();
 std::vector<Table> hostTables();
+std::vector<Table> versionTables();
 
 }  // namespace kt7::schema

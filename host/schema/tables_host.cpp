@@ -28,8 +28,11 @@ std::vector<Table> hostTables() {
             {code("TRLeRun"), code("TRLeFrom"), code("TRLeTo"), whole("TRLeFirstNo"),
              text("TRLeWorker"), small("TRLeState"), moment("TRLeUntil")},
             {unique("TRLeRun, TRLeFrom")}),
-      table("KT7TSchema", "TSch", {whole("TSchVersion")}, {}),
   };
+}
+
+std::vector<Table> versionTables() {
+  return {table("KT7TSchema", "TSch", {whole("TSchVersion")}, {})};
 }
 
 }  // namespace kt7::schema

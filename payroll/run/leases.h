@@ -45,6 +45,8 @@ class RunLeases {
   /// Some parts of that name that are open, free again at `now` or the worker's already.
   virtual std::vector<PartRow> freeParts(const std::string& run, const std::string& worker,
                                          Date now) = 0;
+  /// All parts of the run, those of a name together and in the order of their codes.
+  virtual std::vector<PartRow> parts(const std::string& run) = 0;
   virtual int countUndone(const std::string& run) = 0;
   /// How many parts of the run are not done, whatever their name; and the latest sign of life of
   /// those who work on it.

@@ -52,6 +52,7 @@ void PagePayer::pay(const Page& page) {
   report_.append(attempt);
   recovery_.doing([&] { numbers_.give(page, changes, services_); });
   writer_.write(changes);
+  for (const Slip& slip : page.standing) report_.standing(slip);
 }
 
 void PagePayer::remove(const std::vector<KnownSlip>& slips) {

@@ -18,7 +18,7 @@ std::optional<Page> PageQueue::take(RunServices& services) {
   const std::lock_guard readersTurn(reading_);
   while (!endReached()) {
     const SlipPeriod& period = plan_.periods[period_];
-    if (!period.frozen && !periodRead_) {
+    if (!periodRead_) {
       if (!waitForRoom()) return std::nullopt;
       Page page{0, &period, {}};
       if (readPage(services, page)) {
@@ -42,12 +42,19 @@ bool PageQueue::endReached() {
 }
 
 bool PageQueue::readPage(RunServices& services, Page& page) {
-  page.employees = services.company.employees(
-      {page.period->type, page.period->salary, afterCode_, kEmployeesAtOnce});
-  periodRead_ = page.employees.size() < static_cast<std::size_t>(kEmployeesAtOnce);
-  if (page.employees.empty()) return false;
-  afterCode_ = page.employees.back().code;
-  return true;
+  const SlipPeriod& period = *page.period;
+  if (period.frozen) {
+    page.standing =
+        services.company.paidSlips({period.type, period.payDate}, afterCode_, kEmployeesAtOnce);
+    if (!page.standing.empty()) afterCode_ = page.standing.back().employee;
+  } else {
+    page.employees =
+        services.company.employees({period.type, period.salary, afterCode_, kEmployeesAtOnce});
+    if (!page.employees.empty()) afterCode_ = page.employees.back().code;
+  }
+  const std::size_t read = page.employees.size() + page.standing.size();
+  periodRead_ = read < static_cast<std::size_t>(kEmployeesAtOnce);
+  return read > 0;
 }
 
 bool PageQueue::waitForRoom() {
@@ -100,6 +107,7 @@ int PageQueue::nextSequence(Date payDate, RunServices& services) {
 }
 
 void PageQueue::finish(const Page& page, Report report) {
+  report.ofPage = true;
   const std::lock_guard lock(state_);
   reports_.emplace(page.index, std::move(report));
   ++finished_;
@@ -131,7 +139,7 @@ std::optional<Report> PageQueue::takeReport(std::map<std::size_t, Report>::itera
   told_ = next->first + 1;
   Report report = std::move(next->second);
   reports_.erase(next);
-  if (report.employees > 0) --underWay_;
+  if (report.ofPage) --underWay_;
   changed_.notify_all();
   return report;
 }

@@ -75,6 +75,9 @@ class Company {
   virtual std::vector<std::string> employeesWithoutType(const DaySpan& span, int limit) = 0;
   virtual std::vector<KnownSlip> slips(const std::vector<std::string>& employees,
                                        const DaySpan& payDates) = 0;
+  /// The slips that stand under a type and pay date, with their items, in the order of employees.
+  virtual std::vector<Slip> paidSlips(const SlipDate& of, const std::string& afterEmployee,
+                                      int limit) = 0;
   /// Where slips stand in a span of pay dates, of one type or ("") of all.
   virtual std::vector<SlipDate> slipDates(const std::string& type, const DaySpan& payDates) = 0;
   virtual std::vector<KnownSlip> undueSlips(const UndueQuery& query) = 0;
@@ -116,6 +119,8 @@ class RunListener {
 
   /// A slip that now stands in the database.
   virtual void paid(const Slip& slip) = 0;
+  /// A slip of a frozen period, which stands as it was paid.
+  virtual void standing(const Slip& /*slip*/) {}
   virtual void note(const std::string& text) = 0;
   /// An employee who was not paid on that date, and why.
   virtual void failed(const std::string& employee, Date payDate, const std::string& cause) = 0;

@@ -6,6 +6,8 @@ void Report::tellTo(RunListener& listener) const {
   for (const auto& told : told_) {
     if (const auto* const slip = std::get_if<Slip>(&told)) {
       listener.paid(*slip);
+    } else if (const auto* const frozen = std::get_if<Standing>(&told)) {
+      listener.standing(frozen->slip);
     } else if (const auto* const text = std::get_if<std::string>(&told)) {
       listener.note(*text);
     } else {
@@ -13,6 +15,14 @@ void Report::tellTo(RunListener& listener) const {
       listener.failed(unpaid.employee, unpaid.payDate, unpaid.cause);
     }
   }
+}
+
+void Report::countFailed(const std::string& employee, Date payDate, const std::string& cause) {
+  ++outcome.failed;
+  // The operations' statements carry the code as it stands.
+  const bool quote = employee.find('\'') != std::string::npos;
+  failed(employee, payDate,
+         quote ? cause + "; the code holds a quote: give the employee another one" : cause);
 }
 
 void Report::append(const Report& other) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <exception>
@@ -37,10 +38,17 @@ class ReportQueue {
     const std::lock_guard lock(mutex_);
     return stopped_;
   }
-  /// The next report; none when all workers have ended.
-  std::optional<Report> next() {
+  /// The next report; none when all workers have ended. `meanwhile` is called once a second that it
+  /// is waited for.
+  template <typename Meanwhile>
+  std::optional<Report> next(Meanwhile meanwhile) {
     std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !reports_.empty() || workers_ <= 0; });
+    const auto isThere = [this] { return !reports_.empty() || workers_ <= 0; };
+    while (!changed_.wait_for(lock, std::chrono::seconds(1), isThere)) {
+      lock.unlock();
+      meanwhile();
+      lock.lock();
+    }
     if (reports_.empty()) return std::nullopt;
     Report report = std::move(reports_.front());
     reports_.pop_front();

@@ -3,6 +3,7 @@
 
 #include "payroll/run/month_end.h"
 #include "payroll/run/report_queue.h"
+#include "payroll/run/shared_progress.h"
 #include "payroll/run/shared_worker.h"
 #include "payroll/run/threads.h"
 
@@ -25,9 +26,13 @@ std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunReques
 }
 
 /// Passes the reports on until the last worker has ended.
-void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told) {
+void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told,
+             SharedProgress& progress) {
   try {
-    while (const auto report = reports.next()) told(*report);
+    while (const auto report = reports.next([&] { progress.look(); })) {
+      told(*report);
+      progress.count(*report);
+    }
   } catch (...) {
     reports.stop(std::current_exception());
   }
@@ -37,7 +42,7 @@ void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told) {
 
 /// Pays what there is to pay by the process's workers. False where the run was begun anew.
 bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWorker& newWorker,
-              const TakeReport& told) {
+              const TakeReport& told, SharedProgress& progress) {
   ReportQueue reports(request.jobs);
   std::atomic<bool> finished = true;
   Threads threads;
@@ -55,7 +60,7 @@ bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWork
     }
     reports.workerEnds();
   });
-  tellAll(reports, threads, told);
+  tellAll(reports, threads, told, progress);
   return finished;
 }
 
@@ -72,7 +77,8 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
   };
   for (;;) {
     const SharedPlan shared = joinRun(request, services, listener, name);
-    if (!payParts(shared, request, newWorker, told)) continue;
+    auto progress = madeOn(services, [&] { return SharedProgress(shared, services, listener); });
+    if (!payParts(shared, request, newWorker, told, progress)) continue;
     if (memberOf(shared, request, services, name)->end(listener, told)) return outcome;
   }
 }

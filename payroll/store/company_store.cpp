@@ -102,6 +102,33 @@ std::vector<KnownSlip> CompanyStore::slips(const std::vector<std::string>& emplo
                    " ORDER BY TEPSNo");
 }
 
+std::vector<Slip> CompanyStore::paidSlips(const SlipDate& of, const std::string& afterEmployee,
+                                          int limit) {
+  std::vector<Slip> slips;
+  auto rows = records_.open(
+      top(limit) + kPaidSlipColumns + " WHERE TEPSTEmTCode=" + records_.quoted(of.type) +
+      " AND TEpsTSaPDate=" + records_.dateText(of.payDate) + " AND " + ofRun("TEPS") +
+      " AND TEpSTEmpCode>" + records_.quoted(afterEmployee) + " ORDER BY TEpSTEmpCode");
+  for (; !rows->Eof(); rows->MoveNext()) slips.push_back(paidSlipIn(*rows));
+  readItems(slips);
+  return slips;
+}
+
+void CompanyStore::readItems(std::vector<Slip>& slips) {
+  if (slips.empty()) return;
+  std::map<std::string, Slip*> byNumber;
+  std::vector<std::string> numbers;
+  for (Slip& slip : slips) {
+    byNumber[slip.number] = &slip;
+    numbers.push_back(slip.number);
+  }
+  auto rows = records_.open("SELECT " + std::string(kItemColumns) + " WHERE TSmbTEPSNo IN " +
+                            records_.listOf(numbers) + " ORDER BY TSmbTEPSNo, TSmbLn");
+  for (; !rows->Eof(); rows->MoveNext()) {
+    byNumber.at(textIn(*rows, "TSmbTEPSNo"))->items.push_back(itemIn(*rows));
+  }
+}
+
 std::vector<SlipDate> CompanyStore::slipDates(const std::string& type, const DaySpan& payDates) {
   std::vector<SlipDate> dates;
   auto rows = records_.open(

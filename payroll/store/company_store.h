@@ -18,6 +18,8 @@ class CompanyStore : public Company {
   std::vector<std::string> employeesWithoutType(const DaySpan& span, int limit) override;
   std::vector<KnownSlip> slips(const std::vector<std::string>& employees,
                                const DaySpan& payDates) override;
+  std::vector<Slip> paidSlips(const SlipDate& of, const std::string& afterEmployee,
+                              int limit) override;
   std::vector<SlipDate> slipDates(const std::string& type, const DaySpan& payDates) override;
   std::vector<KnownSlip> undueSlips(const UndueQuery& query) override;
   bool hasSlips(const DaySpan& payDates) override;
@@ -32,6 +34,7 @@ class CompanyStore : public Company {
   std::string paidFor(const std::string& type, const DaySpan& span) const;
   std::vector<Employee> readEmployees(const std::string& sql);
   std::vector<KnownSlip> readSlips(const std::string& sql);
+  void readItems(std::vector<Slip>& slips);
 
   Records& records_;
 };

@@ -91,12 +91,19 @@ bool LeaseStore::lay(const RunPart& head, const std::string& worker,
 
 std::vector<PartRow> LeaseStore::freeParts(const std::string& run, const std::string& worker,
                                            Date now) {
+  return read("SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
+              "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" + number(PartState::Open) +
+              " OR (TRLeState=" + number(PartState::Taken) + " AND (TRLeUntil<" + moment(now) +
+              " OR TRLeWorker=" + records_.quoted(worker) + "))) ORDER BY TRLeFrom");
+}
+
+std::vector<PartRow> LeaseStore::parts(const std::string& run) {
+  return read("SELECT " + std::string(kColumns) + partsOf(run) + " ORDER BY TRLeRun, TRLeFrom");
+}
+
+std::vector<PartRow> LeaseStore::read(const std::string& query) {
   std::vector<PartRow> parts;
-  auto rows = records_.open(
-      "SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
-      "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" + number(PartState::Open) +
-      " OR (TRLeState=" + number(PartState::Taken) + " AND (TRLeUntil<" + moment(now) +
-      " OR TRLeWorker=" + records_.quoted(worker) + "))) ORDER BY TRLeFrom");
+  auto rows = records_.open(query);
   for (; !rows->Eof(); rows->MoveNext()) parts.push_back(rowIn(*rows));
   return parts;
 }

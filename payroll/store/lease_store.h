@@ -18,6 +18,7 @@ class LeaseStore : public RunLeases {
            Date until) override;
   std::vector<PartRow> freeParts(const std::string& run, const std::string& worker,
                                  Date now) override;
+  std::vector<PartRow> parts(const std::string& run) override;
   int countUndone(const std::string& run) override;
   int countAllUndone(const std::string& run) override;
   Date lastUntil(const std::string& run) override;
@@ -25,6 +26,7 @@ class LeaseStore : public RunLeases {
   bool mark(const RunPart& part, const std::string& worker, PartState state, Date until) override;
 
  private:
+  std::vector<PartRow> read(const std::string& query);
   void insert(const PartRow& row);
   bool update(const RunPart& part, const std::string& condition, const std::string& worker,
               PartState state, Date until);

@@ -106,4 +106,22 @@ KnownSlip slipIn(ado::Recordset& row) {
   return slip;
 }
 
+Slip paidSlipIn(ado::Recordset& row) {
+  Slip slip;
+  slip.number = textIn(row, "TEPSNo");
+  slip.employee = textIn(row, "TEpSTEmpCode");
+  slip.fullName = fullName(row);
+  slip.type = textIn(row, "TEPSTEmTCode");
+  slip.payDate = row.get("TEpsTSaPDate").toDate();
+  slip.span = spanIn(row, "TEpsStartDate", "TEpsEndDate");
+  slip.payDays = numberIn(row, "TEPSTotalWorkDay");
+  return slip;
+}
+
+SlipItem itemIn(ado::Recordset& row) {
+  const auto counts = static_cast<Counts>(wholeIn(row, "TSmbCheckMoney"));
+  return {textIn(row, "TSmbTAMTAlias"), textIn(row, "TSmbName"), numberIn(row, "TSmbQuantity"),
+          counts, moneyIn(row, counts == Counts::Income ? "TSmbDebit" : "TSmbCrebit")};
+}
+
 }  // namespace kt7::payroll

@@ -30,10 +30,22 @@ inline constexpr const char* kSlipColumns =
     "(SELECT SUM(TSmbDebit+TSmbCrebit) FROM KT7TEmpSlipItem WHERE TSmbTEPSNo=TEPSNo AND "
     "TSmbTAMTAlias='SFUNDCO') AS EmployerSFUND";
 
+/// A slip as it was paid, with its employee's name.
+inline constexpr const char* kPaidSlipColumns =
+    "TEPSNo, TEpSTEmpCode, TEPSTEmTCode, TEpsTSaPDate, TEpsStartDate, TEpsEndDate, "
+    "TEPSTotalWorkDay, TEmpPrefix, TEmpFirstName, TEmpLastName FROM KT7TEmpSlipDoc LEFT JOIN "
+    "KT7TEmployee ON TEmpCode=TEpSTEmpCode";
+
+inline constexpr const char* kItemColumns =
+    "TSmbTEPSNo, TSmbTAMTAlias, TSmbName, TSmbQuantity, TSmbCheckMoney, TSmbDebit, TSmbCrebit FROM "
+    "KT7TEmpSlipItem";
+
 TypeRow typeIn(ado::Recordset& row);
 SlipPeriod periodIn(ado::Recordset& row);
 Employee employeeIn(ado::Recordset& row, const Records& records);
 KnownSlip slipIn(ado::Recordset& row);
+Slip paidSlipIn(ado::Recordset& row);
+SlipItem itemIn(ado::Recordset& row);
 /// Income, bonus, salary, social security, fund and tax.
 PaySums balanceSumsIn(ado::Recordset& row);
 

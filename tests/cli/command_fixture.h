@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -22,7 +23,8 @@ struct Outcome {
 };
 
 /// Runs the command in this process, without a KT7HR_DB from outside.
-inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = "") {
+inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = "",
+                     bool errIsTerminal = false) {
   unsetenv("KT7HR_DB");
   words.insert(words.begin(), "kt7hr");
   std::vector<const char*> argv;
@@ -30,7 +32,7 @@ inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = 
   for (const std::string& word : words) argv.push_back(word.c_str());
   std::istringstream in(input);
   std::ostringstream out, err;
-  Console console{in, out, err};
+  Console console{in, out, err, false, errIsTerminal};
   const int exitCode = run(static_cast<int>(argv.size()), argv.data(), console);
   return {exitCode, out.str(), err.str()};
 }

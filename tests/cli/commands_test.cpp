@@ -45,6 +45,7 @@ TEST_F(Commands, RefuseWrongUseInOneLineThatHelps) {
        "kt7hr init"},
       {{"setting"}, kWrongUse, "kt7hr setting --help"},
       {{"setting", "set", "", "1", "--db", db}, kWrongUse, "KEY"},
+      {{"copy", "--from", db, "--to", database("target.db")}, kFailed, "none.db"},
       {{"setting", "set", "A"}, kWrongUse, "kt7hr setting set --help"},
   };
   for (const Case& each : cases) {
@@ -54,14 +55,16 @@ TEST_F(Commands, RefuseWrongUseInOneLineThatHelps) {
     EXPECT_NE(outcome.err.find(each.hint), std::string::npos) << outcome.err;
     EXPECT_EQ(outcome.out, "");
   }
-  EXPECT_FALSE(std::filesystem::exists(path("none.db")));
+  for (const char* name : {"none.db", "target.db"}) {
+    EXPECT_FALSE(std::filesystem::exists(path(name))) << name;
+  }
 }
 
 TEST_F(Commands, ShowHelpWithAnExampleEverywhere) {
   const std::vector<std::vector<std::string>> commands{
       {}, {"init"}, {"import"}, {"call"}, {"rpc"}, {"setting"}, {"setting", "set"}};
   for (std::vector<std::string> words : commands) {
-    words.push_back("--help");
+    words.emplace_back("--help");
     const Outcome outcome = kt7hr(words);
     EXPECT_EQ(outcome.exitCode, kDone);
     EXPECT_EQ(outcome.err, "");
@@ -115,6 +118,11 @@ TEST_F(Commands, SetSettingsOfAnyTextByTheirExactKey) {
               each.value);
   }
   EXPECT_EQ(asked(database(), "SELECT COUNT(*) FROM KT7TSetting"), "4");
+  const auto warning = [&](const char* key) {
+    return kt7hr({"setting", "set", key, "1", "--db", database()}).err;
+  };
+  EXPECT_EQ(warning("STAXSelfRate"), "");
+  EXPECT_NE(warning("STAXSelfRat").find("did you mean 'STAXSelfRate'?"), std::string::npos);
 }
 
 TEST_F(Commands, ImportAddsAllRowsOrNone) {

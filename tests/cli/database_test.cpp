@@ -51,6 +51,70 @@ TEST_F(DatabaseCommands, InitUpgradesWhatIsOlderAndRefusesWhatItDoesNotKnow) {
   EXPECT_TRUE(says(partial.err, "missing: KT7TUserRight;")) << partial.err;
 }
 
+TEST_F(DatabaseCommands, WorkOnACompanyOfThisVersionOnly) {
+  ASSERT_EQ(kt7hr({"init", "--sample", "--db", db()}).exitCode, kDone);
+  const std::string rows = written("rows.csv", "TBraCode\nB9\n");
+  const std::vector<std::vector<std::string>> own{{"payroll", "--month", "2026-01"},
+                                                  {"payroll", "--month", "2026-01", "--share"},
+                                                  {"employee", "show", "E0001"},
+                                                  {"employee", "rename", "E0001", "X1", "--yes"},
+                                                  {"user", "add", "9"},
+                                                  {"user", "show", "9"},
+                                                  {"setting", "set", "A", "1"},
+                                                  {"import", "KT7TBranch", rows}};
+  const std::vector<std::vector<std::string>> ofAnyMaker{
+      {"call", "GETDAYRATE", R"({"EmployeeCode":"E0001"})"}, {"rpc"}};
+  const auto expectAll = [&](const auto& commands, int exitCode, const char* part) {
+    for (std::vector<std::string> words : commands) {
+      words.insert(words.end(), {"--db", db()});
+      const Outcome outcome = kt7hr(words);
+      EXPECT_EQ(outcome.exitCode, exitCode) << words[0] << ": " << outcome.err;
+      EXPECT_TRUE(says(outcome.err, part)) << words[0] << ": " << outcome.err;
+      if (exitCode != kDone) EXPECT_EQ(outcome.out, "") << words[0];
+    }
+  };
+  const struct {
+    const char* version;
+    const char* advice;
+  } cases[] = {{"1", "run kt7hr init on this database to upgrade them to version 2"},
+               {"3", "of version 3, this kt7hr knows them up to 2; use a newer one"},
+               {"-1", "a copy that was never finished; run the same kt7hr copy again"}};
+  for (const auto& row : cases) {
+    runOn(db(), std::string("UPDATE KT7TSchema SET TSchVersion=") + row.version);
+    expectAll(own, kFailed, row.advice);
+    expectAll(ofAnyMaker, kFailed, row.advice);
+  }
+  // Another program's: it keeps no version.
+  runOn(db(), "DROP TABLE KT7TSchema");
+  expectAll(own, kFailed, "where another program keeps it only kt7hr call and kt7hr rpc work");
+  expectAll(ofAnyMaker, kDone, "");
+  for (const char* table : {"KT7TEmpSlipDoc", "KT7TUser", "KT7TSetting WHERE TSetKey='A'",
+                            "KT7TBranch WHERE TBraCode='B9'", "KT7TEmployee WHERE TEmpCode='X1'"}) {
+    EXPECT_EQ(data::askOne(db(), std::string("SELECT COUNT(*) FROM ") + table, {}).toInt32(), 0)
+        << table;
+  }
+}
+
+TEST_F(DatabaseCommands, InitMakesAnewWhatWasBrokenOff) {
+  const schema::Engine dialect = schema::engineOf(engine().kind);
+  const auto makeSome = [&] {
+    for (const char* table : {"KT7TSchema", "KT7TUser"}) {
+      runOn(db(), schema::createTableText(*schema::findTable(table), dialect));
+    }
+  };
+  makeSome();
+  runOn(db(), "INSERT INTO KT7TUser (TUsrID) VALUES (7)");
+  const Outcome kept = init(db());
+  EXPECT_EQ(kept.exitCode, kFailed);
+  EXPECT_TRUE(says(kept.err, "where it holds rows restore it")) << kept.err;
+  EXPECT_EQ(data::askOne(db(), "SELECT TUsrID FROM KT7TUser", {}).toInt32(), 7);
+
+  runOn(db(), "DELETE FROM KT7TUser");
+  const Outcome made = kt7hr({"init", "--sample", "--db", db()});
+  EXPECT_EQ(made.exitCode, kDone) << made.err;
+  EXPECT_EQ(data::askOne(db(), "SELECT COUNT(*) FROM KT7TEmployee", {}).toInt32(), 40);
+}
+
 TEST_F(DatabaseCommands, InitMakesTheFunctionOfTheEngineAnew) {
   ASSERT_EQ(init(db()).exitCode, kDone);
   if (engine().kind != "POSTGRESQL") return;

@@ -82,6 +82,37 @@ TEST_F(Users, AddingAgainTakesNothingAway) {
   EXPECT_EQ(asked("SELECT TUsrName FROM KT7TUser WHERE TUsrID=7"), "สมชาย");
 }
 
+TEST_F(Users, RevokeTakesWhatIsNamedOrNothing) {
+  done({"user", "grant", "7", "--type", "M1", "--type", "W4", "--welfare", "--salary", "--branch",
+        "BR01", "--right", "HRMASTERALLBRANCH"});
+  done({"user", "grant", "8", "--type", "M1", "--salary"});
+  done({"user", "add", "7", "--administrator", "--module-administrator"});
+  for (const std::vector<std::string>& notHeld :
+       {std::vector<std::string>{"--type", "M1", "--type", "H1"},
+        {"--branch", "BR01", "--branch", "BR02"},
+        {"--type", "M1", "--right", "HRMASTERALLTYPE"}}) {
+    std::vector<std::string> words{"user", "revoke", "7"};
+    words.insert(words.end(), notHeld.begin(), notHeld.end());
+    const Outcome refused = ask(words);
+    EXPECT_EQ(refused.exitCode, kFailed);
+    EXPECT_TRUE(refused.err.ends_with("nothing was taken away\n")) << refused.err;
+  }
+  EXPECT_EQ(ask({"user", "revoke", "7"}).exitCode, kWrongUse);
+  EXPECT_EQ(ask({"user", "revoke", "7", "--type", "M'1"}).exitCode, kWrongUse);
+
+  done({"user", "revoke", "7", "--administrator", "--module-administrator"});
+  EXPECT_EQ(filter(2), " ( TEmTCode='' OR  TEmTCode='M1' OR  TEmTCode='W4')");
+  done({"user", "revoke", "7", "--type", "M1", "--salary"});
+  EXPECT_FALSE(seesSalary("M1"));
+  EXPECT_EQ(filter(1), " ( TEmTCode='' OR  TEmTCode='M1' OR  TEmTCode='W4')");
+  EXPECT_EQ(ask({"user", "revoke", "7", "--type", "M1", "--salary"}).exitCode, kFailed);
+  done({"user", "revoke", "7", "--type", "W4", "--branch", "BR01", "--right", "HRMASTERALLBRANCH"});
+  EXPECT_EQ(filter(0, "TEmpTEmTCode"),
+            " ( TEMPTEMTCODE='' OR  TEMPTEMTCODE='M1') AND ( TEmpTBraCode='')");
+  EXPECT_EQ(asked("SELECT COUNT(*) FROM KT7TUserEmpType WHERE TUETTUsrID=8 AND TUETSalary<>''"),
+            "1");
+}
+
 TEST_F(Users, ShowSaysInWordsWhatAUserMaySee) {
   done({"user", "grant", "7", "--type", "M1", "--type", "H1", "--welfare", "--branch", "BR01"});
   done({"user", "grant", "7", "--type", "M1", "--salary"});

@@ -1,4 +1,5 @@
 #include "cli/command_fixture.h"
+#include "fronts/cli/commands/payroll_register.h"
 #include "fronts/cli/screens/display_text.h"
 #include "host/roles/host_data_obj.h"
 
@@ -66,6 +67,51 @@ TEST_F(PayrollCommand, TableIsAlignedAndAddsUp) {
   EXPECT_NE(table.out.find("1,674,789.50"), std::string::npos);
 }
 
+TEST_F(PayrollCommand, FrozenSlipsStayInTheRegister) {
+  const std::string before = payroll({"--month", "2026-01", "--format", "csv"}).out;
+  sql("UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0 WHERE TSAPDate<'2026-01-20'");
+  for (const char* jobs : {"1", "3"}) {
+    const Outcome again = payroll({"--month", "2026-01", "--format", "csv", "--jobs", jobs});
+    EXPECT_EQ(again.out, before) << jobs;
+    EXPECT_NE(again.err.find("M2 on 2026-01-15 is frozen"), std::string::npos) << again.err;
+  }
+}
+
+TEST_F(PayrollCommand, BarOnATerminalCountsEverySlip) {
+  std::string bar = "\r[" + std::string(40, '#') + "] 63 of 63 slips\x1b[K\r\x1b[K";
+  for (const std::vector<std::string>& how :
+       {std::vector<std::string>{}, {"--jobs", "2"}, {"--share"}}) {
+    std::vector<std::string> words{"payroll", "--month", "2026-01", "--db", database()};
+    words.insert(words.end(), how.begin(), how.end());
+    const Outcome outcome = kt7hr(words, "", true);
+    EXPECT_EQ(outcome.exitCode, kDone) << outcome.err;
+    EXPECT_TRUE(outcome.err.ends_with(bar)) << outcome.err;
+  }
+}
+
+TEST(PayrollRegister, ThatIsBrokenOffSaysSo) {
+  payroll::Slip slip;
+  slip.employee = "E1";
+  slip.payDate = Date::fromYmd(2026, 1, 31);
+  const auto brokenOff = [&](const char* format, int slips) {
+    std::ostringstream out;
+    const auto writer = registerWriter(format, out, "2026-01");
+    for (int i = 0; i < slips; ++i) writer->add(slip);
+    writer->breakOff("lost \"here\"\nand there");
+    return out.str();
+  };
+  const OrderedJson records = OrderedJson::parse(brokenOff("json", 2));
+  ASSERT_EQ(records.size(), 3u);
+  EXPECT_EQ(records[1]["EmployeeCode"], "E1");
+  EXPECT_EQ(records[2], (OrderedJson{{"Error", "lost \"here\"\nand there"}}));
+  const std::string table = brokenOff("table", 2);
+  EXPECT_TRUE(table.ends_with("-\nNot complete: lost \"here\" and there\n")) << table;
+  EXPECT_EQ(table.find("Total"), std::string::npos);
+  const std::string csv = brokenOff("csv", 2);
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 3);
+  for (const char* format : {"json", "table", "csv"}) EXPECT_EQ(brokenOff(format, 0), "");
+}
+
 TEST_F(PayrollCommand, SaysWhyItDoesNotPay) {
   struct Case {
     std::vector<std::string> words;
@@ -84,6 +130,9 @@ TEST_F(PayrollCommand, SaysWhyItDoesNotPay) {
            {{"--month", "January"}, kWrongUse, "'January' is no month"},
            {{"--month", "2026-01", "--now", "2026-02-01"}, kWrongUse, "does not lie in"},
            {{"--month", "2026-01", "--type", "X"}, kWrongUse, "no employee type 'X'"},
+           {{"--month", "2026-01", "--type", ""}, kWrongUse, "--type is empty"},
+           {{"--month", "2026-01", "--input", ""}, kWrongUse, "--input is empty"},
+           {{"--month", "2026-01", "--lease", "5"}, kWrongUse, "--share"},
            {{"--month", "2026-01", "--format", "xml"}, kWrongUse, "--format"},
            {{"--month", "2026-01", "--input", path("none.csv")}, kFailed, "cannot read"},
            {{"--month", "2026-01", "--input", headless}, kFailed, "no column Quantity"},

@@ -125,6 +125,17 @@ TEST_F(Month2026, FrozenPeriodStaysAndCountsInTheMonth) {
   sql("UPDATE KT7TEmployee SET TEmpTEmTCode='M1' WHERE TEmpCode='E0012'");
   const Told second = pay(1, {input("E0011", "2026-01-15", "BONUS", "", "5000")});
   EXPECT_TRUE(second.noted("M2 on 2026-01-15 is frozen"));
+  ASSERT_EQ(second.frozen.size(), 7u);
+  for (const Slip& slip : second.frozen) {
+    const auto paid = std::ranges::find(first.slips, slip.number, &Slip::number);
+    ASSERT_NE(paid, first.slips.end()) << slip.number;
+    EXPECT_EQ(slip.employee + slip.fullName + slip.type,
+              paid->employee + paid->fullName + paid->type);
+    EXPECT_EQ(slip.payDays, paid->payDays);
+    EXPECT_EQ(registerAmounts(slip).salary, registerAmounts(*paid).salary);
+    EXPECT_EQ(registerAmounts(slip).net, registerAmounts(*paid).net);
+    EXPECT_EQ(slip.items.size(), paid->items.size());
+  }
   EXPECT_EQ(second.slipsOf("E0011"), 1);
   EXPECT_EQ(second.amounts("E0011").gross, baht("17500"));
   EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode='E0011' AND TEPSNetTotal=14000"), 1);
@@ -205,6 +216,7 @@ TEST_F(Month2026, OneFailureIsNobodyElses) {
   ASSERT_EQ(told.failures.size(), 2u);
   EXPECT_EQ(told.failures[0], "E0005: no salary");
   EXPECT_EQ(told.failures[1].find("E'7: database error -2147217900"), 0u) << told.failures[1];
+  EXPECT_TRUE(told.failures[1].ends_with("the code holds a quote: give the employee another one"));
   EXPECT_TRUE(told.noted("statuses of the employees could not"));
   EXPECT_EQ(told.outcome.failed, 2);
   EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEPSTEmTCode='M1'"), 14);

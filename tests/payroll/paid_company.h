@@ -28,6 +28,7 @@ inline std::string joined(std::initializer_list<const char*> columns) {
 /// What one run told.
 struct Told : RunListener {
   void paid(const Slip& slip) override { slips.push_back(slip); }
+  void standing(const Slip& slip) override { frozen.push_back(slip); }
   void note(const std::string& text) override { notes.push_back(text); }
   void failed(const std::string& employee, Date, const std::string& cause) override {
     failures.push_back(employee + ": " + cause);
@@ -54,6 +55,7 @@ struct Told : RunListener {
   }
 
   std::vector<Slip> slips;
+  std::vector<Slip> frozen;  // told as they stand
   std::vector<std::string> notes;
   std::vector<std::string> failures;
   std::vector<std::string> reasons;  // why the run stopped
@@ -128,9 +130,10 @@ class PaidCompany : public testing::Test {
     for (int i = 0; i < employees; ++i) {
       const std::string code = "'Z" + std::to_string(10000 + i) + "'";
       const std::string values = i == 0 ? "" : ", ";
-      people += values + "(" + code + ", 'Z', " + (i % 5 == 0 ? "'W4'" : "'M1'") +
-                ", '2024-01-01', " + std::to_string(i % 5 == 0 ? 500 : 15000 + i) + ", '00')";
-      more += values + "(" + code + ", 1)";
+      people.append(values).append("(").append(code).append(", 'Z', ");
+      people.append(i % 5 == 0 ? "'W4'" : "'M1'").append(", '2024-01-01', ");
+      people.append(std::to_string(i % 5 == 0 ? 500 : 15000 + i)).append(", '00')");
+      more.append(values).append("(").append(code).append(", 1)");
     }
     sql("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, TEmpSignDate, "
         "TEmpSalary, TEmpTBraCode) VALUES " +

@@ -16,6 +16,13 @@ struct Dying : Told {
   }
 };
 
+/// One who looks how far the run is.
+struct Watching : Told {
+  bool wantsProgress() const override { return true; }
+  void progress(int done, int total) override { seen.emplace_back(done, total); }
+  std::vector<std::pair<int, int>> seen;
+};
+
 class Share : public PaidCompany {
  protected:
   Share() { platform_.setNow(Month(2026, 1).lastDay()); }
@@ -64,6 +71,34 @@ TEST_F(Share, PartsOfOneThatEndedAreTakenOver) {
   EXPECT_EQ(heir.outcome.failed, 0);
   EXPECT_EQ(books(), expected);
   EXPECT_EQ(count("KT7TRunLease WHERE TRLeState<>2"), 0);
+}
+
+TEST_F(Share, ProgressCountsWhatOthersHaveDone) {
+  hire(120);
+  host::HostDataObj dataObj(database_.connectionString());
+  Watching alone;
+  payMonth(platform_, dataObj, {Month(2026, 1), "", {}}, alone);
+  const auto all = alone.seen.back();
+  EXPECT_EQ(all.first, all.second);
+  forgetTheMonth();
+
+  Watching first;
+  share(first, {}, 1, 50);
+  EXPECT_EQ(first.seen.front(), (std::pair{0, all.second}));
+  EXPECT_EQ(first.seen.back(), all);
+
+  // Some parts of the last period that has several are left.
+  const std::string several = " FROM KT7TRunLease WHERE TRLeFrom>='Z'";
+  const std::string run = lines("SELECT MAX(TRLeRun) AS line" + several).front();
+  const std::string from =
+      lines("SELECT MIN(TRLeFrom) AS line" + several + " AND TRLeRun='" + run + "'").front();
+  const int employeesLeft =
+      count("KT7TEmployee WHERE TEmpTEmTCode='M1' AND TEmpCode>'" + from + "'");
+  ASSERT_GT(employeesLeft, 0);
+  sql("UPDATE KT7TRunLease SET TRLeState=0 WHERE TRLeFrom>='Z' AND TRLeRun='" + run + "'");
+  Watching heir;
+  share(heir, {}, 1, 50);
+  EXPECT_EQ(heir.seen.front(), (std::pair{all.second - employeesLeft, all.second}));
 }
 
 TEST_F(Share, InputMustBeTheSameWhileARunIsUnderWay) {

@@ -24,7 +24,10 @@ TEST(Cell, IsReadByTheTypeOfItsColumn) {
     std::string result;
   } cases[] = {
       {code("C"), "", "null"},
-      {code("C"), " a'b ", " a'b "},
+      {code("C"), " ก-1 ", " ก-1 "},
+      {code("C"), "a'b", "! holds a quote or a backslash, which a code cannot"},
+      {code("C"), "a\\b", "! holds a quote or a backslash, which a code cannot"},
+      {text("C", 4), "a'\\b", "a'\\b"},
       {text("C", 3), "กขค", "กขค"},
       {text("C", 3), "กขคง", "! is longer than 3 characters"},
       {text("C", 3), "\xE0\xB8", "! is not UTF-8 text"},

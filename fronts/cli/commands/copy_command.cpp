@@ -8,6 +8,7 @@
 #include "host/data/database.h"
 #include "host/schema/copy.h"
 #include "host/schema/engine_checks.h"
+#include "open_company.h"
 #include "progress_bar.h"
 
 namespace kt7::cli {
@@ -60,9 +61,8 @@ void print(const std::vector<schema::CopiedTable>& tables, std::ostream& out) {
 
 std::vector<schema::CopiedTable> copied(const std::string& from, const std::string& to,
                                         Console& console) {
+  const auto source = openCompany(from);
   data::createDatabase(to);
-  const auto source = data::createConnection();
-  source->Open(from);
   const auto target = data::createConnection();
   target->Open(to);
   try {

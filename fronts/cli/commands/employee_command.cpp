@@ -7,6 +7,7 @@
 #include "employee_sheet.h"
 #include "fronts/cli/screens/display_text.h"
 #include "host/roles/host_data_obj.h"
+#include "host/schema/schema.h"
 #include "interface/hr_object.h"
 
 namespace kt7::cli {
@@ -28,6 +29,7 @@ struct OpenCompany {
       : dataObj(given.database.connectionString()), hr(platform) {
     platform.setNow(given.database.clock());
     dataObj.OpenConnection();
+    schema::requireCompany(dataObj.Connection());
   }
 
   host::HostPlatform platform;
@@ -78,10 +80,6 @@ std::int64_t showCounts(const std::vector<CodeRows>& counts, const std::string& 
 
 bool isConfirmed(const EmployeeOptions& given, std::int64_t rows, Console& console) {
   if (given.yes) return true;
-  if (!console.inIsTerminal) {
-    throw WrongUse("nobody can be asked here and nothing was changed; give --yes to rename " +
-                   given.code + " to " + given.newCode);
-  }
   console.err << "Rename " << given.code << " to " << given.newCode << " in " << rows
               << " rows? [y/N] " << std::flush;
   std::string answer;
@@ -93,6 +91,10 @@ int renameOne(const EmployeeOptions& given, Console& console) {
   checkedCode(given.code, "an employee");
   checkedCode(given.newCode, "an employee");
   if (given.code == given.newCode) throw WrongUse("the old and the new code are the same");
+  if (!given.yes && !console.inIsTerminal) {
+    throw WrongUse("nobody can be asked here and nothing was changed; give --yes to rename " +
+                   given.code + " to " + given.newCode);
+  }
   OpenCompany company(given);
   requireRenamable(company.dataObj.Connection(), given.code, given.newCode);
   const std::int64_t rows =
@@ -116,7 +118,8 @@ void declareShow(CLI::App& group, CommandLine& line) {
       ->type_name("DATE");
   command.add_option("--format", given->format, "text or json")
       ->check(CLI::IsMember({"text", "json"}))
-      ->type_name("FORMAT");
+      ->type_name("FORMAT")
+      ->capture_default_str();
   given->database.addTo(command);
   command.callback(
       [given, &line] { line.chosen = [given, &line] { return showOne(*given, line.console); }; });

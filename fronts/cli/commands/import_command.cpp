@@ -7,6 +7,7 @@
 #include "host/schema/import.h"
 #include "host/schema/table.h"
 #include "nearest_name.h"
+#include "open_company.h"
 
 namespace kt7::cli {
 
@@ -39,8 +40,7 @@ int importFile(const ImportOptions& given, Console& console) {
   given.database.clock();
   std::ifstream file(given.file);
   if (!file) throw std::runtime_error("cannot read '" + given.file + "'");
-  const auto connection = data::createConnection();
-  connection->Open(connectionString);
+  const auto connection = openCompany(connectionString);
   try {
     const schema::ImportResult result = schema::importTable(*connection, given.table, file);
     console.out << result.rows << (result.rows == 1 ? " row" : " rows") << " added to "

@@ -35,11 +35,12 @@ void upgrade(ado::Connection& connection, schema::Engine engine, int from, const
               << schema::kSchemaVersion << "; its rows are as they were.\n";
 }
 
-void lookOver(ado::Connection& connection, schema::Engine engine, const std::string& shown,
-              Console& console) {
+void lookOver(ado::Connection& connection, schema::Engine engine, bool sample,
+              const std::string& shown, Console& console) {
   schema::requireByteOrder(connection, engine);
   if (schema::hasFunctions(connection, engine)) {
     console.out << shown << " holds a company already: nothing was changed.\n";
+    if (sample) console.out << "The sample company goes into an empty database only.\n";
     return;
   }
   for (const std::string& function : schema::createFunctionTexts(engine)) {
@@ -54,13 +55,15 @@ void bringUpToDate(ado::Connection& connection, const InitOptions& given, Consol
   const std::string shown = data::shownConnectionString(given.database.database);
   try {
     const schema::SchemaState state = schema::schemaState(connection, engine);
-    if (state.kind == Kind::Absent) {
+    const bool unfinished = state.kind == Kind::Partial && state.version == 0;
+    if (state.kind == Kind::Absent ||
+        (unfinished && schema::removeUnfinished(connection, engine))) {
       makeCompany(connection, engine, given.sample, shown, console);
     } else if (state.kind == Kind::Older) {
       upgrade(connection, engine, state.version, shown, console);
     } else {
       schema::requireCurrentSchema(connection, engine);
-      lookOver(connection, engine, shown, console);
+      lookOver(connection, engine, given.sample, shown, console);
     }
   } catch (const Error& error) {
     const std::string grants = schema::grantsFor(error, engine);

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <array>
+#include <csignal>
 #include <iostream>
 #include <mutex>
 
@@ -9,9 +10,11 @@
 #include "host/data/database.h"
 #include "host/roles/host_data_obj.h"
 #include "host/roles/host_platform.h"
+#include "open_company.h"
 #include "payroll/store/pay_month.h"
 #include "payroll_input.h"
 #include "payroll_register.h"
+#include "progress_bar.h"
 
 namespace kt7::cli {
 
@@ -23,55 +26,60 @@ constexpr int kLongestLease = 3600;
 struct PayrollOptions {
   DatabaseOptions database;
   std::string month;
-  std::string type;
-  std::string input;
+  std::optional<std::string> type;
+  std::optional<std::string> input;
   std::string format = "table";
   int jobs = 1;
   bool share = false;
   int leaseSeconds = payroll::Sharing().leaseSeconds;
 };
 
-/// Shows the run as it goes: the register on standard output, the rest on standard error.
+/// Shows the run as it goes: the register on standard output, the rest on standard error. Messages
+/// come from any worker.
 class RunView : public payroll::RunListener {
  public:
-  RunView(Console& console, RegisterWriter& slips) : console_(console), slips_(slips) {}
-  ~RunView() override { clearBar(); }
+  RunView(Console& console, RegisterWriter& slips)
+      : console_(console), slips_(slips), bar_(console) {}
 
   void paid(const payroll::Slip& slip) override {
-    clearBar();
+    const std::lock_guard turn(turn_);
+    bar_.clear();
     slips_.add(slip);
   }
+  void standing(const payroll::Slip& slip) override { paid(slip); }
   void note(const std::string& text) override {
-    clearBar();
+    const std::lock_guard turn(turn_);
+    bar_.clear();
     say(console_, text);
   }
   void failed(const std::string& employee, Date payDate, const std::string& cause) override {
-    clearBar();
-    say(console_, employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
+    note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
   }
   bool wantsProgress() const override { return console_.errIsTerminal; }
   void progress(int done, int total) override {
-    constexpr int kCells = 40;
-    if (total == 0) return;
-    const int filled = kCells * done / total;
-    console_.out.flush();
-    console_.err << "\r[" << std::string(static_cast<std::size_t>(filled), '#')
-                 << std::string(static_cast<std::size_t>(kCells - filled), ' ') << "] " << done
-                 << " of " << total << std::flush;
-    barShown_ = true;
+    const std::lock_guard turn(turn_);
+    bar_.show(done, total, "slips");
+  }
+  host::HostPlatform::MessageView messages() {
+    if (!console_.messageView) return [this](const std::string& text) { note(text); };
+    return [this](const std::string& text) {
+      const std::lock_guard turn(turn_);
+      bar_.clear();
+      console_.messageView(text);
+    };
   }
 
  private:
-  void clearBar() {
-    if (!barShown_) return;
-    console_.err << "\r\x1b[K" << std::flush;
-    barShown_ = false;
-  }
-
   Console& console_;
   RegisterWriter& slips_;
-  bool barShown_ = false;
+  ProgressBar bar_;
+  std::mutex turn_;
 };
+
+/// A script's variable that turned out empty must not pay everybody, or without the input.
+void refuseEmpty(const std::optional<std::string>& given, const std::string& option) {
+  if (given && given->empty()) throw WrongUse(option + " is empty; leave it out or give a value");
+}
 
 payroll::Month monthOf(const PayrollOptions& given) {
   const auto month = payroll::Month::fromText(given.month);
@@ -87,19 +95,27 @@ Date clockOf(const PayrollOptions& given, const payroll::Month& month) {
   return now;
 }
 
-int refuse(Console& console, const std::vector<std::string>& reasons, int exitCode) {
-  for (const std::string& reason : reasons) say(console, reason);
-  say(console, "nothing was paid: correct what is named above and run the month again");
-  return exitCode;
+/// Ends a register in whose middle the run has ended.
+void breakOff(RegisterWriter& slips, const std::string& cause, Console& console) {
+  slips.breakOff(cause);
+  if (!slips.begun()) return;
+  say(console,
+      "the run was broken off: the slips of the register are paid; run the month again to pay the "
+      "others");
 }
 
-/// Shows messages one at a time, whichever worker they come from.
-host::HostPlatform::MessageView messagesTo(Console& console) {
-  if (console.messageView) return console.messageView;
-  return [&console, turn = std::make_shared<std::mutex>()](const std::string& text) {
-    const std::lock_guard lock(*turn);
-    say(console, text);
-  };
+void requireWritten(Console& console) {
+  console.out.flush();
+  if (console.out) return;
+  throw std::runtime_error(
+      "the register could not be written to its end; the month is paid all the same, running it "
+      "again shows it");
+}
+
+int refuse(const payroll::RunStopped& stopped, Console& console) {
+  for (const std::string& reason : stopped.reasons()) say(console, reason);
+  say(console, "nothing was paid: correct what is named above and run the month again");
+  return stopped.cause() == payroll::RunStopped::Cause::WrongUse ? kWrongUse : kFailed;
 }
 
 /// A platform and a data object of its own for every worker.
@@ -133,8 +149,10 @@ void sayDisturbances(const payroll::RunOutcome& outcome, Console& console) {
 }
 
 payroll::RunRequest requestOf(const PayrollOptions& given, const payroll::Month& month) {
-  payroll::RunRequest request{month, given.type, {}, given.jobs, {}};
-  if (!given.input.empty()) request.input = readPayrollInput(given.input);
+  refuseEmpty(given.type, "--type");
+  refuseEmpty(given.input, "--input");
+  payroll::RunRequest request{month, given.type.value_or(""), {}, given.jobs, {}};
+  if (given.input) request.input = readPayrollInput(*given.input);
   if (given.share) {
     request.sharing = payroll::Sharing{};
     request.sharing->name = processName();
@@ -144,8 +162,8 @@ payroll::RunRequest requestOf(const PayrollOptions& given, const payroll::Month&
 }
 
 payroll::RunOutcome pay(const PayrollOptions& given, Date now, const payroll::RunRequest& request,
-                        const host::HostPlatform::MessageView& messages,
-                        payroll::RunListener& view) {
+                        RunView& view) {
+  const host::HostPlatform::MessageView messages = view.messages();
   const payroll::NewWorkplace newWorkplace = workplaces(given, now, messages);
   if (request.sharing) return payroll::paySharedMonth(request, view, newWorkplace);
   host::HostPlatform platform(now);
@@ -158,19 +176,26 @@ int payMonth(const PayrollOptions& given, Console& console) {
   const payroll::Month month = monthOf(given);
   const Date now = clockOf(given, month);
   const payroll::RunRequest request = requestOf(given, month);
-  const host::HostPlatform::MessageView messages = messagesTo(console);
   const auto slips = registerWriter(given.format, console.out, request.month.text());
+  openCompany(given.database.connectionString());
+  // A reader who has seen enough must not end the run in its middle.
+  std::signal(SIGPIPE, SIG_IGN);
   payroll::RunOutcome outcome;
   try {
     RunView view(console, *slips);
-    outcome = pay(given, now, request, messages, view);
-  } catch (const payroll::RunStopped& stopped) {
-    const bool wrongUse = stopped.cause() == payroll::RunStopped::Cause::WrongUse;
-    return refuse(console, stopped.reasons(), wrongUse ? kWrongUse : kFailed);
+    outcome = pay(given, now, request, view);
+  } catch (const std::exception& error) {
+    const auto* const stopped = dynamic_cast<const payroll::RunStopped*>(&error);
+    if (stopped != nullptr && !slips->begun()) return refuse(*stopped, console);
+    breakOff(*slips, error.what(), console);
+    throw;
   }
   slips->finish();
   sayDisturbances(outcome, console);
-  if (outcome.failed == 0) return kDone;
+  if (outcome.failed == 0) {
+    requireWritten(console);
+    return kDone;
+  }
   say(console, std::to_string(outcome.failed) +
                    " failed, the others are paid: correct what is named above and run the month "
                    "again");
@@ -186,6 +211,8 @@ void addPayroll(CLI::App& app, CommandLine& line) {
       "Pay a month: slip periods, slips, balances; prints the register. Running it again gives the "
       "same slips",
       "kt7hr payroll --month 2026-01 --input january.csv --format csv");
+  command.footer(command.get_footer() +
+                 "\n\nWithout --now the run takes place on the month's last day.");
   command.add_option("--month", given->month, "The month, as 2026-01")
       ->required()
       ->type_name("MONTH");
@@ -196,20 +223,22 @@ void addPayroll(CLI::App& app, CommandLine& line) {
       ->type_name("FILE.csv");
   command.add_option("--format", given->format, "table, csv or json")
       ->check(CLI::IsMember({"table", "csv", "json"}))
+      ->type_name("FORMAT")
       ->capture_default_str();
   command
       .add_option("--jobs", given->jobs,
                   "How many workers pay at a time; the register is the same for any number")
       ->check(CLI::Range(1, kMostJobs))
       ->capture_default_str();
-  command.add_flag(
+  CLI::Option* share = command.add_flag(
       "--share", given->share,
       "Pay together with other processes that are given the same: each pays and prints "
       "a part, and takes over what one that ended left");
   command
       .add_option("--lease", given->leaseSeconds,
-                  "With --share: seconds without a sign of life after which a part is taken over")
+                  "Seconds without a sign of life after which a part is taken over")
       ->check(CLI::Range(2, kLongestLease))
+      ->needs(share)
       ->capture_default_str();
   given->database.addTo(command);
   command.callback(

@@ -102,6 +102,11 @@ class TableRegister : public RegisterWriter {
     writeTotal("Total", all);
   }
 
+  void writeBreak(const std::string& cause) override {
+    writeRule();
+    out_ << "Not complete: " << screens::oneLine(cause) << '\n';
+  }
+
  private:
   void writeTotal(const std::string& label, const RegisterTotal& total) {
     constexpr int kWidth = kCodeWidth + kNameWidth + kTypeWidth + kDateWidth + 3;
@@ -143,6 +148,8 @@ class CsvRegister : public RegisterWriter {
   }
 
   void writeFoot(const Totals&) override {}
+  // A line that is no record would be read as one.
+  void writeBreak(const std::string&) override {}
 
  private:
   static std::string quoted(const std::string& text) {
@@ -174,6 +181,10 @@ class JsonRegister : public RegisterWriter {
 
   void writeFoot(const Totals&) override { out_ << (first_ ? "]\n" : "\n]\n"); }
 
+  void writeBreak(const std::string& cause) override {
+    out_ << ",\n  {\"Error\":" << quoted(cause) << "}\n]\n";
+  }
+
  private:
   static std::string quoted(const std::string& text) {
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
@@ -202,6 +213,10 @@ void RegisterWriter::add(const Slip& slip) {
 void RegisterWriter::finish() {
   beginOnce();
   writeFoot(totals_);
+}
+
+void RegisterWriter::breakOff(const std::string& cause) {
+  if (begun_) writeBreak(cause);
 }
 
 std::unique_ptr<RegisterWriter> registerWriter(const std::string& format, std::ostream& out,

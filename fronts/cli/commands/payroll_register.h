@@ -24,6 +24,10 @@ class RegisterWriter {
   void add(const payroll::Slip& slip);
   /// Ends the register, also one without a slip.
   void finish();
+  /// Ends a register that others were to follow: says so, and adds nothing up. Where nothing is
+  /// written yet nothing is.
+  void breakOff(const std::string& cause);
+  bool begun() const { return begun_; }
 
  protected:
   using Totals = std::map<std::string, RegisterTotal>;
@@ -31,6 +35,7 @@ class RegisterWriter {
   virtual void writeHead() = 0;
   virtual void writeSlip(const payroll::Slip& slip, const payroll::RegisterAmounts& amounts) = 0;
   virtual void writeFoot(const Totals& totalsByType) = 0;
+  virtual void writeBreak(const std::string& cause) = 0;
 
  private:
   void beginOnce();

@@ -34,7 +34,7 @@ All commands: kt7hr --help
 constexpr const char* kExample = R"(Example:
   kt7hr init --sample --db 'Driver=SQLite;Database=company.db'
 
-Every command takes --db, or the variable KT7HR_DB, and has a --help of its own.
+Every command that works on a company takes --db, or the variable KT7HR_DB, and each has a --help.
 Exit codes: 0 done, 1 failed, 2 wrong use.)";
 
 std::string nearestOption(const CLI::App& command, const std::string& word) {
@@ -73,7 +73,7 @@ const CLI::App* chosenCommand(const CLI::App& app) {
 }
 
 std::string fullName(const CLI::App* command) {
-  const std::string own = command->get_name();
+  const std::string& own = command->get_name();
   return command->get_parent() == nullptr ? own : fullName(command->get_parent()) + " " + own;
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/error.h"
+#include "host/schema/schema.h"
 #include "nearest_name.h"
 #include "operation_calls.h"
 #include "protocol_error.h"
@@ -75,6 +76,7 @@ Session::Session(const SessionOptions& options)
   }
   if (options.showMessage) platform_.setMessageView(options.showMessage);
   dataObj_.OpenConnection();
+  schema::requireCompany(dataObj_.Connection(), schema::Maker::Any);
   opens_ = dataObj_.opens();
 }
 

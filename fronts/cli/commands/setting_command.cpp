@@ -1,10 +1,14 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <iostream>
 
 #include "base/text.h"
 #include "command.h"
 #include "host/data/database.h"
+#include "nearest_name.h"
+#include "open_company.h"
 
 namespace kt7::cli {
 
@@ -35,18 +39,30 @@ void moveToRow(ado::Recordset& settings, const std::string& key) {
   settings.set("TSetKey", key);
 }
 
+/// Hosts may keep settings of their own, but a misspelt key would change nothing in silence.
+void warnOfUnknownKey(const std::string& key, Console& console) {
+  constexpr std::array<std::string_view, 10> kKnown{
+      "MoneyExpendses", "MoneyExpensesNotOver", "MoneySale",        "STAXMinRate",
+      "STAXMaxRate",    "STAXSelfRate",         "STAXEmployerRate", "CompanyCode",
+      "CompanyName",    "HeadOfficeBranchCode"};
+  if (std::ranges::find(kKnown, key) != kKnown.end()) return;
+  say(console, "no rule asks for the setting '" + key + "'" + didYouMean(key, kKnown));
+}
+
 int setSetting(const SettingOptions& given, Console& console) {
   if (given.key.empty()) throw WrongUse("a setting needs a key: kt7hr setting set KEY VALUE");
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
   const Value number = numberIn(given.value);
+  const auto company = openCompany(connectionString);
   const auto settings = data::createRecordset();
-  settings->Open("SELECT * FROM KT7TSetting", connectionString, ado::kStatic, ado::kOptimistic);
+  settings->Open("SELECT * FROM KT7TSetting", *company, ado::kStatic, ado::kOptimistic);
   moveToRow(*settings, given.key);
   settings->set("TSetNumber", number);
   settings->set("TSetText", given.value);
   settings->Update();
   settings->Close();
+  warnOfUnknownKey(given.key, console);
   console.out << given.key << " is now " << (number.isNull() ? "the text '" : "the number ")
               << given.value << (number.isNull() ? "'\n" : "\n");
   return kDone;

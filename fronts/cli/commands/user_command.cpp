@@ -10,6 +10,7 @@
 #include "host/data/database.h"
 #include "host/schema/transaction.h"
 #include "nearest_name.h"
+#include "open_company.h"
 #include "user_report.h"
 
 namespace kt7::cli {
@@ -19,7 +20,7 @@ namespace {
 struct UserOptions {
   DatabaseOptions database;
   host::UserEntry entry;
-  host::Grant grant;
+  host::Grant grant;  // or what is to be taken away
 };
 
 void addUserArgument(CLI::App& command, std::int32_t& user) {
@@ -32,8 +33,7 @@ void addUserArgument(CLI::App& command, std::int32_t& user) {
 /// Runs the work in one transaction on a connection of its own.
 template <typename Work>
 void inTransaction(const std::string& connectionString, Work work) {
-  const auto connection = data::createConnection();
-  connection->Open(connectionString);
+  const auto connection = openCompany(connectionString);
   {
     schema::Transaction transaction(*connection);
     work(*connection);
@@ -55,10 +55,11 @@ int addOne(const UserOptions& given, Console& console) {
   return kDone;
 }
 
-void checkGrant(const host::Grant& grant) {
-  if (grant.rights.empty() && grant.types.empty() && grant.branches.empty()) {
-    throw WrongUse("nothing to grant; give --right, --type or --branch");
-  }
+bool namesRights(const host::Grant& grant) {
+  return !grant.rights.empty() || !grant.types.empty() || !grant.branches.empty();
+}
+
+void checkCodes(const host::Grant& grant) {
   for (const std::string& key : grant.rights) checkedCode(key, "a right");
   for (const std::string& type : grant.types) checkedCode(type, "an employee type");
   for (const std::string& branch : grant.branches) checkedCode(branch, "a branch");
@@ -74,7 +75,10 @@ void warnOfUnknownRights(const host::Grant& grant, Console& console) {
 }
 
 int grantAll(const UserOptions& given, Console& console) {
-  checkGrant(given.grant);
+  if (!namesRights(given.grant)) {
+    throw WrongUse("nothing to grant; give --right, --type or --branch");
+  }
+  checkCodes(given.grant);
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
   host::HostPlatform platform;
@@ -87,9 +91,28 @@ int grantAll(const UserOptions& given, Console& console) {
   return kDone;
 }
 
+int revokeAll(const UserOptions& given, Console& console) {
+  const host::Revocation revocation{given.grant, given.entry.administrator,
+                                    given.entry.moduleAdministrator};
+  if (!namesRights(given.grant) && !revocation.administrator && !revocation.moduleAdministrator) {
+    throw WrongUse(
+        "nothing to revoke; give --right, --type, --branch, --administrator or "
+        "--module-administrator");
+  }
+  checkCodes(given.grant);
+  const std::string connectionString = given.database.connectionString();
+  given.database.clock();
+  inTransaction(connectionString,
+                [&](ado::Connection& connection) { host::revokeRights(connection, revocation); });
+  host::HostPlatform platform;
+  console.out << userReport(host::readUserView(platform, connectionString, given.grant.user));
+  return kDone;
+}
+
 int showOne(const UserOptions& given, Console& console) {
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
+  openCompany(connectionString);
   host::HostPlatform platform;
   const host::UserView view = host::readUserView(platform, connectionString, given.entry.user);
   if (!view.registered && !view.hasRights) {
@@ -123,11 +146,8 @@ void declareAdd(CLI::App& group, CommandLine& line) {
   choose(command, line, given, &addOne);
 }
 
-void declareGrant(CLI::App& group, CommandLine& line) {
-  const auto given = std::make_shared<UserOptions>();
-  CLI::App& command = addCommand(group, "grant", "Give a user rights; those already given stay",
-                                 "kt7hr user grant 7 --type M1 --salary --branch BR01");
-  host::Grant& grant = given->grant;
+/// The user and the rights; `which` says how welfare and salaries belong to the types.
+void addRights(CLI::App& command, host::Grant& grant, const std::string& which) {
   addUserArgument(command, grant.user);
   command
       .add_option("--right", grant.rights,
@@ -138,12 +158,32 @@ void declareGrant(CLI::App& group, CommandLine& line) {
       command.add_option("--type", grant.types, "An employee type that the user may see")
           ->type_name("CODE")
           ->allow_extra_args(false);
-  command.add_flag("--welfare", grant.welfare, "Also the welfare of these types")->needs(type);
-  command.add_flag("--salary", grant.salary, "Also the salaries of these types")->needs(type);
+  command.add_flag("--welfare", grant.welfare, which + " the welfare of these types")->needs(type);
+  command.add_flag("--salary", grant.salary, which + " the salaries of these types")->needs(type);
   command.add_option("--branch", grant.branches, "A branch that the user may see")
       ->type_name("CODE")
       ->allow_extra_args(false);
+}
+
+void declareGrant(CLI::App& group, CommandLine& line) {
+  const auto given = std::make_shared<UserOptions>();
+  CLI::App& command = addCommand(group, "grant", "Give a user rights; those already given stay",
+                                 "kt7hr user grant 7 --type M1 --salary --branch BR01");
+  addRights(command, given->grant, "Also");
   choose(command, line, given, &grantAll);
+}
+
+void declareRevoke(CLI::App& group, CommandLine& line) {
+  const auto given = std::make_shared<UserOptions>();
+  CLI::App& command =
+      addCommand(group, "revoke", "Take rights from a user, all that are named or none",
+                 "kt7hr user revoke 7 --type M1 --salary");
+  addRights(command, given->grant, "Only");
+  command.add_flag("--administrator", given->entry.administrator,
+                   "Sees from now on what the rights open");
+  command.add_flag("--module-administrator", given->entry.moduleAdministrator,
+                   "Is no administrator of the module HR any more");
+  choose(command, line, given, &revokeAll);
 }
 
 void declareShow(CLI::App& group, CommandLine& line) {
@@ -162,6 +202,7 @@ void addUser(CLI::App& app, CommandLine& line) {
   group.require_subcommand(1);
   declareAdd(group, line);
   declareGrant(group, line);
+  declareRevoke(group, line);
   declareShow(group, line);
 }
 

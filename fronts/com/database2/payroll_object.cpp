@@ -34,6 +34,7 @@ class RunNotes : public payroll::RunListener {
   RunNotes(cli::RegisterWriter& slips, std::string& notes) : slips_(slips), notes_(notes) {}
 
   void paid(const payroll::Slip& slip) override { slips_.add(slip); }
+  void standing(const payroll::Slip& slip) override { slips_.add(slip); }
   void note(const std::string& text) override { notes_ += text + "\r\n"; }
   void failed(const std::string& employee, Date payDate, const std::string& cause) override {
     note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
@@ -60,8 +61,8 @@ void PayrollObject::Create(const std::optional<bool>& sample) {
     refuse(data::shownConnectionString(connectionString_) +
            " holds a company already: nothing was changed");
   }
-  schema::createSchema(*connection, engine);
-  if (sample.value_or(false)) schema::loadSample(*connection);
+  schema::createSchema(*connection, engine,
+                       sample.value_or(false) ? schema::Content::Sample : schema::Content::Empty);
   connection->Close();
 }
 
@@ -69,6 +70,7 @@ std::int32_t PayrollObject::Import(const std::string& table, const std::string& 
   std::ifstream rows(std::filesystem::path(std::u8string(file.begin(), file.end())));
   if (!rows) refuse("cannot read '" + file + "'");
   const auto connection = opened(connectionString_);
+  schema::requireCompany(*connection);
   try {
     const schema::ImportResult result = schema::importTable(*connection, table, rows);
     connection->Close();
@@ -90,6 +92,7 @@ std::string PayrollObject::Run(const std::string& month, const std::optional<std
   notes_.clear();
   host::HostPlatform platform(paidMonth->lastDay());
   platform.setMessageView([this](const std::string& text) { notes_ += text + "\r\n"; });
+  schema::requireCompany(*opened(connectionString_));
   host::HostDataObj dataObj(connectionString_);
   std::ostringstream text;
   const auto slips = cli::registerWriter(format.value_or("table"), text, month);

@@ -25,7 +25,13 @@ std::string databaseFile(const ConnectionString& where) {
 [[noreturn]] void raiseCannotOpen(sqlite3* database, int code, const std::string& file) {
   const std::string reason = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
   const int native = database != nullptr ? sqlite3_extended_errcode(database) : code;
-  raiseConnectionFailed("cannot open the database '" + file + "': " + reason, {{}, native, {}});
+  // A reader writes too: the files beside the database that keep readers and writers apart.
+  constexpr int kKindOfCode = 0xFF;
+  const int kind = native & kKindOfCode;
+  const bool refused = kind == SQLITE_READONLY || kind == SQLITE_CANTOPEN || kind == SQLITE_PERM;
+  raiseConnectionFailed("cannot open the database '" + file + "': " + reason +
+                            (refused ? "; its folder must exist, and both must be writable" : ""),
+                        {{}, native, {}});
 }
 
 /// year(x): the year of a date text, null for a null and for anything that is no date.
