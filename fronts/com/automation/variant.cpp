@@ -1,5 +1,7 @@
 #include "fronts/com/automation/variant.h"
 
+#include <array>
+#include <cstring>
 #include <limits>
 
 #include "base/arithmetic.h"
@@ -92,6 +94,56 @@ Date dateOf(const Value& value) {
   return Date::fromSerial(serial);
 }
 
+/// A type that a caller's variable may have, and its size there.
+struct StorableType {
+  VARTYPE type;
+  std::size_t size;
+};
+constexpr std::array<StorableType, 17> kStorableTypes{{{VT_BOOL, 2},
+                                                       {VT_I1, 1},
+                                                       {VT_UI1, 1},
+                                                       {VT_I2, 2},
+                                                       {VT_UI2, 2},
+                                                       {VT_I4, 4},
+                                                       {VT_UI4, 4},
+                                                       {VT_INT, 4},
+                                                       {VT_UINT, 4},
+                                                       {VT_I8, 8},
+                                                       {VT_UI8, 8},
+                                                       {VT_R4, 4},
+                                                       {VT_R8, 8},
+                                                       {VT_CY, 8},
+                                                       {VT_DATE, 8},
+                                                       {VT_DECIMAL, sizeof(DECIMAL)},
+                                                       {VT_BSTR, sizeof(BSTR)}}};
+
+/// What a by-reference argument refers to in the end: script hosts pass references to references.
+const VARIANT& variableBehind(const VARIANT& argument) {
+  const VARIANT* at = &argument;
+  while (at->vt == (VT_BYREF | VT_VARIANT) && (at->pvarVal->vt & VT_BYREF) != 0) at = at->pvarVal;
+  return *at;
+}
+
+bool takesAnything(const VARIANT& variable) { return variable.vt == (VT_BYREF | VT_VARIANT); }
+
+VARTYPE typeIn(const VARIANT& variable) { return static_cast<VARTYPE>(variable.vt & ~VT_BYREF); }
+
+/// 0 for a variable that takes no value.
+std::size_t sizeIn(const VARIANT& variable) {
+  for (const StorableType& row : kStorableTypes) {
+    if (row.type == typeIn(variable)) return row.size;
+  }
+  return 0;
+}
+
+ComPtr<IDispatch> dispatchOf(IUnknown* object) {
+  ComPtr<IDispatch> dispatch;
+  if (object != nullptr && FAILED(object->QueryInterface(IID_PPV_ARGS(&dispatch)))) {
+    raiseTypeMismatch("the object cannot be called by name");
+  }
+  return dispatch;
+}
+
 bool isEmpty(const VARIANT& variant) {
   if (variant.vt == (VT_BYREF | VT_VARIANT)) return isEmpty(*variant.pvarVal);
   return variant.vt == VT_EMPTY || isMissing(&variant);
@@ -140,12 +192,16 @@ bool isMissing(const VARIANT* variant) {
   return variant->vt == VT_ERROR && variant->scode == DISP_E_PARAMNOTFOUND;
 }
 
-IDispatch* objectIn(const VARIANT& variant) {
+ComPtr<IDispatch> objectIn(const VARIANT& variant) {
   switch (variant.vt) {
     case VT_DISPATCH:
       return variant.pdispVal;
     case VT_BYREF | VT_DISPATCH:
       return *variant.ppdispVal;
+    case VT_UNKNOWN:
+      return dispatchOf(variant.punkVal);
+    case VT_BYREF | VT_UNKNOWN:
+      return dispatchOf(*variant.ppunkVal);
     case VT_BYREF | VT_VARIANT:
       return objectIn(*variant.pvarVal);
     case VT_EMPTY:
@@ -198,7 +254,8 @@ Value toValue(const VARIANT& variant) {
     case VT_BSTR:
       return toUtf8(viewOf(variant.bstrVal));
     case VT_DISPATCH:
-      return defaultProperty(variant.pdispVal);
+    case VT_UNKNOWN:
+      return defaultProperty(objectIn(variant).Get());
     default:
       break;
   }
@@ -237,48 +294,37 @@ template Currency fromVariant<Currency>(const VARIANT&);
 template Date fromVariant<Date>(const VARIANT&);
 template std::string fromVariant<std::string>(const VARIANT&);
 
-void storeByReference(VARIANT& argument, Variant value) {
-  if ((argument.vt & VT_BYREF) == 0) return;
-  if (argument.vt == (VT_BYREF | VT_VARIANT)) {
-    if (argument.pvarVal->vt & VT_BYREF) {
-      storeByReference(*argument.pvarVal, std::move(value));
-      return;
-    }
-    VariantClear(argument.pvarVal);
-    *argument.pvarVal = value.release();
-    return;
+Variant convertedFor(const VARIANT& argument, Variant value) {
+  const VARIANT& variable = variableBehind(argument);
+  if ((variable.vt & VT_BYREF) == 0 || takesAnything(variable)) return value;
+  if (sizeIn(variable) == 0) {
+    raiseTypeMismatch("an argument by reference of type " + std::to_string(typeIn(variable)));
   }
-  const auto type = static_cast<VARTYPE>(argument.vt & ~VT_BYREF);
   Variant converted;
-  if (FAILED(VariantChangeType(converted.out(), readOnly(value.raw()), 0, type)))
-    raiseTypeMismatch();
-  if (type == VT_BSTR) {
-    SysFreeString(*argument.pbstrVal);
-    *argument.pbstrVal = converted.release().bstrVal;
+  const HRESULT status =
+      VariantChangeType(converted.out(), readOnly(value.raw()), 0, typeIn(variable));
+  if (status == DISP_E_OVERFLOW) raiseOverflow();
+  if (FAILED(status)) raiseTypeMismatch();
+  return converted;
+}
+
+void storeByReference(const VARIANT& argument, Variant converted) noexcept {
+  const VARIANT& variable = variableBehind(argument);
+  if ((variable.vt & VT_BYREF) == 0) return;
+  if (takesAnything(variable)) {
+    VariantClear(variable.pvarVal);
+    *variable.pvarVal = converted.release();
     return;
   }
-  switch (type) {
-    case VT_I2:
-    case VT_BOOL:
-      *argument.piVal = converted.raw().iVal;
-      break;
-    case VT_I4:
-    case VT_INT:
-      *argument.plVal = converted.raw().lVal;
-      break;
-    case VT_R4:
-      *argument.pfltVal = converted.raw().fltVal;
-      break;
-    case VT_R8:
-    case VT_DATE:
-      *argument.pdblVal = converted.raw().dblVal;
-      break;
-    case VT_CY:
-      *argument.pcyVal = converted.raw().cyVal;
-      break;
-    default:
-      raiseTypeMismatch("an argument by reference of type " + std::to_string(type));
+  if (typeIn(variable) == VT_BSTR) {
+    SysFreeString(*variable.pbstrVal);
+    *variable.pbstrVal = converted.release().bstrVal;
+    return;
   }
+  const VARIANT& raw = converted.raw();
+  const void* const value = raw.vt == VT_DECIMAL ? static_cast<const void*>(&raw) : &raw.byref;
+  std::memcpy(variable.byref, value, sizeIn(variable));
+  if (raw.vt == VT_DECIMAL) variable.pdecVal->wReserved = 0;  // where a variant keeps its type
 }
 
 }  // namespace kt7::automation
