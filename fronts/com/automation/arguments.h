@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fronts/com/automation/by_reference.h"
 #include "fronts/com/automation/variant.h"
 
 namespace kt7::automation {

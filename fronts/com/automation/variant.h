@@ -67,11 +67,4 @@ ComPtr<IDispatch> objectIn(const VARIANT& variant);
 template <typename T>
 T fromVariant(const VARIANT& variant);
 
-/// The value as the variable behind a by-reference argument holds it: overflow where it is too
-/// large, type mismatch where the variable takes no such value. As it is for an argument passed by
-/// value.
-Variant convertedFor(const VARIANT& argument, Variant value);
-/// Stores what convertedFor answered; an argument passed by value stays as it is.
-void storeByReference(const VARIANT& argument, Variant converted) noexcept;
-
 }  // namespace kt7::automation

@@ -81,10 +81,12 @@ constexpr std::array<CreatableClass, sizeof...(I)> creatable(std::index_sequence
 
 constexpr auto kClasses = creatable(std::make_index_sequence<kRegistered.size()>());
 
+automation::Registered registered() { return {kRegistered, {}}; }
+
 }  // namespace
 
 }  // namespace kt7::database2
 
 kt7::automation::Module kt7::automation::thisModule() {
-  return {database2::kClasses, {database2::kRegistered, {}}};
+  return {database2::kClasses, &database2::registered};
 }

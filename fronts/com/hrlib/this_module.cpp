@@ -24,15 +24,17 @@ constexpr std::array<automation::RegisteredClass, 2> kRegisteredClasses{
     {{kHRObjectId, L"KT7HRLib.HRObject", L"KT7HRLib payroll and personnel rules"},
      {kEmployeeObjectId, L"KT7HRLib.EmployeeObject", L"KT7HRLib pay profile of an employee"}}};
 
+automation::Registered registered() {
+  return {kRegisteredClasses,
+          automation::RegisteredTypeLibrary{kKT7HRLibId,
+                                            kLibraryVersion,
+                                            L"KT7HRLib: payroll and personnel rules",
+                                            {{kInterface_HRObject, L"_HRObject"},
+                                             {kInterface_EmployeeObject, L"_EmployeeObject"}}}};
+}
+
 }  // namespace
 
 automation::Module automation::thisModule() {
-  return {kClasses,
-          {kRegisteredClasses,
-           RegisteredTypeLibrary{kKT7HRLibId,
-                                 kLibraryVersion,
-                                 L"KT7HRLib: payroll and personnel rules",
-                                 {{kInterface_HRObject, L"_HRObject"},
-                                  {kInterface_EmployeeObject, L"_EmployeeObject"}}}},
-          &forgetTypeInformation};
+  return {kClasses, &registered, &forgetTypeInformation};
 }

@@ -21,13 +21,13 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-  return automation::registerModule(thisModule().registered, RegistrationScope::Machine);
+  return automation::registerModule(thisModule().registered(), RegistrationScope::Machine);
 }
 
 STDAPI DllUnregisterServer() {
-  return automation::unregisterModule(thisModule().registered, RegistrationScope::Machine);
+  return automation::unregisterModule(thisModule().registered(), RegistrationScope::Machine);
 }
 
 STDAPI DllInstall(BOOL install, const wchar_t* scope) {
-  return automation::installModule(thisModule().registered, install != FALSE, scope);
+  return automation::installModule(thisModule().registered(), install != FALSE, scope);
 }

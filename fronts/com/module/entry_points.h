@@ -10,7 +10,7 @@ namespace kt7::automation {
 /// What tells one automation DLL from another.
 struct Module {
   std::span<const CreatableClass> classes;
-  Registered registered;
+  Registered (*registered)();
   /// Called before the DLL goes, null for nothing to do.
   void (*unloading)() noexcept = nullptr;
 };
