@@ -99,5 +99,6 @@ connection.Close
 Err.Clear : v = payroll.Run("2026-02", "", "", "csv")
 Refused "a row that cannot be read", 13, "Type mismatch: 'abc' is not a number"
 Note payroll.Paid > 0, "who was paid before it", payroll.Paid, "more than 0"
-Answered "their register", UBound(Split(payroll.Register, vbLf)), payroll.Paid + 1
+Err.Clear : v = payroll.Register
+Answered "their register", UBound(Split(v, vbLf)), payroll.Paid + 1
 WScript.Echo passed & " passed, " & failed & " failed"
