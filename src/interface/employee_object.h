@@ -9,10 +9,12 @@
 namespace kt7 {
 
 /// One employee's pay profile, filled by setters and SetTypeCode. May be reused for another
-/// employee: fields that new calls do not set keep their values. The platform outlives it.
+/// employee: fields that new calls do not set keep their values. A host that wraps the object
+/// passes itself as `outer`: the setters that SetTypeCode calls then go through it; those of the
+/// initialisation do not, as the object is not there yet. Platform and outer outlive the object.
 class EmployeeObject : public _EmployeeObject {
  public:
-  explicit EmployeeObject(Platform& platform);
+  explicit EmployeeObject(Platform& platform, _EmployeeObject* outer = nullptr);
   ~EmployeeObject() override;
 
   double Salary1() const override { return salary1_; }
@@ -109,6 +111,7 @@ class EmployeeObject : public _EmployeeObject {
   std::string CalcMethodSalary() const override;
 
  private:
+  _EmployeeObject& self() { return outer_ != nullptr ? *outer_ : *this; }
   UtilityObject& utility();
   DataTool& dataTool();
   double rounded(double value, int16_t digits) { return utility().RoundToDigits(value, digits); }
@@ -121,6 +124,7 @@ class EmployeeObject : public _EmployeeObject {
   void derivePay(double salary1, double salary2, double quantity);
 
   Platform& platform_;
+  _EmployeeObject* outer_;
   double salary1_ = 0;
   double salary2_ = 0;
   double hourFullRate1_ = 0;

@@ -11,7 +11,8 @@ constexpr int16_t kHourDigits = 2;
 
 }  // namespace
 
-EmployeeObject::EmployeeObject(Platform& platform) : platform_(platform) {
+EmployeeObject::EmployeeObject(Platform& platform, _EmployeeObject* outer)
+    : platform_(platform), outer_(outer) {
   dayPerMonth_ = 30;
   dayPerWeek_ = 7;
   hourPerDay_ = 8;

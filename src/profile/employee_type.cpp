@@ -43,17 +43,17 @@ void EmployeeObject::readTypeRow(ado::Recordset& type) {
   dayPerWeek_ = type.get("TEmTDayPerWeek").toInt16();
   dayPerMonth_ = type.get("TEmTDayPerMonth").toInt16();
   totalPeriod_ = type.get("TEmTTotalPeriod").toInt16();
-  DayPerPeriod(toInt16(number("TEmTDayPerPeriod")));
-  DayPerYear(toInt16(number("TEmTDayPerYear")));
-  HourPerPeriod(number("TEmTHourPerPeriod"));
-  HourPerWeek(number("TEmTHourPerWeek"));
-  HourPerMonth(number("TEmTHourPerMonth"));
-  HourPerYear(number("TEmTHourPerYear"));
-  SalaryType(toInt16(number("TEmTSalaryType")));
+  self().DayPerPeriod(toInt16(number("TEmTDayPerPeriod")));
+  self().DayPerYear(toInt16(number("TEmTDayPerYear")));
+  self().HourPerPeriod(number("TEmTHourPerPeriod"));
+  self().HourPerWeek(number("TEmTHourPerWeek"));
+  self().HourPerMonth(number("TEmTHourPerMonth"));
+  self().HourPerYear(number("TEmTHourPerYear"));
+  self().SalaryType(toInt16(number("TEmTSalaryType")));
   calculateType_ = toInt16(number("TEmTCalculateType"));
   // Intended: the stored hours a week and a month are not trusted; a day's hours decide.
-  HourPerWeek(hoursOf(dayPerWeek_));
-  HourPerMonth(hoursOf(dayPerMonth_));
+  self().HourPerWeek(hoursOf(dayPerWeek_));
+  self().HourPerMonth(hoursOf(dayPerMonth_));
 }
 
 void EmployeeObject::deriveHourRates() {

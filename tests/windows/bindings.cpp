@@ -121,14 +121,14 @@ Variant ProfileBinding::slotCall(const std::string& member, INVOKEKIND kind,
   if (slot.offset == 0) automation::raiseStatus(DISP_E_MEMBERNOTFOUND, member);
 
   std::vector<Variant> typed;
-  std::vector<IDispatch*> objects(arguments.size());
+  std::vector<ComPtr<IDispatch>> objects(arguments.size());
   std::vector<VARIANT> cells;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     VARIANT cell{};
     cell.vt = slot.types[i];
     if (cell.vt == (VT_BYREF | VT_DISPATCH)) {
       objects[i] = automation::objectIn(arguments[i]);
-      cell.ppdispVal = &objects[i];
+      cell.ppdispVal = objects[i].GetAddressOf();
     } else {
       Variant converted;
       VariantChangeType(converted.out(), &arguments[i], 0, slot.types[i]);

@@ -4,6 +4,7 @@
 #include <wrl/client.h>
 
 #include <string>
+#include <vector>
 
 #include "KT7HRLib.h"
 #include "fronts/com/automation/late_object.h"
@@ -47,9 +48,23 @@ struct ErrorText {
 };
 ErrorText takeErrorText();
 
+/// What a call by name answered.
+struct Outcome {
+  HRESULT status = S_OK;
+  Variant answer;
+  HRESULT scode = S_OK;
+  std::string text;
+  std::string source;
+};
+
+/// A call by name as a script host makes it. `names` are the names of the last arguments.
+Outcome call(IDispatch* object, std::wstring member, std::vector<VARIANT> arguments,
+             std::vector<std::wstring> names = {}, WORD flags = DISPATCH_METHOD);
+
 void testRegistration(const Library& library);
 void testTypeLibrary();
 void testCalls();
+void testByReference();
 void testProfile();
 void testHostObjects();
 void testSelfCalls();

@@ -83,6 +83,7 @@ Refused "a company where there is one", 440, "Driver=SQLite;Database=settings.db
 Err.Clear : v = payroll.Run("2026-02", "", "", "csv")
 Answered "a month paid twice", payroll.Run("2026-02", "", "", "csv"), v
 Answered "its failures", payroll.Failed, 0
+Answered "the register of the last run", payroll.Register, v
 Note payroll.Paid > 50, "its slips", payroll.Paid, "more than 50"
 Err.Clear : v = payroll.Run("February")
 Refused "a month that is none", 440, "'February' is no month; write 2026-01"
@@ -90,4 +91,14 @@ Err.Clear : v = payroll.Import("KT7TPosition", "positions.csv")
 Answered "imported rows", v, 2
 Err.Clear : v = payroll.Import("KT7TPosition", "positions.csv")
 Note Err.Number = -2147217900 Or (Err.Number And 65535) = 440, "the same rows again", Err.Number & " " & Err.Description, "an error"
+
+' A run that an error ends on its way keeps what was paid.
+connection.Open "Driver=SQLite;Database=settings.db"
+connection.Execute "UPDATE KT7TEmployee SET TEmpSalary='abc' WHERE TEmpCode='E0026'"
+connection.Close
+Err.Clear : v = payroll.Run("2026-02", "", "", "csv")
+Refused "a row that cannot be read", 13, "Type mismatch: 'abc' is not a number"
+Note payroll.Paid > 0, "who was paid before it", payroll.Paid, "more than 0"
+Err.Clear : v = payroll.Register
+Answered "their register", UBound(Split(v, vbLf)), payroll.Paid + 1
 WScript.Echo passed & " passed, " & failed & " failed"

@@ -86,7 +86,9 @@ HRESULT FakeObject::InvokeEx(DISPID id, LCID, WORD, DISPPARAMS* given, VARIANT* 
 }
 
 HRESULT FakeObject::answer(DISPID id, DISPPARAMS* given, VARIANT* out, EXCEPINFO* exception) {
-  const auto member = std::next(kind_.members.begin(), id - 1);
+  const auto member =
+      id == DISPID_VALUE ? kind_.members.find(L"") : std::next(kind_.members.begin(), id - 1);
+  if (member == kind_.members.end()) return DISP_E_MEMBERNOTFOUND;
   kind_.calls.push_back(member->first);
   DISPPARAMS inOrder = *given;
   if (automation::putValue(inOrder) != nullptr) inOrder.cNamedArgs = 0;

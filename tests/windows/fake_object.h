@@ -21,7 +21,8 @@ struct FakeCall {
 };
 using FakeMember = std::function<Variant(FakeCall&)>;
 
-/// What fake objects of one kind share: their members by name, and what was called.
+/// What fake objects of one kind share: their members by name, where "" is the default one, and
+/// what was called.
 struct FakeKind {
   std::map<std::wstring, FakeMember> members;
   std::vector<std::wstring> calls;

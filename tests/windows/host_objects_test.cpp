@@ -95,6 +95,49 @@ void testCreation() {
   setProgramId(L"UtilityObject", nullptr);
 }
 
+/// A class that the registry names and nobody makes.
+void testCannotBeMade() {
+  const std::wstring key = L"Software\\Classes\\KT7Test.Unmade\\CLSID";
+  const std::wstring nobody = L"{6D1F3A52-0C3B-4E0C-9B67-1B5A0E6A7C11}";
+  RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, nobody.c_str(),
+                  static_cast<DWORD>((nobody.size() + 1) * sizeof(wchar_t)));
+  setProgramId(L"Connection", L"KT7Test.Unmade");
+  FakeKind data = dataObject();
+  const auto dataObj = newFake(data);
+  IDispatch* given = dataObj.Get();
+  create<::_HRObject>(__uuidof(HRObject))->UpdateEmployeeStatus(&given);
+  check(takeErrorText().text.find("'KT7Test.Unmade'") != std::string::npos,
+        "a connection that cannot be made is named by its program id");
+  setProgramId(L"Connection", nullptr);
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\KT7Test.Unmade");
+}
+
+/// Some hosts pass their objects by the interface that every object has.
+void testUnknown() {
+  FakeKind data = dataObject();
+  const auto dataObj = newFake(data);
+  FakeKind tool;
+  payAThousandADay(tool);
+  const FakeRole role(L"DataTool", tool);
+  const auto hr = create<IDispatch>(__uuidof(HRObject));
+  const Variant employee("E0001");
+  IUnknown* unknown = dataObj.Get();
+  VARIANT byValue{};
+  byValue.vt = VT_UNKNOWN;
+  byValue.punkVal = unknown;
+  VARIANT byReference{};
+  byReference.vt = VT_BYREF | VT_UNKNOWN;
+  byReference.ppunkVal = &unknown;
+  for (const VARIANT& object : {byValue, byReference}) {
+    const Outcome rate = call(hr.Get(), L"GETDAYRATE", {employee.raw(), object});
+    checkEqual(rate.text, "", "a data object as an unknown one");
+    check(rate.answer.raw().vt == VT_R8 && rate.answer.raw().dblVal == 1000,
+          "a data object as an unknown one");
+  }
+  dataObj->AddRef();
+  check(dataObj->Release() == 1, "no reference to it is kept");
+}
+
 void testFailures() {
   FakeKind data = dataObject();
   const auto dataObj = newFake(data);
@@ -190,6 +233,8 @@ void testMessage() {
 
 void testHostObjects() {
   testCreation();
+  testCannotBeMade();
+  testUnknown();
   testFailures();
   testScriptClasses();
   testMessage();

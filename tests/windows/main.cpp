@@ -15,13 +15,14 @@ namespace {
 
 using namespace kt7::client;
 
-constexpr int kShellChecks = 438;
+constexpr int kShellChecks = 505;
 
 void testShell(const std::string& path) {
   const Library library(kt7::automation::toWide(path));
   testRegistration(library);
   testTypeLibrary();
   testCalls();
+  testByReference();
   testProfile();
   testHostObjects();
   testSelfCalls();

@@ -59,6 +59,72 @@ void testScope(const Library& library, const wchar_t* scope, HKEY own, HKEY othe
   checkStatus(library.install(false, scope), S_OK, "unregistering what is not there");
 }
 
+constexpr std::wstring_view kBelow = L"Software\\Classes\\";
+constexpr const wchar_t* kPlatforms = L"TypeLib\\{53EB9B25-3242-4B77-8716-42C46F4A804E}\\1.0\\0\\";
+constexpr REGSAM kOtherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+
+void make(const std::wstring& key, DWORD options, REGSAM view) {
+  HKEY made = nullptr;
+  RegCreateKeyExW(HKEY_LOCAL_MACHINE, (std::wstring(kBelow) + key).c_str(), 0, nullptr, options,
+                  KEY_WRITE | view, nullptr, &made, nullptr);
+  RegCloseKey(made);
+}
+
+void remove(const std::wstring& key) {
+  RegDeleteTreeW(HKEY_LOCAL_MACHINE, (std::wstring(kBelow) + key).c_str());
+}
+
+/// The DLL of the other kind (32 or 64 bits) is registered too, and is left as it is.
+void testOtherKind(const Library& library) {
+  const std::wstring other = std::wstring(kPlatforms) + (sizeof(void*) == 8 ? L"win32" : L"win64");
+  const std::wstring own = std::wstring(kPlatforms) + (sizeof(void*) == 8 ? L"win64" : L"win32");
+  const auto registerOther = [&] {
+    for (const wchar_t* key : kClassKeys) make(key, 0, kOtherView);
+    make(other, 0, 0);
+  };
+  registerOther();
+  library.install(true, L"machine");
+  check(exists(HKEY_LOCAL_MACHINE, own), "the type library of the own kind");
+  library.install(false, L"machine");
+  check(!exists(HKEY_LOCAL_MACHINE, own) && exists(HKEY_LOCAL_MACHINE, other),
+        "the other kind's type library stays");
+  check(!exists(HKEY_LOCAL_MACHINE, kClassKeys[0]) &&
+            exists(HKEY_LOCAL_MACHINE, L"KT7HRLib.HRObject.1") &&
+            exists(HKEY_LOCAL_MACHINE, L"KT7HRLib.EmployeeObject"),
+        "the program ids that it uses too stay");
+
+  library.install(true, L"machine");
+  for (const wchar_t* key : kClassKeys) {
+    RegDeleteKeyExW(HKEY_LOCAL_MACHINE, (std::wstring(kBelow) + key).c_str(), kOtherView, 0);
+  }
+  remove(other);
+  library.install(false, L"machine");
+  check(keysThere(HKEY_LOCAL_MACHINE) == 0, "the last kind leaves no key");
+}
+
+/// A key that is gone when the machine starts again takes no lasting one below it: the registration
+/// fails there.
+void testHalfWay(const Library& library) {
+  const std::wstring last = kOtherKeys.back();
+  const HRESULT refused = HRESULT_FROM_WIN32(ERROR_CHILD_MUST_BE_VOLATILE);
+  make(last, REG_OPTION_VOLATILE, 0);
+  checkStatus(library.install(true, L"machine"), refused, "a key that cannot be written");
+  check(keysThere(HKEY_LOCAL_MACHINE) == 1, "leaves nothing that was not there");
+  remove(last);
+
+  library.install(true, L"machine");
+  remove(last);
+  make(last, REG_OPTION_VOLATILE, 0);
+  const std::wstring server = std::wstring(kClassKeys[0]) + L"\\InprocServer32";
+  RegSetKeyValueW(HKEY_LOCAL_MACHINE, (std::wstring(kBelow) + server).c_str(), nullptr, REG_SZ,
+                  L"before.dll", 22);
+  checkStatus(library.install(true, L"machine"), refused, "a key that cannot be written");
+  check(keysThere(HKEY_LOCAL_MACHINE) == kAllKeys &&
+            valueOf(HKEY_LOCAL_MACHINE, server, nullptr) == L"before.dll",
+        "an earlier registration stands");
+  library.install(false, L"machine");
+}
+
 }  // namespace
 
 void testRegistration(const Library& library) {
@@ -66,6 +132,8 @@ void testRegistration(const Library& library) {
   library.install(false, L"machine");
   testScope(library, L"user", HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE, "for the user");
   testScope(library, L"machine", HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER, "for the machine");
+  testOtherKind(library);
+  testHalfWay(library);
   checkStatus(library.install(true, L"everybody"), E_INVALIDARG, "an unknown scope");
   checkStatus(library.entry<HRESULT(WINAPI*)()>("DllRegisterServer")(), S_OK, "DllRegisterServer");
   check(keysThere(HKEY_LOCAL_MACHINE) == kAllKeys, "DllRegisterServer is for the machine");

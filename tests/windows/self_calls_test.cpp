@@ -1,24 +1,27 @@
+#include "fronts/com/hrlib/self_calls.h"
+
 #include "checks.h"
-#include "client.h"
+#include "fake_object.h"
 #include "fronts/com/automation/text.h"
 
 namespace kt7::client {
 
 namespace {
 
-/// A host's wrapper: it aggregates an HRObject, answers GETDAYRATE itself and hands GETHOURRATE on.
-class Wrapper : public ::_HRObject {
+/// A host's object around one of the library's, which it aggregates.
+template <typename Interface>
+class Aggregate : public Interface {
  public:
-  Wrapper() {
-    CoCreateInstance(__uuidof(HRObject), static_cast<IUnknown*>(this), CLSCTX_INPROC_SERVER,
-                     IID_IUnknown, reinterpret_cast<void**>(inner_.GetAddressOf()));
+  explicit Aggregate(REFCLSID inner) {
+    CoCreateInstance(inner, static_cast<IUnknown*>(this), CLSCTX_INPROC_SERVER, IID_IUnknown,
+                     reinterpret_cast<void**>(inner_.GetAddressOf()));
   }
-  virtual ~Wrapper() = default;
+  virtual ~Aggregate() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) ||
-        IsEqualIID(id, __uuidof(::_HRObject))) {
-      *object = static_cast<::_HRObject*>(this);
+        IsEqualIID(id, __uuidof(Interface))) {
+      *object = static_cast<Interface*>(this);
       AddRef();
       return S_OK;
     }
@@ -36,11 +39,28 @@ class Wrapper : public ::_HRObject {
     return E_NOTIMPL;
   }
 
-#include "operation_slots.inc"
-
   bool aggregated() const { return inner_ != nullptr; }
   ULONG references() const { return references_; }
+  /// The inner object's own slots; its references are counted here.
+  Interface* slots() {
+    void* slots = nullptr;
+    inner_->QueryInterface(__uuidof(Interface), &slots);
+    Release();
+    return static_cast<Interface*>(slots);
+  }
+
+ private:
+  ComPtr<IUnknown> inner_;
+  ULONG references_ = 1;
+};
+
+/// Answers GETDAYRATE itself and hands GETHOURRATE on.
+class Wrapper : public Aggregate<::_HRObject> {
+ public:
+  Wrapper() : Aggregate(__uuidof(HRObject)) {}
   HRESULT failure = S_OK;
+
+#include "operation_slots.inc"
 
  private:
   template <std::size_t Row, typename Out, typename... Given>
@@ -49,27 +69,45 @@ class Wrapper : public ::_HRObject {
       *result = 800;
       return failure;
     } else if constexpr (Row == 1) {
-      return innerHRObject()->GETHOURRATE(given..., result);
+      return slots()->GETHOURRATE(given..., result);
     } else {
       return E_NOTIMPL;
     }
   }
-
-  /// The inner object's own slots; its references are counted here.
-  ::_HRObject* innerHRObject() {
-    void* slots = nullptr;
-    inner_->QueryInterface(__uuidof(::_HRObject), &slots);
-    Release();
-    return static_cast<::_HRObject*>(slots);
-  }
-
-  ComPtr<IUnknown> inner_;
-  ULONG references_ = 1;
 };
 
-}  // namespace
+/// Keeps what its setters are given and hands SetTypeCode on.
+class ProfileWrapper : public Aggregate<::_EmployeeObject> {
+ public:
+  ProfileWrapper() : Aggregate(__uuidof(EmployeeObject)) {}
+  std::string puts;
 
-void testSelfCalls() {
+#include "profile_slots.inc"
+
+ private:
+  template <std::size_t Row, typename Out>
+  HRESULT getProperty(Out) {
+    return E_NOTIMPL;
+  }
+  template <std::size_t Row, typename Given>
+  HRESULT putProperty(std::nullptr_t, [[maybe_unused]] Given value) {
+    puts += std::get<Row>(kProfileProperties).name;
+    if constexpr (std::is_arithmetic_v<Given>) {
+      puts += "=" + std::to_string(static_cast<int>(value)) + " ";
+    }
+    return S_OK;
+  }
+  template <std::size_t Row, typename Out, typename... Given>
+  HRESULT method(Out, Given... given) {
+    if constexpr (Row == 0) {
+      return slots()->SetTypeCode(given...);
+    } else {
+      return E_NOTIMPL;
+    }
+  }
+};
+
+void testOperations() {
   Wrapper wrapper;
   check(wrapper.aggregated(), "HRObject may be aggregated");
   const automation::BstrText employee("E0001");
@@ -78,9 +116,81 @@ void testSelfCalls() {
   checkStatus(wrapper.GETHOURRATE(employee, &none, &rate), S_OK, "through the wrapper");
   check(rate == 100, "an operation that is defined by another asks the wrapper's");
   wrapper.failure = static_cast<HRESULT>(0x800A0006);
+  automation::guarded("Earlier", IID_IDispatch, [] { raiseOverflow(); });
   checkStatus(wrapper.GETHOURRATE(employee, &none, &rate), wrapper.failure,
               "a failure of the wrapper's operation travels on");
+  checkEqual(takeErrorText().text.substr(0, 19), "HRObject.GETDAYRATE",
+             "without a text of its own it has none of an earlier failure");
   check(wrapper.references() == 1, "no reference to the wrapper is kept");
+}
+
+/// Rows of one type of employee, in which every column holds 2.
+class TwoEverywhere {
+ public:
+  TwoEverywhere() {
+    field_.members[L"Value"] = [](FakeCall&) { return Variant(2); };
+    fields_.members[L"Item"] = [this](FakeCall&) { return Variant(newFake(field_).Get()); };
+    rows_.members[L"Fields"] = [this](FakeCall&) { return Variant(newFake(fields_).Get()); };
+    rows_.members[L"EOF"] = [](FakeCall&) { return Variant(false); };
+    for (const wchar_t* member : {L"CursorLocation", L"Open", L"Close"}) {
+      rows_.members[member] = connection_.members[member] = [](FakeCall&) { return Variant(); };
+    }
+    utility_.members[L"RoundToDigits"] = firstArgument;
+    utility_.members[L"TextToNumber"] = firstArgument;
+    tool_.members[L"PrepareSql"] = firstArgument;
+  }
+
+ private:
+  static Variant firstArgument(FakeCall& call) { return Variant(*call.arguments.at(0)); }
+
+  FakeKind field_, fields_, rows_, connection_, utility_, tool_;
+  const FakeRole roles_[4]{{L"Connection", connection_},
+                           {L"Recordset", rows_},
+                           {L"UtilityObject", utility_},
+                           {L"DataTool", tool_}};
+};
+
+void testSetters() {
+  const TwoEverywhere database;
+  FakeKind data;
+  data.members[L"ConnectionString"] =
+      data.members[L"DatabaseType"] = [](FakeCall&) { return Variant(""); };
+  const auto dataObj = newFake(data);
+  IDispatch* given = dataObj.Get();
+  ProfileWrapper wrapper;
+  check(wrapper.aggregated() && wrapper.puts.empty(), "EmployeeObject may be aggregated");
+  checkStatus(wrapper.SetTypeCode(automation::BstrText("M1"), &given), S_OK, "SetTypeCode");
+  checkEqual(wrapper.puts,
+             "DayPerPeriod=2 DayPerYear=2 HourPerPeriod=2 HourPerWeek=2 HourPerMonth=2 "
+             "HourPerYear=2 SalaryType=2 HourPerWeek=4 HourPerMonth=4 ",
+             "SetTypeCode asks the wrapper's setters");
+  double hours = 0;
+  wrapper.slots()->get_HourPerWeek(&hours);
+  check(hours == 56, "which answer for the object");
+  wrapper.slots()->get_HourPerDay(&hours);
+  check(hours == 2, "while it sets its own fields");
+  check(wrapper.references() == 1, "no reference to the wrapper is kept");
+}
+
+/// The library's view of a profile sets and reads what the profile has.
+void testView() {
+  const TwoEverywhere database;
+  const auto profile = create<::_EmployeeObject>(__uuidof(EmployeeObject));
+  hrlib::ProfileSelfCalls view(profile.Get());
+  view.Code("E0001");
+  view.LastSSO(Currency::fromText("875.25"));
+  view.SignDate(Date::fromYmd(2021, 5, 6));
+  checkEqual(view.Code() + " " + view.LastSSO().toText() + " " + view.SignDate().isoDateText() +
+                 " " + view.CalcMethod() + " " + view.TypeCode(),
+             "E0001 875.2500 2021-05-06 M 1", "a profile through its slots");
+}
+
+}  // namespace
+
+void testSelfCalls() {
+  testOperations();
+  testSetters();
+  testView();
 }
 
 }  // namespace kt7::client

@@ -13,18 +13,12 @@ namespace {
 
 constexpr const wchar_t* kTitle = L"KT7HRLib";
 
-LateObject createRole(const wchar_t* role, const wchar_t* usualProgId) {
-  return automation::createByProgId(
-      automation::registrySetting(WindowsPlatform::kSettingsKey, role, usualProgId));
+std::wstring progIdOf(const wchar_t* role, const wchar_t* usualProgId) {
+  return automation::registrySetting(WindowsPlatform::kSettingsKey, role, usualProgId);
 }
 
-LateObject createOften(std::optional<CLSID>& known, const wchar_t* role,
-                       const wchar_t* usualProgId) {
-  if (!known) {
-    known = automation::classOf(
-        automation::registrySetting(WindowsPlatform::kSettingsKey, role, usualProgId));
-  }
-  return automation::createByClass(*known, automation::toUtf8(role));
+LateObject createRole(const wchar_t* role, const wchar_t* usualProgId) {
+  return automation::createByProgId(progIdOf(role, usualProgId));
 }
 
 /// False in a service and wherever else no person looks at the screen.
@@ -37,6 +31,15 @@ bool someoneIsThere() {
 }
 
 }  // namespace
+
+LateObject WindowsPlatform::createOften(std::optional<KnownClass>& known, const wchar_t* role,
+                                        const wchar_t* usualProgId) {
+  if (!known) {
+    const std::wstring progId = progIdOf(role, usualProgId);
+    known = {automation::classOf(progId), automation::toUtf8(progId)};
+  }
+  return automation::createByClass(known->id, known->progId);
+}
 
 std::unique_ptr<ado::Connection> WindowsPlatform::createConnection() {
   return std::make_unique<LateConnection>(

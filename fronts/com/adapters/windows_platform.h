@@ -3,15 +3,18 @@
 #include <windows.h>
 
 #include <optional>
+#include <string>
 
 #include "collab/platform.h"
+#include "fronts/com/automation/late_object.h"
 
 namespace kt7::adapters {
 
 /// The library's platform on Windows. Collaborators and data-access objects are made by program id:
 /// the names below, or what the registry names instead, as text values UtilityObject, DataTool,
 /// SettingStore, Connection and Recordset of kSettingsKey (the current user's before the
-/// machine's). A program id that is not registered is an error that names it.
+/// machine's). A program id that is not registered, or whose object cannot be made, is an error
+/// that names it.
 class WindowsPlatform : public Platform {
  public:
   static constexpr const wchar_t* kSettingsKey = L"Software\\KT7HRLib\\ProgramIds";
@@ -27,9 +30,16 @@ class WindowsPlatform : public Platform {
   void showMessage(const std::string& text) override;
 
  private:
+  struct KnownClass {
+    CLSID id;
+    std::string progId;
+  };
+  static automation::LateObject createOften(std::optional<KnownClass>& known, const wchar_t* role,
+                                            const wchar_t* usualProgId);
+
   // Many are made by one object; the way from the name to the class is long.
-  std::optional<CLSID> connectionClass_;
-  std::optional<CLSID> recordsetClass_;
+  std::optional<KnownClass> connectionClass_;
+  std::optional<KnownClass> recordsetClass_;
 };
 
 }  // namespace kt7::adapters

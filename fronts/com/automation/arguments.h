@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fronts/com/automation/by_reference.h"
 #include "fronts/com/automation/variant.h"
 
 namespace kt7::automation {
@@ -32,12 +33,16 @@ class Arguments {
     return fromVariant<T>(*slots_[position]);
   }
   /// As objectIn; null where it was left out.
-  IDispatch* object(std::size_t position) const {
+  ComPtr<IDispatch> object(std::size_t position) const {
     return has(position) ? objectIn(*slots_[position]) : nullptr;
   }
-  /// Stores a by-reference result where the caller can see it.
-  void put(std::size_t position, Variant value) const {
-    if (has(position)) storeByReference(*slots_[position], std::move(value));
+  /// A by-reference result as the caller's variable holds it, and storing it there. Neither does
+  /// anything for an argument that was left out.
+  Variant converted(std::size_t position, Variant value) const {
+    return has(position) ? convertedFor(*slots_[position], std::move(value)) : Variant();
+  }
+  void store(std::size_t position, Variant converted) const noexcept {
+    if (has(position)) storeByReference(*slots_[position], std::move(converted));
   }
 
   [[noreturn]] static void raiseMissing(std::size_t position);

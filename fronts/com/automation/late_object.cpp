@@ -90,7 +90,7 @@ void LateObject::put(const wchar_t* member, const Variant& value) const {
 
 LateObject LateObject::child(const Variant& answer, std::string_view childName,
                              MemberIds* sharedIds) const {
-  return {objectIn(answer.raw()), name_ + "." + std::string(childName), sharedIds};
+  return {objectIn(answer.raw()).Get(), name_ + "." + std::string(childName), sharedIds};
 }
 
 CLSID classOf(const std::wstring& progId) {

@@ -14,8 +14,6 @@
 
 namespace kt7::automation {
 
-using Microsoft::WRL::ComPtr;
-
 /// Remembers the dispatch ids of members by name, for objects of one class.
 class MemberIds {
  public:

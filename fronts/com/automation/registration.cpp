@@ -4,17 +4,20 @@
 
 #include <array>
 #include <new>
+#include <vector>
 
+#include "fronts/com/automation/class_registry.h"
 #include "fronts/com/automation/module.h"
 
 namespace kt7::automation {
 
 namespace {
 
-constexpr std::wstring_view kClasses = L"Software\\Classes\\";
 // The platform's own marshaller of dual interfaces.
-constexpr std::wstring_view kAutomationMarshaller = L"{00020424-0000-0000-C000-000000000046}";
-constexpr std::wstring_view kPlatformName = sizeof(void*) == 8 ? L"win64" : L"win32";
+constexpr const wchar_t* kAutomationMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+// Below a version of a type library, where the library of each kind lies.
+constexpr const wchar_t* kPlatforms = L"\\0";
+constexpr const wchar_t* kOwnPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
 
 std::wstring guidText(const GUID& id) {
   std::array<wchar_t, 40> text{};
@@ -26,67 +29,77 @@ HKEY rootOf(RegistrationScope scope) {
   return scope == RegistrationScope::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
-/// One key below Software\Classes and its default value.
+/// A value below Software\Classes.
 struct Entry {
   std::wstring key;
   std::wstring value;
-  std::wstring_view name = {};  // of the value; the default one without it
+  std::wstring name = {};  // of the value; the default one without it
 };
 
-/// The keys of a module in the order of writing; `roots` are removed with all below them.
-struct Entries {
-  std::vector<Entry> values;
-  std::vector<std::wstring> roots;
-};
+using Entries = std::vector<Entry>;
 
 std::wstring progIdWithVersion(const RegisteredClass& registered) {
   return std::wstring(registered.progId) + L".1";
 }
 
+std::wstring classKey(const RegisteredClass& registered) {
+  return L"CLSID\\" + guidText(registered.id);
+}
+
+std::wstring interfaceKey(const RegisteredInterface& dual) {
+  return L"Interface\\" + guidText(dual.id);
+}
+
+std::wstring libraryKey(const RegisteredTypeLibrary& library) {
+  return L"TypeLib\\" + guidText(library.id);
+}
+
+std::wstring versionKey(const RegisteredTypeLibrary& library) {
+  return libraryKey(library) + L"\\" + std::wstring(library.version);
+}
+
 void addClass(Entries& entries, const RegisteredClass& registered, const Registered& module) {
   const std::wstring id = guidText(registered.id);
-  const std::wstring key = L"CLSID\\" + id;
+  const std::wstring key = classKey(registered);
   const std::wstring server = key + L"\\InprocServer32";
   const std::wstring versioned = progIdWithVersion(registered);
   const std::wstring unversioned(registered.progId);
   const std::wstring description(registered.description);
-  entries.values.push_back({key, description});
-  entries.values.push_back({server, modulePath()});
-  entries.values.push_back({server, L"Apartment", L"ThreadingModel"});
-  entries.values.push_back({key + L"\\ProgID", versioned});
-  entries.values.push_back({key + L"\\VersionIndependentProgID", unversioned});
-  entries.values.push_back({key + L"\\Programmable", L""});
+  entries.push_back({key, description});
+  entries.push_back({server, modulePath()});
+  entries.push_back({server, L"Apartment", L"ThreadingModel"});
+  entries.push_back({key + L"\\ProgID", versioned});
+  entries.push_back({key + L"\\VersionIndependentProgID", unversioned});
+  entries.push_back({key + L"\\Programmable", L""});
   if (module.typeLibrary) {
-    entries.values.push_back({key + L"\\TypeLib", guidText(module.typeLibrary->id)});
-    entries.values.push_back({key + L"\\Version", std::wstring(module.typeLibrary->version)});
+    entries.push_back({key + L"\\TypeLib", guidText(module.typeLibrary->id)});
+    entries.push_back({key + L"\\Version", std::wstring(module.typeLibrary->version)});
   }
-  entries.values.push_back({versioned, description});
-  entries.values.push_back({versioned + L"\\CLSID", id});
-  entries.values.push_back({unversioned, description});
-  entries.values.push_back({unversioned + L"\\CLSID", id});
-  entries.values.push_back({unversioned + L"\\CurVer", versioned});
-  entries.roots.insert(entries.roots.end(), {key, versioned, unversioned});
+  entries.push_back({versioned, description});
+  entries.push_back({versioned + L"\\CLSID", id});
+  entries.push_back({unversioned, description});
+  entries.push_back({unversioned + L"\\CLSID", id});
+  entries.push_back({unversioned + L"\\CurVer", versioned});
 }
 
 void addTypeLibrary(Entries& entries, const RegisteredTypeLibrary& library) {
   const std::wstring id = guidText(library.id);
   const std::wstring version(library.version);
-  const std::wstring key = L"TypeLib\\" + id + L"\\" + version;
+  const std::wstring key = versionKey(library);
   const std::wstring path = modulePath();
   const std::wstring folder = path.substr(0, path.find_last_of(L'\\'));
-  entries.values.push_back({key, std::wstring(library.description)});
-  entries.values.push_back({key + L"\\0\\" + std::wstring(kPlatformName), path});
-  entries.values.push_back({key + L"\\FLAGS", L"0"});
-  entries.values.push_back({key + L"\\HELPDIR", folder});
-  entries.roots.push_back(L"TypeLib\\" + id);
+  entries.push_back({libraryKey(library), L""});
+  entries.push_back({key, std::wstring(library.description)});
+  entries.push_back({key + kPlatforms, L""});
+  entries.push_back({key + kPlatforms + L"\\" + kOwnPlatform, path});
+  entries.push_back({key + L"\\FLAGS", L"0"});
+  entries.push_back({key + L"\\HELPDIR", folder});
   for (const RegisteredInterface& dual : library.interfaces) {
-    const std::wstring interfaceKey = L"Interface\\" + guidText(dual.id);
-    entries.values.push_back({interfaceKey, std::wstring(dual.name)});
-    entries.values.push_back(
-        {interfaceKey + L"\\ProxyStubClsid32", std::wstring(kAutomationMarshaller)});
-    entries.values.push_back({interfaceKey + L"\\TypeLib", id});
-    entries.values.push_back({interfaceKey + L"\\TypeLib", version, L"Version"});
-    entries.roots.push_back(interfaceKey);
+    const std::wstring own = interfaceKey(dual);
+    entries.push_back({own, std::wstring(dual.name)});
+    entries.push_back({own + L"\\ProxyStubClsid32", kAutomationMarshaller});
+    entries.push_back({own + L"\\TypeLib", id});
+    entries.push_back({own + L"\\TypeLib", version, L"Version"});
   }
 }
 
@@ -97,26 +110,44 @@ Entries entriesOf(const Registered& registered) {
   return entries;
 }
 
-LSTATUS write(HKEY root, const Entry& entry) {
-  HKEY key = nullptr;
-  const std::wstring path = std::wstring(kClasses) + entry.key;
-  LSTATUS status =
-      RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
-  if (status != ERROR_SUCCESS) return status;
-  status = RegSetValueExW(key, entry.name.empty() ? nullptr : entry.name.data(), 0, REG_SZ,
-                          reinterpret_cast<const BYTE*>(entry.value.c_str()),
-                          static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t)));
-  RegCloseKey(key);
-  return status;
+/// What removeAll takes away: the keys of this kind, and of what both kinds share as much as the
+/// other one does not need.
+std::vector<std::wstring> ownKeys(const Registered& registered) {
+  std::vector<std::wstring> keys;
+  for (const RegisteredClass& one : registered.classes) keys.push_back(classKey(one));
+  if (registered.typeLibrary) {
+    for (const auto& dual : registered.typeLibrary->interfaces) keys.push_back(interfaceKey(dual));
+    keys.push_back(versionKey(*registered.typeLibrary) + kPlatforms + L"\\" + kOwnPlatform);
+  }
+  return keys;
 }
 
-HRESULT removeAll(HKEY root, const Entries& entries) {
+std::vector<std::wstring> unneededKeys(const Registered& registered,
+                                       const ClassRegistry& registry) {
+  std::vector<std::wstring> keys;
+  for (const RegisteredClass& one : registered.classes) {
+    if (registry.otherKindHas(classKey(one))) continue;
+    keys.push_back(progIdWithVersion(one));
+    keys.emplace_back(one.progId);
+  }
+  if (registered.typeLibrary) {
+    const std::wstring version = versionKey(*registered.typeLibrary);
+    if (!registry.hasSubkeys(version + kPlatforms)) keys.push_back(version);
+  }
+  return keys;
+}
+
+HRESULT removeAll(ClassRegistry registry, const Registered& registered) {
   HRESULT result = S_OK;
-  for (const std::wstring& key : entries.roots) {
-    const LSTATUS status = RegDeleteTreeW(root, (std::wstring(kClasses) + key).c_str());
-    if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND) {
-      result = HRESULT_FROM_WIN32(static_cast<DWORD>(status));
-    }
+  const auto remove = [&](const std::wstring& key) {
+    const LSTATUS status = registry.remove(key);
+    if (status != ERROR_SUCCESS) result = HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+  };
+  for (const std::wstring& key : ownKeys(registered)) remove(key);
+  for (const std::wstring& key : unneededKeys(registered, registry)) remove(key);
+  if (registered.typeLibrary) {
+    const std::wstring library = libraryKey(*registered.typeLibrary);
+    if (!registry.hasSubkeys(library)) remove(library);
   }
   return result;
 }
@@ -132,28 +163,15 @@ HRESULT withMemory(Work work) noexcept {
   }
 }
 
-bool readText(HKEY root, const wchar_t* key, const wchar_t* name, std::wstring& text) {
-  DWORD bytes = 0;
-  if (RegGetValueW(root, key, name, RRF_RT_REG_SZ, nullptr, nullptr, &bytes) != ERROR_SUCCESS) {
-    return false;
-  }
-  text.resize(bytes / sizeof(wchar_t));
-  if (RegGetValueW(root, key, name, RRF_RT_REG_SZ, nullptr, text.data(), &bytes) != ERROR_SUCCESS) {
-    return false;
-  }
-  text.resize(text.find(L'\0'));
-  return !text.empty();
-}
-
 }  // namespace
 
 HRESULT registerModule(const Registered& registered, RegistrationScope scope) noexcept {
   return withMemory([&] {
-    const Entries entries = entriesOf(registered);
-    for (const Entry& entry : entries.values) {
-      const LSTATUS status = write(rootOf(scope), entry);
+    ClassRegistry registry(rootOf(scope));
+    for (const Entry& entry : entriesOf(registered)) {
+      const LSTATUS status = registry.write(entry.key, entry.value, entry.name);
       if (status == ERROR_SUCCESS) continue;
-      removeAll(rootOf(scope), entries);
+      registry.undo();
       return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
     }
     return S_OK;
@@ -161,7 +179,7 @@ HRESULT registerModule(const Registered& registered, RegistrationScope scope) no
 }
 
 HRESULT unregisterModule(const Registered& registered, RegistrationScope scope) noexcept {
-  return withMemory([&] { return removeAll(rootOf(scope), entriesOf(registered)); });
+  return withMemory([&] { return removeAll(ClassRegistry(rootOf(scope)), registered); });
 }
 
 HRESULT installModule(const Registered& registered, bool install, const wchar_t* scope) noexcept {
@@ -172,9 +190,10 @@ HRESULT installModule(const Registered& registered, bool install, const wchar_t*
 }
 
 std::wstring registrySetting(const wchar_t* key, const wchar_t* name, std::wstring_view fallback) {
-  std::wstring text;
-  if (readText(HKEY_CURRENT_USER, key, name, text)) return text;
-  if (readText(HKEY_LOCAL_MACHINE, key, name, text)) return text;
+  for (HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+    const auto text = textAt(root, key, name);
+    if (text && !text->empty()) return *text;
+  }
   return std::wstring(fallback);
 }
 

@@ -38,9 +38,11 @@ struct Registered {
   std::optional<RegisteredTypeLibrary> typeLibrary;  // the one in this module
 };
 
-/// Writes the keys of this module below Software\Classes; undoes them where one cannot be written.
+/// Writes the keys of this module below Software\Classes. Where one cannot be written, what stood
+/// there before stands again.
 HRESULT registerModule(const Registered& registered, RegistrationScope scope) noexcept;
-/// Removes what registerModule wrote. Keys that are not there are no error.
+/// Removes what registerModule wrote, but for what a DLL of the other kind (32 or 64 bits) has
+/// registered too. Keys that are not there are no error.
 HRESULT unregisterModule(const Registered& registered, RegistrationScope scope) noexcept;
 
 /// The body of DllInstall: "user" registers for the current user, "" and "machine" for the machine.

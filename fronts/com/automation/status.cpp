@@ -118,6 +118,7 @@ HRESULT reportException(const std::string& source, REFIID interfaceId) noexcept 
       return E_FAIL;
     }
   } catch (...) {
+    forgetErrorInformation();
     return E_UNEXPECTED;
   }
 }
@@ -144,6 +145,8 @@ std::string systemText(HRESULT status) {
   if (units == 0) return "Automation error " + std::to_string(status);
   return toUtf8({text.data(), units});
 }
+
+void forgetErrorInformation() noexcept { SetErrorInfo(0, nullptr); }
 
 void raiseStatus(HRESULT status, const std::string& call) {
   raiseDetails(status, takeErrorInformation(), call);

@@ -43,6 +43,9 @@ HRESULT guarded(const std::string& source, REFIID interfaceId, Work&& work) noex
 /// in it, or the status itself where the caller wants no details.
 HRESULT moveToException(HRESULT status, EXCEPINFO* exception) noexcept;
 
+/// To be done before a call whose failure raiseStatus raises: a callee that sets no error
+/// information is else told with the text of an earlier failure.
+void forgetErrorInformation() noexcept;
 /// Raises a failed status of a call, with the thread's error information where there is any;
 /// `call` names what was called and is the text where nothing else is known.
 [[noreturn]] void raiseStatus(HRESULT status, const std::string& call);

@@ -92,6 +92,14 @@ Date dateOf(const Value& value) {
   return Date::fromSerial(serial);
 }
 
+ComPtr<IDispatch> dispatchOf(IUnknown* object) {
+  ComPtr<IDispatch> dispatch;
+  if (object != nullptr && FAILED(object->QueryInterface(IID_PPV_ARGS(&dispatch)))) {
+    raiseTypeMismatch("the object cannot be called by name");
+  }
+  return dispatch;
+}
+
 bool isEmpty(const VARIANT& variant) {
   if (variant.vt == (VT_BYREF | VT_VARIANT)) return isEmpty(*variant.pvarVal);
   return variant.vt == VT_EMPTY || isMissing(&variant);
@@ -140,12 +148,16 @@ bool isMissing(const VARIANT* variant) {
   return variant->vt == VT_ERROR && variant->scode == DISP_E_PARAMNOTFOUND;
 }
 
-IDispatch* objectIn(const VARIANT& variant) {
+ComPtr<IDispatch> objectIn(const VARIANT& variant) {
   switch (variant.vt) {
     case VT_DISPATCH:
       return variant.pdispVal;
     case VT_BYREF | VT_DISPATCH:
       return *variant.ppdispVal;
+    case VT_UNKNOWN:
+      return dispatchOf(variant.punkVal);
+    case VT_BYREF | VT_UNKNOWN:
+      return dispatchOf(*variant.ppunkVal);
     case VT_BYREF | VT_VARIANT:
       return objectIn(*variant.pvarVal);
     case VT_EMPTY:
@@ -198,7 +210,8 @@ Value toValue(const VARIANT& variant) {
     case VT_BSTR:
       return toUtf8(viewOf(variant.bstrVal));
     case VT_DISPATCH:
-      return defaultProperty(variant.pdispVal);
+    case VT_UNKNOWN:
+      return defaultProperty(objectIn(variant).Get());
     default:
       break;
   }
@@ -236,49 +249,5 @@ template double fromVariant<double>(const VARIANT&);
 template Currency fromVariant<Currency>(const VARIANT&);
 template Date fromVariant<Date>(const VARIANT&);
 template std::string fromVariant<std::string>(const VARIANT&);
-
-void storeByReference(VARIANT& argument, Variant value) {
-  if ((argument.vt & VT_BYREF) == 0) return;
-  if (argument.vt == (VT_BYREF | VT_VARIANT)) {
-    if (argument.pvarVal->vt & VT_BYREF) {
-      storeByReference(*argument.pvarVal, std::move(value));
-      return;
-    }
-    VariantClear(argument.pvarVal);
-    *argument.pvarVal = value.release();
-    return;
-  }
-  const auto type = static_cast<VARTYPE>(argument.vt & ~VT_BYREF);
-  Variant converted;
-  if (FAILED(VariantChangeType(converted.out(), readOnly(value.raw()), 0, type)))
-    raiseTypeMismatch();
-  if (type == VT_BSTR) {
-    SysFreeString(*argument.pbstrVal);
-    *argument.pbstrVal = converted.release().bstrVal;
-    return;
-  }
-  switch (type) {
-    case VT_I2:
-    case VT_BOOL:
-      *argument.piVal = converted.raw().iVal;
-      break;
-    case VT_I4:
-    case VT_INT:
-      *argument.plVal = converted.raw().lVal;
-      break;
-    case VT_R4:
-      *argument.pfltVal = converted.raw().fltVal;
-      break;
-    case VT_R8:
-    case VT_DATE:
-      *argument.pdblVal = converted.raw().dblVal;
-      break;
-    case VT_CY:
-      *argument.pcyVal = converted.raw().cyVal;
-      break;
-    default:
-      raiseTypeMismatch("an argument by reference of type " + std::to_string(type));
-  }
-}
 
 }  // namespace kt7::automation

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <wrl/client.h>
 
 #include <string>
 #include <type_traits>
@@ -9,6 +10,8 @@
 #include "base/value.h"
 
 namespace kt7::automation {
+
+using Microsoft::WRL::ComPtr;
 
 /// A VARIANT that clears itself. Arguments of late-bound calls convert to it silently.
 class Variant {
@@ -55,17 +58,13 @@ Value toValue(const VARIANT& variant);
 /// True for an argument that was left out: none at all, or the platform's "missing" mark.
 bool isMissing(const VARIANT* variant);
 
-/// The object in a variant, by reference or not; null for nothing, empty and null. It is not
-/// counted: it lives as long as the variant. Type mismatch for anything else.
-IDispatch* objectIn(const VARIANT& variant);
+/// The object in a variant, by reference or not, which may be known by another interface; null for
+/// nothing, empty and null. Type mismatch for anything else.
+ComPtr<IDispatch> objectIn(const VARIANT& variant);
 
 /// The variant as T by the automation rules; empty is "", 0 or false, null a type mismatch. A text
 /// is a date in ISO form or in the user's own.
 template <typename T>
 T fromVariant(const VARIANT& variant);
-
-/// Stores a value through a by-reference argument, converted to the type that the caller keeps
-/// there; an argument passed by value stays as it is.
-void storeByReference(VARIANT& argument, Variant value);
 
 }  // namespace kt7::automation

@@ -7,8 +7,24 @@
 
 namespace kt7::database2 {
 
-host::HostPlatform& platform() {
-  static host::HostPlatform shared;
+SharedPlatform::SharedPlatform() {
+  setPicker([this](const PickerRequest& request, const std::string& connectionString,
+                   bool multiSelect) { return current()(request, connectionString, multiSelect); });
+}
+
+void SharedPlatform::answerPickers(const std::vector<std::string>& keys) {
+  host::Picker answer = host::pickAlways(keys);
+  const std::lock_guard lock(guard_);
+  answer_.swap(answer);
+}
+
+host::Picker SharedPlatform::current() {
+  const std::lock_guard lock(guard_);
+  return answer_;
+}
+
+SharedPlatform& platform() {
+  static SharedPlatform shared;
   return shared;
 }
 
@@ -38,7 +54,7 @@ Variant DataObject::Connection() {
 
 void ClientObject::setPickerAnswer(const std::string& keys) {
   pickerAnswer_ = keys;
-  platform().setPicker(host::pickAlways(split(keys, ',')));
+  platform().answerPickers(split(keys, ','));
 }
 
 Parameter<kt7::DataObj>::Parameter(const VARIANT& given) {

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <memory>
-#include <optional>
+#include <mutex>
 #include <string>
+#include <vector>
 
 #include "fronts/com/database2/data_access.h"
 #include "host/roles/host_data_obj.h"
@@ -11,8 +12,21 @@
 /// What a host passes to the operations: its data object, its application and its client.
 namespace kt7::database2 {
 
-/// The platform that all objects of this library share: drivers, clock, what pickers answer.
-host::HostPlatform& platform();
+/// The platform that all objects of this library share, whatever their apartment: drivers, clock,
+/// what pickers answer.
+class SharedPlatform : public host::HostPlatform {
+ public:
+  SharedPlatform();
+  /// Every picker answers those key values from now on.
+  void answerPickers(const std::vector<std::string>& keys);
+
+ private:
+  host::Picker current();
+
+  std::mutex guard_;
+  host::Picker answer_ = host::pickNever();
+};
+SharedPlatform& platform();
 
 class DataObject {
  public:

@@ -70,7 +70,8 @@ FieldObject::FieldObject(std::shared_ptr<ado::Recordset> rows, std::string name)
 Parameter<ado::ActiveConnection>::Parameter(const VARIANT& given) {
   const VARIANT* inner = &given;
   while (inner->vt == (VT_BYREF | VT_VARIANT)) inner = inner->pvarVal;
-  if ((inner->vt & ~VT_BYREF) != VT_DISPATCH) {
+  const int type = inner->vt & ~VT_BYREF;
+  if (type != VT_DISPATCH && type != VT_UNKNOWN) {
     connectionString_ = automation::fromVariant<std::string>(given);
     return;
   }

@@ -76,7 +76,7 @@ Variant newObject(A&&... arguments) {
 template <typename Target>
 Target* targetIn(const VARIANT& argument) {
   auto* const found =
-      dynamic_cast<ObjectOf<Target>*>(OwnObject::behind(automation::objectIn(argument)));
+      dynamic_cast<ObjectOf<Target>*>(OwnObject::behind(automation::objectIn(argument).Get()));
   return found == nullptr ? nullptr : &found->target();
 }
 

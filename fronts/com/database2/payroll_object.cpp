@@ -31,18 +31,22 @@ std::unique_ptr<ado::Connection> opened(const std::string& connectionString) {
 /// The register as it grows, and a line for each note and failure.
 class RunNotes : public payroll::RunListener {
  public:
-  RunNotes(cli::RegisterWriter& slips, std::string& notes) : slips_(slips), notes_(notes) {}
+  RunNotes(cli::RegisterWriter& slips, PayrollObject::LastRun& run) : slips_(slips), run_(run) {}
 
-  void paid(const payroll::Slip& slip) override { slips_.add(slip); }
+  void paid(const payroll::Slip& slip) override {
+    slips_.add(slip);
+    ++run_.paid;
+  }
   void standing(const payroll::Slip& slip) override { slips_.add(slip); }
-  void note(const std::string& text) override { notes_ += text + "\r\n"; }
+  void note(const std::string& text) override { run_.notes += text + "\r\n"; }
   void failed(const std::string& employee, Date payDate, const std::string& cause) override {
     note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
+    ++run_.failed;
   }
 
  private:
   cli::RegisterWriter& slips_;
-  std::string& notes_;
+  PayrollObject::LastRun& run_;
 };
 
 std::string joined(const std::vector<std::string>& lines) {
@@ -88,24 +92,29 @@ std::string PayrollObject::Run(const std::string& month, const std::optional<std
   payroll::RunRequest request{*paidMonth, type.value_or(""), {}};
   if (inputFile && !inputFile->empty()) request.input = cli::readPayrollInput(*inputFile);
 
-  paid_ = failed_ = 0;
-  notes_.clear();
+  last_ = {};
   host::HostPlatform platform(paidMonth->lastDay());
-  platform.setMessageView([this](const std::string& text) { notes_ += text + "\r\n"; });
+  platform.setMessageView([this](const std::string& text) { last_.notes += text + "\r\n"; });
   schema::requireCompany(*opened(connectionString_));
   host::HostDataObj dataObj(connectionString_);
   std::ostringstream text;
   const auto slips = cli::registerWriter(format.value_or("table"), text, month);
+  const auto keepRegister = [&] {
+    slips->finish();
+    last_.slips = text.str();
+  };
   try {
-    RunNotes listener(*slips, notes_);
-    const payroll::RunOutcome outcome = payroll::payMonth(platform, dataObj, request, listener);
-    paid_ = outcome.paid;
-    failed_ = outcome.failed;
+    RunNotes listener(*slips, last_);
+    payroll::payMonth(platform, dataObj, request, listener);
   } catch (const payroll::RunStopped& stopped) {
     refuse("nothing was paid: " + joined(stopped.reasons()));
+  } catch (...) {
+    // Who was paid before stays paid.
+    keepRegister();
+    throw;
   }
-  slips->finish();
-  return text.str();
+  keepRegister();
+  return last_.slips;
 }
 
 namespace {
@@ -121,6 +130,7 @@ constexpr std::array kMembers{
     answers<Payroll, &Payroll::Paid>(L"Paid"),
     answers<Payroll, &Payroll::Failed>(L"Failed"),
     answers<Payroll, &Payroll::Notes>(L"Notes"),
+    answers<Payroll, &Payroll::Register>(L"Register"),
 };
 // clang-format on
 

@@ -25,16 +25,23 @@ class PayrollObject {
                   const std::optional<std::string>& inputFile,
                   const std::optional<std::string>& format);
 
-  /// Of the last run: slips paid, slips that failed, and one line for each note and failure.
-  std::int32_t Paid() const { return paid_; }
-  std::int32_t Failed() const { return failed_; }
-  std::string Notes() const { return notes_; }
+  /// Of the last run, also of one that an error ended: slips paid, slips that failed, one line for
+  /// each note and failure, and the register of the slips paid.
+  std::int32_t Paid() const { return last_.paid; }
+  std::int32_t Failed() const { return last_.failed; }
+  std::string Notes() const { return last_.notes; }
+  std::string Register() const { return last_.slips; }
+
+  struct LastRun {
+    std::int32_t paid = 0;
+    std::int32_t failed = 0;
+    std::string notes;
+    std::string slips;
+  };
 
  private:
   std::string connectionString_;
-  std::int32_t paid_ = 0;
-  std::int32_t failed_ = 0;
-  std::string notes_;
+  LastRun last_;
 };
 
 template <>

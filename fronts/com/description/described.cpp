@@ -133,10 +133,11 @@ std::vector<DescribedMember> describeProfile(const Ids& ids) {
   const auto addProperty = [&](const auto& property) {
     using Type = typename std::remove_cvref_t<decltype(property)>::Type;
     DescribedMember member{
-        MemberKind::PropertyGet, std::string(property.name), 0, {}, typeName<Type>(), row};
+        MemberKind::PropertyGet, std::string(property.name), 0, {}, typeName<Type>(), row, true};
     described.push_back(member);
     if (property.set != nullptr) {
       member.kind = MemberKind::PropertyPut;
+      member.isConst = false;
       member.parameters = {parameter<Type>("value", false)};
       member.result = {};
       described.push_back(member);
@@ -151,7 +152,7 @@ std::vector<DescribedMember> describeProfile(const Ids& ids) {
     described.push_back(
         {MemberKind::Method, std::string(method.name), 0,
          parameters(static_cast<typename Row::Arguments*>(nullptr), method.parameters),
-         typeName<typename Row::Result>(), row++});
+         typeName<typename Row::Result>(), row++, Row::kIsConst});
   };
   std::apply([&](const auto&... method) { (addMethod(method), ...); }, kProfileMethods);
   return inOrder(ids.members.at("_EmployeeObject"), described);

@@ -31,6 +31,7 @@ struct DescribedMember {
   std::vector<DescribedParameter> parameters;
   TypeName result;      // empty for none
   std::size_t row = 0;  // in the table that describes it: operations, properties or methods
+  bool isConst = false;
 };
 
 struct Enumerator {

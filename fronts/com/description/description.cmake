@@ -23,7 +23,8 @@ function(kt7_describe folder)
             -Wno-restrict -I ${PROJECT_SOURCE_DIR}/src ${sources} -o ${program}
     DEPENDS ${sources} ${headers} ${tables} VERBATIM)
 
-  set(described operation_slots.inc self_calls.inc profile_slots.inc profile_ids.inc identities.inc)
+  set(described operation_slots.inc self_calls.inc profile_slots.inc profile_self_calls.inc
+      profile_ids.inc identities.inc)
   list(TRANSFORM described PREPEND ${folder}/)
   add_custom_command(OUTPUT ${folder}/KT7HRLib.idl ${described}
                      COMMAND ${program} ${ids} ${folder}

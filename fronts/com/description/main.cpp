@@ -30,6 +30,7 @@ void describe(const std::string& idsFile, const std::string& folder) {
   write(folder, "operation_slots.inc", ids, kt7::description::writeOperationSlots);
   write(folder, "self_calls.inc", ids, kt7::description::writeSelfCalls);
   write(folder, "profile_slots.inc", ids, kt7::description::writeProfileSlots);
+  write(folder, "profile_self_calls.inc", ids, kt7::description::writeProfileSelfCalls);
   write(folder, "profile_ids.inc", ids, kt7::description::writeProfileIds);
   write(folder, "identities.inc", ids, kt7::description::writeIdentities);
 }

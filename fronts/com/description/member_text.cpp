@@ -45,6 +45,22 @@ std::string libraryParameter(const DescribedParameter& parameter) {
   return parameter.type.library + " " + parameter.name;
 }
 
+/// "double GETDAYRATE(...) override { return through<row>(&::_HRObject::GETDAYRATE, ...); }"
+void writeSelfCall(std::ostream& out, const DescribedMember& member, const char* interfaceName,
+                   const char* call) {
+  out << (member.result.library.empty() ? "void" : member.result.library) << " " << member.name
+      << "(";
+  const char* before = "";
+  for (const DescribedParameter& parameter : member.parameters) {
+    out << before << libraryParameter(parameter);
+    before = ", ";
+  }
+  out << ")" << (member.isConst ? " const" : "") << " override {\n  return " << call << "<"
+      << member.row << ">(&" << interfaceName << "::" << slotName(member);
+  for (const DescribedParameter& parameter : member.parameters) out << ", " << parameter.name;
+  out << ");\n}\n";
+}
+
 void writeIdsOf(std::ostream& out, const char* name, MemberKind kind,
                 std::vector<DescribedMember> members) {
   std::erase_if(members, [&](const DescribedMember& member) { return member.kind != kind; });
@@ -78,16 +94,7 @@ void writeOperationSlots(std::ostream& out, const Ids& ids) {
 
 void writeSelfCalls(std::ostream& out, const Ids& ids) {
   for (const DescribedMember& member : describeOperations(ids)) {
-    const std::string result = member.result.library.empty() ? "void" : member.result.library;
-    out << result << " " << member.name << "(";
-    const char* before = "";
-    for (const DescribedParameter& parameter : member.parameters) {
-      out << before << libraryParameter(parameter);
-      before = ", ";
-    }
-    out << ") override {\n  return through<" << member.row << ">(&::_HRObject::" << member.name;
-    for (const DescribedParameter& parameter : member.parameters) out << ", " << parameter.name;
-    out << ");\n}\n";
+    writeSelfCall(out, member, "::_HRObject", "through");
   }
 }
 
@@ -97,6 +104,15 @@ void writeProfileSlots(std::ostream& out, const Ids& ids) {
                        : member.kind == MemberKind::PropertyPut ? "putProperty"
                                                                 : "method";
     writeSlot(out, member, call);
+  }
+}
+
+void writeProfileSelfCalls(std::ostream& out, const Ids& ids) {
+  for (const DescribedMember& member : describeProfile(ids)) {
+    const char* call = member.kind == MemberKind::PropertyGet   ? "get"
+                       : member.kind == MemberKind::PropertyPut ? "put"
+                                                                : "method";
+    writeSelfCall(out, member, "::_EmployeeObject", call);
   }
 }
 

@@ -14,13 +14,16 @@ struct ProfileMemberTraits;
 
 template <typename R, typename... A>
 struct ProfileMemberTraits<R (_EmployeeObject::*)(A...)> {
+  static constexpr bool kIsConst = false;
   using Result = R;
   using Arguments = std::tuple<A...>;
 };
 
 template <typename R, typename... A>
 struct ProfileMemberTraits<R (_EmployeeObject::*)(A...) const>
-    : ProfileMemberTraits<R (_EmployeeObject::*)(A...)> {};
+    : ProfileMemberTraits<R (_EmployeeObject::*)(A...)> {
+  static constexpr bool kIsConst = true;
+};
 
 /// A method of the pay profile with the published names of its parameters; the types come from the
 /// member itself.
@@ -29,6 +32,7 @@ struct ProfileMethod {
   using Result = typename ProfileMemberTraits<decltype(Member)>::Result;
   using Arguments = typename ProfileMemberTraits<decltype(Member)>::Arguments;
   static constexpr auto kMember = Member;
+  static constexpr bool kIsConst = ProfileMemberTraits<decltype(Member)>::kIsConst;
 
   std::string_view name;
   std::array<Parameter, std::tuple_size_v<Arguments>> parameters;

@@ -9,20 +9,22 @@
 
 namespace kt7::hrlib {
 
-/// Calls a member of the library's object with arguments that stand ready, stores the by-reference
-/// results, and hands the result to `keep`. Nothing comes back from a call that fails.
+/// Calls a member of the library's object with arguments that stand ready, hands the result to
+/// `keep` and stores the by-reference results. Nothing comes back from a call that fails: what can
+/// fail is done before the first of them is stored.
 template <typename Result, typename Object, typename Member, typename Ready, typename Keep>
 void callWith(Object& object, Member member, Ready& ready, Keep keep) {
   std::apply(
       [&](auto&... argument) {
         if constexpr (std::is_void_v<Result>) {
           (object.*member)(argument.value()...);
-          (argument.giveBack(), ...);
+          (argument.prepare(), ...);
         } else {
           const Result result = (object.*member)(argument.value()...);
-          (argument.giveBack(), ...);
+          (argument.prepare(), ...);
           keep(result);
         }
+        (argument.giveBack(), ...);
       },
       ready);
 }
@@ -36,7 +38,7 @@ HRESULT callEarly(std::tuple<A...>*, const char* source, REFIID interfaceId, Obj
     if (result == nullptr) return E_POINTER;
   }
   return automation::guarded(source, interfaceId, [&] {
-    std::tuple<EarlyArgument<A>...> ready{EarlyArgument<A>(given)...};
+    std::tuple<EarlyArgument<A>...> ready{given...};
     callWith<Result>(object, member, ready, [&](const auto& value) {
       if constexpr (!std::is_void_v<Result>) *result = Wire<Result>::out(value);
     });

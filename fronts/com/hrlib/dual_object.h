@@ -33,7 +33,7 @@ class DualObject : public automation::AutomationObject<Dual> {
     if (names == nullptr || ids == nullptr || count == 0) return E_INVALIDARG;
     for (const NamedCall<Class>& call : Class::namedCalls()) {
       if (!automation::equalNoCase(call.name, names[0])) continue;
-      const MemberName member{call.name, call.id, call.parameters};
+      const MemberName member{call.name, call.id, call.parameters, call.anyArguments};
       return fillIds(&member, names, count, ids);
     }
     return fillIds(nullptr, names, count, ids);
@@ -63,7 +63,8 @@ class DualObject : public automation::AutomationObject<Dual> {
       return;
     }
     if ((flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET)) == 0) raiseReadOnly(call.name);
-    Variant result = call.get(object, Arguments(given, call.parameters.size()));
+    const std::size_t most = call.anyArguments ? given.cArgs : call.parameters.size();
+    Variant result = call.get(object, Arguments(given, most));
     if (answer != nullptr) *answer = result.release();
   }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "fronts/com/hrlib/crossing.h"
 
 namespace kt7::hrlib {
@@ -14,7 +16,8 @@ class EarlyArgument {
  public:
   explicit EarlyArgument(typename Wire<T>::Type given) : value_(Wire<T>::in(given)) {}
   const T& value() { return value_; }
-  void giveBack() {}
+  void prepare() {}
+  void giveBack() noexcept {}
 
  private:
   T value_;
@@ -27,17 +30,24 @@ requires(kByReference<A> && !HostObject<A>) class EarlyArgument<A> {
  public:
   explicit EarlyArgument(typename Wire<T>::Type* given)
       : given_(given), value_(given != nullptr ? Wire<T>::in(*given) : T{}) {}
+  EarlyArgument(const EarlyArgument&) = delete;
+  EarlyArgument& operator=(const EarlyArgument&) = delete;
+  ~EarlyArgument() {
+    if constexpr (std::is_same_v<T, std::string>) SysFreeString(result_);
+  }
   T& value() { return value_; }
-  void giveBack() {
-    if (given_ == nullptr) return;
-    typename Wire<T>::Type result = Wire<T>::out(value_);
-    if constexpr (std::is_same_v<T, std::string>) SysFreeString(*given_);
-    *given_ = result;
+  void prepare() {
+    if (given_ != nullptr) result_ = Wire<T>::out(value_);
+  }
+  /// What stood there is let go of with this.
+  void giveBack() noexcept {
+    if (given_ != nullptr) std::swap(*given_, result_);
   }
 
  private:
   typename Wire<T>::Type* given_;
   T value_;
+  typename Wire<T>::Type result_{};
 };
 
 template <HostObject A>
@@ -46,7 +56,8 @@ class EarlyArgument<A> {
   explicit EarlyArgument(IDispatch** given)
       : object_(adapted<A>(given != nullptr ? *given : nullptr)) {}
   A value() { return object_; }
-  void giveBack() {}
+  void prepare() {}
+  void giveBack() noexcept {}
 
  private:
   decltype(adapted<A>(nullptr)) object_;

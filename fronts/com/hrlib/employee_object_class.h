@@ -4,17 +4,21 @@
 #include "fronts/com/description/profile_methods.h"
 #include "fronts/com/hrlib/calls.h"
 #include "fronts/com/hrlib/dual_object.h"
+#include "fronts/com/hrlib/self_calls.h"
 #include "interface/employee_object.h"
 #include "interface/profile_table.h"
 
 namespace kt7::hrlib {
 
-/// The creatable class EmployeeObject: one employee's pay profile.
+/// The creatable class EmployeeObject: one employee's pay profile. The setters that SetTypeCode
+/// calls go through the slots. Initialisation does not: an outer object cannot answer while this
+/// one is being made.
 class EmployeeObjectClass : public DualObject<EmployeeObjectClass, ::_EmployeeObject> {
  public:
   static constexpr const char* kSource = "KT7HRLib.EmployeeObject";
 
-  explicit EmployeeObjectClass(IUnknown* outer) : DualObject(outer), object_(platform_) {}
+  explicit EmployeeObjectClass(IUnknown* outer)
+      : DualObject(outer), selfCalls_(controlling()), object_(platform_, &selfCalls_) {}
 
   static std::span<const NamedCall<EmployeeObjectClass>> namedCalls();
   kt7::_EmployeeObject& object() { return object_; }
@@ -45,6 +49,7 @@ class EmployeeObjectClass : public DualObject<EmployeeObjectClass, ::_EmployeeOb
   }
 
   adapters::WindowsPlatform platform_;
+  ProfileSelfCalls selfCalls_;
   kt7::EmployeeObject object_;
 };
 

@@ -31,15 +31,14 @@ NamedCall<HRObjectClass> described() {
   return call;
 }
 
-/// Any number of arguments is taken: nobody has said how many there are.
+/// Any arguments are taken, named or not, so that the error is the same for all.
 template <std::size_t Row>
 NamedCall<HRObjectClass> undescribed() {
-  constexpr std::size_t kAnyNumber = 32;
   NamedCall<HRObjectClass> call;
   call.name = automation::toWide(kUndescribedOperations[Row].name);
   call.id = kUndescribedOperations[Row].dispatchId;
   call.get = &refuseOperation<Row>;
-  call.parameters.resize(kAnyNumber);
+  call.anyArguments = true;
   return call;
 }
 

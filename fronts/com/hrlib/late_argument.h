@@ -25,11 +25,18 @@ class LateArgument {
 
  public:
   LateArgument(const automation::Arguments& given, std::size_t position, const Parameter& parameter)
-      : given_(given), position_(position), value_(read(parameter)) {}
+      : given_(given), position_(position), value_(read(parameter)) {
+    // A variable that cannot take its own value back is refused before the work is done, which may
+    // write to the database.
+    prepare();
+  }
 
   std::conditional_t<kByReference<A>, T&, const T&> value() { return value_; }
-  void giveBack() {
-    if constexpr (kByReference<A>) given_.put(position_, lateResult(value_));
+  void prepare() {
+    if constexpr (kByReference<A>) result_ = given_.converted(position_, lateResult(value_));
+  }
+  void giveBack() noexcept {
+    if constexpr (kByReference<A>) given_.store(position_, std::move(result_));
   }
 
  private:
@@ -44,17 +51,19 @@ class LateArgument {
   const automation::Arguments& given_;
   std::size_t position_;
   T value_;
+  automation::Variant result_;
 };
 
 template <HostObject A>
 class LateArgument<A> {
  public:
   LateArgument(const automation::Arguments& given, std::size_t position, const Parameter&)
-      : object_(adapted<A>(given.object(position))) {
+      : object_(adapted<A>(given.object(position).Get())) {
     if (!given.has(position)) automation::Arguments::raiseMissing(position);
   }
   A value() { return object_; }
-  void giveBack() {}
+  void prepare() {}
+  void giveBack() noexcept {}
 
  private:
   decltype(adapted<A>(nullptr)) object_;

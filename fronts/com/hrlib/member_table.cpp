@@ -15,6 +15,7 @@ HRESULT fillIds(const MemberName* member, LPOLESTR* names, UINT count, DISPID* i
       if (automation::equalNoCase(parameter, names[i])) ids[i] = position;
       ++position;
     }
+    if (member->anyArguments) ids[i] = static_cast<DISPID>(i) - 1;
     if (ids[i] == DISPID_UNKNOWN) status = DISP_E_UNKNOWNNAME;
   }
   return status;

@@ -20,6 +20,7 @@ struct NamedCall {
   std::wstring name;
   DISPID id = DISPID_UNKNOWN;
   std::vector<std::wstring> parameters;
+  bool anyArguments = false;  // nobody has said which there are
   Variant (*get)(Object& object, const Arguments& given) = nullptr;  // or the method
   void (*put)(Object& object, const VARIANT& value) = nullptr;
 };
@@ -29,6 +30,7 @@ struct MemberName {
   std::wstring_view name;
   DISPID id;
   std::span<const std::wstring> parameters;
+  bool anyArguments;
 };
 
 /// Dispatch ids of a member and of its parameters' names, letter case aside: `member` is the one

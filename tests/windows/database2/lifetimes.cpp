@@ -6,9 +6,12 @@
 #include <windows.h>
 
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "base/error.h"
 #include "fronts/com/automation/late_object.h"
@@ -21,6 +24,9 @@ using kt7::automation::Variant;
 
 constexpr int kTimes = 10000;
 constexpr int kStatements = 100;
+constexpr int kThreads = 4;
+constexpr int kPicks = 5000;
+constexpr std::size_t kLongAnswer = 40;
 
 constexpr std::array kPrograms{
     L"KT7Database2.DataObj",       L"KT7Database2.AppObj",    L"KT7Database2.ClientObj",
@@ -98,6 +104,32 @@ void askForRows(const Left& left, const std::string& database) {
   check(left.nothing(), "connections, recordsets and fields leave nothing");
 }
 
+/// Every apartment says what pickers answer, and asks them, all at once.
+void pickAtOnce() {
+  std::atomic<int> wrong{0};
+  const auto pick = [&wrong](char letter) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    try {
+      const LateObject client = kt7::automation::createByProgId(L"KT7Database2.ClientObj");
+      const LateObject tool = kt7::automation::createByProgId(L"KT7Database2.DataTool");
+      const Variant answer(std::string(kLongAnswer, letter));
+      for (int i = 0; i < kPicks; ++i) {
+        client.put(L"PickerAnswer", answer);
+        const Variant picked = tool.call(L"ShowPicker", "", "", "", "", "", "", "", "");
+        const auto text = kt7::automation::fromVariant<std::string>(picked.raw());
+        if (text != std::string(kLongAnswer, text.front())) ++wrong;
+      }
+    } catch (const std::exception&) {
+      ++wrong;
+    }
+    CoUninitialize();
+  };
+  std::vector<std::thread> threads;
+  for (char letter = 'a'; letter < 'a' + kThreads; ++letter) threads.emplace_back(pick, letter);
+  for (std::thread& thread : threads) thread.join();
+  check(wrong == 0, "pickers that are answered and asked from several apartments");
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -110,6 +142,7 @@ int main(int count, char** arguments) {
     const Left left(arguments[1]);
     for (const wchar_t* const program : kPrograms) makeMany(left, program);
     askForRows(left, arguments[2]);
+    pickAtOnce();
   } catch (const std::exception& error) {
     check(false, error.what());
   }

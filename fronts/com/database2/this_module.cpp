@@ -3,13 +3,11 @@
 
 #include <array>
 
-#include "fronts/com/automation/class_factory.h"
-#include "fronts/com/automation/module.h"
-#include "fronts/com/automation/registration.h"
 #include "fronts/com/database2/application.h"
 #include "fronts/com/database2/collaborators.h"
 #include "fronts/com/database2/data_access.h"
 #include "fronts/com/database2/payroll_object.h"
+#include "fronts/com/module/entry_points.h"
 
 namespace kt7::database2 {
 
@@ -89,23 +87,6 @@ automation::Registered registered() { return {kRegistered, {}}; }
 
 }  // namespace kt7::database2
 
-using kt7::automation::RegistrationScope;
-
-STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
-  return kt7::automation::classObject(kt7::database2::kClasses, classId, id, object);
-}
-
-STDAPI DllCanUnloadNow() { return kt7::automation::livingObjects() == 0 ? S_OK : S_FALSE; }
-
-STDAPI DllRegisterServer() {
-  return kt7::automation::registerModule(kt7::database2::registered(), RegistrationScope::Machine);
-}
-
-STDAPI DllUnregisterServer() {
-  return kt7::automation::unregisterModule(kt7::database2::registered(),
-                                           RegistrationScope::Machine);
-}
-
-STDAPI DllInstall(BOOL install, PCWSTR scope) {
-  return kt7::automation::installModule(kt7::database2::registered(), install != FALSE, scope);
+kt7::automation::Module kt7::automation::thisModule() {
+  return {database2::kClasses, &database2::registered};
 }

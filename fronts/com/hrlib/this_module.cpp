@@ -1,20 +1,15 @@
-// The entry points of KT7HRLib.dll.
-
 #include <windows.h>
 
 #include <array>
 
-#include "fronts/com/automation/class_factory.h"
-#include "fronts/com/automation/module.h"
-#include "fronts/com/automation/registration.h"
 #include "fronts/com/hrlib/employee_object_class.h"
 #include "fronts/com/hrlib/hr_object_class.h"
+#include "fronts/com/module/entry_points.h"
 
 namespace {
 
 using namespace kt7::hrlib;
 namespace automation = kt7::automation;
-using automation::RegistrationScope;
 
 template <typename Class>
 HRESULT create(IUnknown* outer, REFIID id, void** object) {
@@ -40,24 +35,6 @@ automation::Registered registered() {
 
 }  // namespace
 
-STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {
-  return automation::classObject(kClasses, classId, id, object);
-}
-
-STDAPI DllCanUnloadNow() {
-  if (automation::livingObjects() > 0) return S_FALSE;
-  forgetTypeInformation();
-  return S_OK;
-}
-
-STDAPI DllRegisterServer() {
-  return automation::registerModule(registered(), RegistrationScope::Machine);
-}
-
-STDAPI DllUnregisterServer() {
-  return automation::unregisterModule(registered(), RegistrationScope::Machine);
-}
-
-STDAPI DllInstall(BOOL install, const wchar_t* scope) {
-  return automation::installModule(registered(), install != FALSE, scope);
+automation::Module automation::thisModule() {
+  return {kClasses, &registered, &forgetTypeInformation};
 }
