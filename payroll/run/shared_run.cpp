@@ -70,10 +70,11 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
     report.tellTo(listener);
     outcome += report.outcome;
   };
-  for (;;) {
-    const SharedPlan shared = joinRun(request, services, listener, name);
-    if (!payParts(shared, request, newWorker, told)) continue;
-    if (memberOf(shared, request, services, name)->end(listener, told)) return outcome;
+  for (bool rejoins = false;; rejoins = true) {
+    const auto shared = joinRun(request, services, listener, name, rejoins);
+    if (!shared) return outcome;
+    if (!payParts(*shared, request, newWorker, told)) continue;
+    if (memberOf(*shared, request, services, name)->end(listener, told)) return outcome;
   }
 }
 
