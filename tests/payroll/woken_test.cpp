@@ -41,7 +41,7 @@ class Woken : public SharedCompany {
 };
 
 TEST_F(Woken, PaysNothingThatWasPaidMeanwhile) {
-  const std::vector<InputRow> corrected{input("E0001", "2026-01-31", "BONUS", "", "10000"),
+  const std::vector<InputRow> corrected{input("E0016", "2026-01-05", "BONUS", "", "10000"),
                                         input("E0031", "2026-01-10", "OT15", "10", "")};
   struct Case {
     const char* name;
@@ -69,20 +69,18 @@ TEST_F(Woken, PaysNothingThatWasPaidMeanwhile) {
 
 TEST_F(Woken, RemovesNothingThatIsDueAgain) {
   pay(1);
-  const auto payOn = [this](const char* day) {
-    sql(std::string("UPDATE KT7TEmployeeType SET TEMTPaymentPeriod1=") + day +
-        " WHERE TEmTCode='H1'");
+  const auto resignsOn = [this](const char* date) {
+    sql(std::string("UPDATE KT7TEmployee SET TEmpResignDate=") + date + " WHERE TEmpCode='E0031'");
   };
-  payOn("12");
+  resignsOn("'2025-12-01'");
   expectNothingChangesAfter(
       kEnding,
       [&] {
-        payOn("10");
+        resignsOn("NULL");
         payTogether({});
       },
       Then::ItGoesOn);
-  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpsTSaPDate='2026-01-12'"), 0);
-  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpsTSaPDate='2026-01-10'"), 4);
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode='E0031'"), 1);
 }
 
 }  // namespace
