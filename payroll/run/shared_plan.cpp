@@ -99,7 +99,7 @@ class Joining {
     }
   }
 
-  /// The head is kept alive on the way: however long planning takes, nobody else begins with it.
+  /// The head is kept alive on the way, so that nobody else begins with the same.
   SharedPlan planned() {
     endOtherRuns(request_, services_);
     SharedPlan shared{head_, held_.worker(), planMonth(request_, services_, listener_)};
