@@ -18,6 +18,7 @@ constexpr std::string_view kOutcomeUnknown = "08007";
 constexpr std::string_view kConnectionClass = "08";
 constexpr std::int32_t kMysqlLockWait = 1205;
 constexpr std::int32_t kMysqlDeadlock = 1213;
+constexpr std::int32_t kMysqlDuringCommit = 1180;
 
 struct StateRow {
   std::string_view sqlState;
@@ -54,7 +55,7 @@ Tries triesFor(Failure failure) {
     case Failure::Conflict:
       return {12, milliseconds(10)};
     case Failure::Duplicate:
-      return {2, milliseconds(50)};
+      return {12, milliseconds(20)};
     case Failure::Lost:
     case Failure::OutcomeUnknown:
       return {40, milliseconds(100)};
@@ -80,6 +81,7 @@ Failure failureOf(const Error& error) {
   const auto row = std::find_if(kStates.begin(), kStates.end(),
                                 [state](const StateRow& known) { return known.sqlState == state; });
   if (row != kStates.end()) return row->failure;
+  if (code == kMysqlDuringCommit) return Failure::OutcomeUnknown;
   return code == kMysqlLockWait || code == kMysqlDeadlock ? Failure::Conflict : Failure::Final;
 }
 

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "base/date.h"
+#include "payroll/run/month.h"
 
 namespace kt7::payroll {
 
 /// Some employees of a slip period of a shared run, whom one worker at a time pays.
 struct RunPart {
-  std::string run;      // the run and, but for its head, what of it
+  std::string run;      // the name of the run or, but for its head, of this part of it
   std::string from;     // the code before the first
   std::string to;       // the last code; of a run's head what all who join must agree on
   int firstNumber = 0;  // new slips are numbered behind it
@@ -36,12 +37,15 @@ class RunLeases {
   /// The clock of the database's server.
   virtual Date now() = 0;
   virtual std::optional<PartRow> head(const std::string& run) = 0;
+  /// The heads of all runs of the month.
+  virtual std::vector<PartRow> heads(const Month& month) = 0;
   /// Makes the head of a run, taken by that worker; an error where another one made it first.
   virtual void makeHead(const RunPart& head, const std::string& worker, Date until) = 0;
   /// Puts the parts in place of all that the run had and marks its head, which the worker must
-  /// have, as done. False where another one has it by now.
+  /// have, as done. False where another one has it by now. `until` is asked last, as writing many
+  /// parts takes a while.
   virtual bool lay(const RunPart& head, const std::string& worker,
-                   const std::vector<RunPart>& parts, Date until) = 0;
+                   const std::vector<RunPart>& parts, const std::function<Date()>& until) = 0;
   /// Some parts of that name that are open, free again at `now` or the worker's already.
   virtual std::vector<PartRow> freeParts(const std::string& run, const std::string& worker,
                                          Date now) = 0;
@@ -57,6 +61,9 @@ class RunLeases {
   /// Prolongs or ends what the worker has. False where it has been taken over.
   virtual bool mark(const RunPart& part, const std::string& worker, PartState state,
                     Date until) = 0;
+  /// Prolongs what the worker has within the unit of work that is open, which can be kept only if
+  /// nobody takes the part over meanwhile. False where somebody has.
+  virtual bool hold(const RunPart& part, const std::string& worker, Date until) = 0;
 };
 
 }  // namespace kt7::payroll

@@ -22,6 +22,7 @@ void removeUndueSlips(UndueQuery query, RunServices& services, PagePayer& payer,
 
 void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
                       const TakeReport& told) {
+  payer.catchUp();
   const auto dates =
       payer.doing([&] { return services.company.slipDates(plan.onlyType, plan.month.days()); });
   for (const SlipDate& date : dates) {

@@ -185,6 +185,7 @@ MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListene
   if (preparation == Preparation::ToDo) {
     updateStatuses(services, listener);
     generatePeriods(plan, services);
+    services.catchUp();  // they were written on a connection of the operation's own
   }
   requireGenerated(plan, company.slipPeriods(request.month.days()));
   return plan;

@@ -5,7 +5,6 @@
 
 #include "payroll/run/period_plan.h"
 #include "payroll/run/ports.h"
-#include "payroll/run/slip_group.h"
 
 namespace kt7::payroll {
 
@@ -18,14 +17,6 @@ struct Page {
   const SlipPeriod* period = nullptr;
   std::vector<Employee> employees;
   std::vector<Slip> standing = {};
-};
-
-/// Who gives new slips their numbers.
-class SlipNumbers {
- public:
-  virtual ~SlipNumbers() = default;
-  /// Numbers the slips of the page that have none; called once a page, and again where it failed.
-  virtual void give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) = 0;
 };
 
 }  // namespace kt7::payroll

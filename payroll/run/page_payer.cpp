@@ -33,17 +33,22 @@ void refuseSecondPay(const KnownSlip& known, const SlipPeriod& period) {
 
 bool isOwn(const KnownSlip& slip) { return slipSequence(slip.number, slip.payDate) > 0; }
 
-PagePayer::PagePayer(const MonthPlan& plan, RunServices& services, SlipNumbers& numbers)
+PagePayer::PagePayer(const MonthPlan& plan, RunServices& services, SlipNumbers& numbers,
+                     Claim* claim)
     : plan_(plan),
       services_(services),
       numbers_(numbers),
+      claim_(claim),
       recovery_(services, report_.outcome),
       attendance_(services),
       maker_(services, attendance_),
-      writer_(services, attendance_, recovery_, report_) {}
+      writer_(services, attendance_, recovery_, report_, numbers, claim) {}
 
 void PagePayer::pay(const Page& page) {
   report_.employees += static_cast<int>(page.employees.size());
+  // The slips of the periods before, which this one builds on, may be others' work.
+  if (page.period != caughtUpFor_) catchUp();
+  caughtUpFor_ = page.period;
   Report attempt;
   Changes changes = recovery_.doing([&] {
     attempt = Report();
@@ -51,7 +56,7 @@ void PagePayer::pay(const Page& page) {
   });
   report_.append(attempt);
   recovery_.doing([&] { numbers_.give(page, changes, services_); });
-  writer_.write(changes);
+  writer_.write(std::move(changes));
   for (const Slip& slip : page.standing) report_.standing(slip);
 }
 
@@ -60,7 +65,7 @@ void PagePayer::remove(const std::vector<KnownSlip>& slips) {
   for (const KnownSlip& slip : slips) {
     if (isOwn(slip)) changes.push_back({std::nullopt, {slip}});
   }
-  writer_.write(changes);
+  writer_.write(std::move(changes));
 }
 
 PagePayer::Changes PagePayer::make(const Page& page, Report& attempt) {
@@ -73,6 +78,7 @@ PagePayer::Changes PagePayer::make(const Page& page, Report& attempt) {
   Records records = recordsOf(page, due);
   changes.reserve(due.size());
   for (const Employee* const employee : due) {
+    if (claim_ != nullptr) recovery_.repeating([&] { claim_->keep(); });
     try {
       changes.push_back(changeOf(*employee, page, records));
     } catch (const Error& error) {

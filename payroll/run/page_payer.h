@@ -4,18 +4,21 @@
 
 #include "payroll/run/attendance.h"
 #include "payroll/run/month_plan.h"
-#include "payroll/run/page.h"
 #include "payroll/run/slip_maker.h"
+#include "payroll/run/slip_numbers.h"
 
 namespace kt7::payroll {
 
 /// One worker: makes and writes the slips of a page after the other.
 class PagePayer {
  public:
-  /// Reads the rates. Everything outlives it.
-  PagePayer(const MonthPlan& plan, RunServices& services, SlipNumbers& numbers);
+  /// Reads the rates. Everything outlives it. The claim is none where nobody else can take the
+  /// employees over.
+  PagePayer(const MonthPlan& plan, RunServices& services, SlipNumbers& numbers,
+            Claim* claim = nullptr);
 
-  /// Leaves the report. An Error where the database is lost; what holds is reported then too.
+  /// Leaves the report. An Error where the database is lost, ClaimLost where the employees were
+  /// taken over; what holds is reported then too.
   void pay(const Page& page);
   /// Takes slips away that nobody is due.
   void remove(const std::vector<KnownSlip>& slips);
@@ -32,6 +35,8 @@ class PagePayer {
     return recovery_.repeating(std::move(work));
   }
   void countConflict() { ++report_.outcome.conflicts; }
+  /// From here on it sees what other workers wrote.
+  void catchUp() { recovery_.repeating(services_.catchUp); }
 
  private:
   struct Records;
@@ -49,6 +54,8 @@ class PagePayer {
   const MonthPlan& plan_;
   RunServices& services_;
   SlipNumbers& numbers_;
+  Claim* claim_;
+  const SlipPeriod* caughtUpFor_ = nullptr;
   Report report_;
   Recovery recovery_;
   Attendance attendance_;

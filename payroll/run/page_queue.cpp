@@ -1,5 +1,6 @@
 #include "payroll/run/page_queue.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kt7::payroll {
@@ -87,23 +88,37 @@ void PageQueue::give(const Page& page, std::vector<SlipChange>& changes, RunServ
     changed_.wait(lock, [&] { return stopped_ || numbered_ == page.index; });
     if (stopped_) throw RunAbandoned();
   }
-  for (SlipChange& change : changes) {
-    if (!change.slip || !change.slip->number.empty()) continue;
-    const Date payDate = change.slip->payDate;
-    change.slip->number = slipNumber(payDate, nextSequence(payDate, services));
+  {
+    const std::lock_guard numbering(numbering_);
+    numberNew(changes, [&](const SlipChange& change) {
+      return ++lastSequence(change.slip->payDate, services);
+    });
   }
   const std::lock_guard lock(state_);
   ++numbered_;
   changed_.notify_all();
 }
 
-int PageQueue::nextSequence(Date payDate, RunServices& services) {
+/// Behind the numbers that other workers of this process were given too.
+void PageQueue::replace(std::span<SlipChange> changes, RunServices& services) {
+  const std::lock_guard numbering(numbering_);
+  bool looked = false;
+  numberAnew(changes, [&](const SlipChange& change) {
+    const Date payDate = change.slip->payDate;
+    int& last = lastSequence(payDate, services);
+    if (!looked) last = std::max(last, lastSequenceOn(payDate, services.company));
+    looked = true;
+    return ++last;
+  });
+}
+
+int& PageQueue::lastSequence(Date payDate, RunServices& services) {
   auto known = lastSequence_.find(payDate.dayNumber());
   if (known == lastSequence_.end()) {
-    const int last = slipSequence(services.company.lastSlipNumber(payDate), payDate);
+    const int last = lastSequenceOn(payDate, services.company);
     known = lastSequence_.emplace(payDate.dayNumber(), last).first;
   }
-  return ++known->second;
+  return known->second;
 }
 
 void PageQueue::finish(const Page& page, Report report) {

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "payroll/run/month_plan.h"
-#include "payroll/run/page.h"
+#include "payroll/run/slip_numbers.h"
 
 namespace kt7::payroll {
 
@@ -29,6 +29,7 @@ class PageQueue : public SlipNumbers {
   std::optional<Page> take(RunServices& services);
   /// Waits until all pages before have been numbered: numbers rise in the order of the pages.
   void give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) override;
+  void replace(std::span<SlipChange> changes, RunServices& services) override;
   /// The page is done with, or given up.
   void finish(const Page& page, Report report);
   /// A worker could not go on: nothing is handed out any more.
@@ -48,7 +49,7 @@ class PageQueue : public SlipNumbers {
   bool waitForRoom();
   bool endReached();
   std::optional<Report> takeReport(std::map<std::size_t, Report>::iterator next);
-  int nextSequence(Date payDate, RunServices& services);
+  int& lastSequence(Date payDate, RunServices& services);
 
   const MonthPlan& plan_;
   const std::size_t window_;
@@ -70,7 +71,8 @@ class PageQueue : public SlipNumbers {
   std::exception_ptr reason_;
   std::map<std::size_t, Report> reports_;
 
-  std::map<std::int32_t, int> lastSequence_;  // by pay date; of whose turn it is to number
+  std::mutex numbering_;
+  std::map<std::int32_t, int> lastSequence_;  // by pay date
 };
 
 }  // namespace kt7::payroll

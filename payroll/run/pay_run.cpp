@@ -2,6 +2,7 @@
 
 #include "payroll/run/crew.h"
 #include "payroll/run/month_end.h"
+#include "payroll/run/other_runs.h"
 
 namespace kt7::payroll {
 
@@ -79,6 +80,7 @@ class MonthRun {
 RunOutcome runMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                     const NewWorker& newWorker) {
   const OpenData open(services.dataObj);
+  endOtherRuns(request, services);
   const MonthPlan plan = planMonth(request, services, listener);
   return MonthRun(plan, services, listener).run(request.jobs, newWorker);
 }

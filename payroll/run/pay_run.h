@@ -52,19 +52,28 @@ class RunStopped : public std::runtime_error {
   std::vector<std::string> reasons_;
 };
 
+/// A shared run went on without a process that had begun to work on it and did not answer for
+/// longer than its lease: it was begun anew with other input, ended otherwise, or given up. What
+/// the process paid until then was kept; what it was about to pay was not.
+class RunSuperseded : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 /// Pays a month: brings employee statuses and slip periods up to date, makes and posts the slip of
 /// every employee who is due one, and takes away slips of the month that are not due any more.
 /// Frozen periods stay as they are. Running it again gives the same slips and balances, whatever
 /// the number of jobs. With more than one, `newWorker` makes each of them its services. The data
 /// object's connection is opened and closed; slips are written some tens at a time, and one by one
-/// where that fails. RunStopped before anything is written; an Error where the database is lost.
+/// where that fails. RunStopped before anything is written, also where a shared run of the same
+/// employees is under way; an Error where the database is lost.
 RunOutcome runMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                     const NewWorker& newWorker = {});
 
 /// The same together with other processes: the first one plans the month and divides it into parts,
 /// each takes a part after the other, and the last one ends the run. A part whose process is gone
 /// is paid by another. Tells and counts what this process did; returns when the month is paid.
-/// RunStopped also where a run with another input or type is under way.
+/// RunStopped also where a run with another input or type is under way. RunSuperseded.
 RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                           const NewWorker& newWorker);
 

@@ -144,9 +144,9 @@ struct RunServices {
   std::function<bool()> messageShown;
   /// Takes another connection in place of one that was lost.
   std::function<void()> reconnect;
-  /// From here on the connection sees what was kept anywhere in a cluster before; empty where a
+  /// From here on the connection sees what was kept anywhere in a cluster before; nothing where a
   /// single server answers.
-  std::function<void()> catchUp = {};
+  std::function<void()> catchUp = [] {};
 };
 
 /// One worker's services with the connections behind them, used by one thread at a time.

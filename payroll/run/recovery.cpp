@@ -7,7 +7,7 @@ void Recovery::reconnect() {
   for (;;) {
     try {
       services_.reconnect();
-      if (services_.catchUp) services_.catchUp();
+      services_.catchUp();
       return;
     } catch (const Error& error) {
       if (failureOf(error) == Failure::Final || !patience.waitsAgainAfter(Failure::Lost)) throw;

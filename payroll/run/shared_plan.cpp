@@ -3,7 +3,11 @@
 #include <map>
 
 #include "base/text.h"
+#include "payroll/run/agreement.h"
+#include "payroll/run/held_part.h"
 #include "payroll/run/month_end.h"
+#include "payroll/run/other_runs.h"
+#include "payroll/run/run_names.h"
 
 namespace kt7::payroll {
 
@@ -11,90 +15,101 @@ namespace {
 
 constexpr std::chrono::milliseconds kLongestPause(300);
 
-std::string partsName(const std::string& run, std::size_t period) {
-  return run + "/" + padded(static_cast<int>(period), 3);
-}
-
-/// What all who share a run must have been given alike, as a short text.
-std::string agreementOf(const RunRequest& request) {
-  std::uint64_t digest = 14695981039346656037U;  // FNV-1a
-  const auto add = [&digest](const std::string& text) {
-    for (const char c : text) digest = (digest ^ static_cast<unsigned char>(c)) * 1099511628211U;
-    digest = (digest ^ 0xFFU) * 1099511628211U;
-  };
-  add(request.type);
-  for (const InputRow& row : request.input) {
-    for (const std::string* const text :
-         {&row.employee, &row.payDate, &row.kind, &row.quantity, &row.amount}) {
-      add(*text);
-    }
-  }
-  return std::to_string(digest);
-}
-
 class Joining {
  public:
+  /// `rejoins`: the process has been at work on this run already.
   Joining(const RunRequest& request, RunServices& services, RunListener& listener,
-          const std::string& worker)
+          const std::string& worker, bool rejoins)
       : request_(request),
         services_(services),
         listener_(listener),
-        worker_(worker),
-        head_{request.month.text() + (request.type.empty() ? "" : " " + request.type), "",
-              agreementOf(request), 0} {}
+        held_(services, worker, request.sharing->leaseSeconds),
+        head_{runName(request.month, request.type), "", agreementOf(request), 0},
+        begun_(rejoins) {}
 
-  /// None where somebody else was quicker or is at it: look again.
-  std::optional<SharedPlan> attempt() {
-    if (services_.catchUp) services_.catchUp();
+  enum class Step { Joined, Paid, LookAgain };
+
+  /// LookAgain where somebody else was quicker or is at it.
+  Step attempt() {
+    services_.catchUp();
     const auto head = services_.leases.head(head_.run);
-    const Date now = services_.leases.now();
+    if (begun_) requireSameRun(head);
     if (!head) {
-      services_.leases.makeHead(head_, worker_, until(now));
+      services_.leases.makeHead(head_, held_.worker(), held_.until());
       return planAsFirst();
     }
-    if (head->state == PartState::Done && isUnderWay(now)) return member(*head);
-    if (head->state != PartState::Done && head->worker != worker_ && now < head->until) {
-      return std::nullopt;
+    const bool underWay = isUnderWay(*head, services_.leases);
+    if (head->state == PartState::Done) {
+      if (underWay) return join(*head);
+      if (begun_ && isPlanned(*head) && services_.leases.countAllUndone(head_.run) == 0) {
+        return Step::Paid;
+      }
+    } else if (underWay && head->worker != held_.worker()) {
+      return Step::LookAgain;
     }
     PartRow mine = *head;
     mine.part.to = head_.to;
-    if (!services_.leases.take(mine, worker_, until(now))) return std::nullopt;
+    if (!services_.leases.take(mine, held_.worker(), held_.until())) return Step::LookAgain;
     return planAsFirst();
   }
 
- private:
-  Date until(Date now) const { return later(now, request_.sharing->leaseSeconds); }
+  SharedPlan takePlan() { return std::move(*joined_); }
 
-  bool isUnderWay(Date now) {
-    return services_.leases.countAllUndone(head_.run) > 0 &&
-           now < services_.leases.lastUntil(head_.run);
+ private:
+  /// Who slept while the month was paid otherwise must not pay it once more.
+  void requireSameRun(const std::optional<PartRow>& head) {
+    if (head && isAgreed(*head, head_.to)) return;
+    throw RunSuperseded("while this process did not answer, " + request_.month.text() +
+                        " was begun anew with another input or by another run: what it had not "
+                        "paid yet is left to that one; run the month again for the whole register");
   }
 
-  SharedPlan member(const PartRow& head) {
-    if (head.part.to != head_.to) {
-      throw RunStopped(RunStopped::Cause::Refused,
-                       {"a shared run of " + request_.month.text() +
-                        " with another input or type is under way: wait for its end"});
+  Step join(const PartRow& head) {
+    if (!isAgreed(head, head_.to)) {
+      throw refused("a shared run of " + request_.month.text() +
+                    " with another input or type is under way: wait for its end");
     }
-    return {head.part, head.worker, planMonth(request_, services_, listener_, Preparation::Done)};
+    joined_ = SharedPlan{head.part, head.worker,
+                         planMonth(request_, services_, listener_, Preparation::Done)};
+    if (head.part.to != agreedPlan(head_.to, joined_->plan)) {
+      throw refused("employee types or slip periods have changed since the shared run of " +
+                    request_.month.text() +
+                    " was planned: wait for its end and run the month again");
+    }
+    return Step::Joined;
+  }
+
+  static RunStopped refused(const std::string& reason) {
+    return {RunStopped::Cause::Refused, {reason}};
   }
 
   /// Where there is nothing to be paid as things stand, nobody has to wait for this one to end.
-  std::optional<SharedPlan> planAsFirst() {
+  Step planAsFirst() {
+    begun_ = true;
+    held_.begin(head_);
     try {
-      return planned();
+      joined_ = planned();
+      return Step::Joined;
+    } catch (const ClaimLost&) {
+      held_.wasLost();
+      return Step::LookAgain;
     } catch (const RunStopped&) {
-      services_.leases.mark(head_, worker_, PartState::Done, services_.leases.now());
+      services_.leases.mark(head_, held_.worker(), PartState::Done, services_.leases.now());
       throw;
     }
   }
 
-  std::optional<SharedPlan> planned() {
-    SharedPlan shared{head_, worker_, planMonth(request_, services_, listener_)};
+  /// The head is kept alive on the way, so that nobody else begins with the same.
+  SharedPlan planned() {
+    endOtherRuns(request_, services_);
+    SharedPlan shared{head_, held_.worker(), planMonth(request_, services_, listener_)};
+    shared.head.to = agreedPlan(head_.to, shared.plan);
+    held_.renew();
     noteUntypedEmployees(shared.plan, services_, listener_);
     const std::vector<RunPart> parts = partsOf(shared);
-    if (!services_.leases.lay(head_, worker_, parts, until(services_.leases.now()))) {
-      return std::nullopt;
+    if (!services_.leases.lay(shared.head, held_.worker(), parts,
+                              [this] { return held_.until(); })) {
+      throw ClaimLost();
     }
     return shared;
   }
@@ -109,9 +124,8 @@ class Joining {
       if (period.frozen) continue;
       auto known = lastSequence.find(period.payDate.dayNumber());
       if (known == lastSequence.end()) {
-        const std::string last = services_.company.lastSlipNumber(period.payDate);
-        known = lastSequence.emplace(period.payDate.dayNumber(), slipSequence(last, period.payDate))
-                    .first;
+        const int last = lastSequenceOn(period.payDate, services_.company);
+        known = lastSequence.emplace(period.payDate.dayNumber(), last).first;
       }
       append(parts, shared.partsOf(i), period, known->second);
     }
@@ -124,6 +138,7 @@ class Joining {
     EmployeeQuery query{period.type, period.salary, "", request_.sharing->employees};
     for (;;) {
       const auto employees = services_.company.employees(query);
+      held_.renew();
       if (employees.empty()) return;
       parts.push_back({name, query.afterCode, employees.back().code, lastSequence});
       query.afterCode = employees.back().code;
@@ -134,31 +149,38 @@ class Joining {
   const RunRequest& request_;
   RunServices& services_;
   RunListener& listener_;
-  const std::string& worker_;
-  RunPart head_;
+  HeldPart held_;
+  RunPart head_;  // as long as it has not been planned
+  bool begun_;    // the run may have been paid, or changed, by others since this process began
+  std::optional<SharedPlan> joined_;
 };
 
 }  // namespace
 
-std::string SharedPlan::partsOf(std::size_t period) const { return partsName(head.run, period); }
-
-Date later(Date moment, int seconds) {
-  constexpr double kSecondsPerDay = 86400;
-  return Date::fromSerial(moment.serial() + seconds / kSecondsPerDay);
+std::string SharedPlan::partsOf(std::size_t period) const {
+  return partName(head.run, padded(static_cast<int>(period), 3));
 }
 
-SharedPlan joinRun(const RunRequest& request, RunServices& services, RunListener& listener,
-                   const std::string& worker) {
-  Joining joining(request, services, listener, worker);
+RunPart SharedPlan::end() const { return {partName(head.run, "end"), "", "", 0}; }
+
+std::optional<SharedPlan> joinRun(const RunRequest& request, RunServices& services,
+                                  RunListener& listener, const std::string& worker, bool rejoins) {
+  Joining joining(request, services, listener, worker, rejoins);
   RunOutcome joiningOnly;
   Recovery recovery(services, joiningOnly);
   Patience patience;
   for (;;) {
     try {
-      if (auto shared = joining.attempt()) return std::move(*shared);
+      const Joining::Step step = joining.attempt();
+      if (step == Joining::Step::Paid) return std::nullopt;
+      if (step == Joining::Step::Joined) return joining.takePlan();
       pauseUpTo(kLongestPause);
     } catch (const Error& error) {
       if (!recovery.triesAgainAfter(failureOf(error), patience)) throw;
+    } catch (const RunStopped& stopped) {
+      if (!rejoins) throw;
+      throw RunSuperseded(std::string("a part of the month is paid, the rest is not: ") +
+                          stopped.what());
     }
   }
 }

@@ -75,11 +75,12 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
     report.tellTo(listener);
     outcome += report.outcome;
   };
-  for (;;) {
-    const SharedPlan shared = joinRun(request, services, listener, name);
-    auto progress = madeOn(services, [&] { return SharedProgress(shared, services, listener); });
-    if (!payParts(shared, request, newWorker, told, progress)) continue;
-    if (memberOf(shared, request, services, name)->end(listener, told)) return outcome;
+  for (bool rejoins = false;; rejoins = true) {
+    const auto shared = joinRun(request, services, listener, name, rejoins);
+    if (!shared) return outcome;
+    auto progress = madeOn(services, [&] { return SharedProgress(*shared, services, listener); });
+    if (!payParts(*shared, request, newWorker, told, progress)) continue;
+    if (memberOf(*shared, request, services, name)->end(listener, told)) return outcome;
   }
 }
 

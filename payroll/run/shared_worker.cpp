@@ -21,47 +21,53 @@ const PartRow& anyOf(const std::vector<PartRow>& rows) {
 }  // namespace
 
 void PartNumbers::give(const Page& page, std::vector<SlipChange>& changes, RunServices&) {
-  for (SlipChange& change : changes) {
-    if (!change.slip || !change.slip->number.empty()) continue;
+  numberNew(changes, [&](const SlipChange& change) {
     const auto place = std::find_if(
         page.employees.begin(), page.employees.end(),
         [&](const Employee& employee) { return employee.code == change.slip->employee; });
     const auto before = static_cast<std::size_t>(place - page.employees.begin()) + page.index;
-    change.slip->number =
-        slipNumber(change.slip->payDate, part_->firstNumber + static_cast<int>(before) + 1);
-  }
+    return held_.part().firstNumber + static_cast<int>(before) + 1;
+  });
+}
+
+void PartNumbers::replace(std::span<SlipChange> changes, RunServices& services) {
+  std::optional<int> last;
+  numberAnew(changes, [&](const SlipChange& change) {
+    if (!last) last = lastSequenceOn(change.slip->payDate, services.company);
+    return ++*last;
+  });
 }
 
 SharedWorker::SharedWorker(const SharedPlan& shared, const Sharing& sharing, RunServices& services,
                            std::string name)
     : shared_(shared),
-      sharing_(sharing),
       services_(services),
-      name_(std::move(name)),
-      payer_(shared.plan, services, numbers_) {}
+      held_(services, std::move(name), sharing.leaseSeconds),
+      numbers_(held_),
+      payer_(shared.plan, services, numbers_, &held_) {}
 
 /// One look at the parts of that name, and the taking of one that is free.
-SharedWorker::Look SharedWorker::takeOne(const std::string& parts, RunPart& taken) {
-  if (services_.catchUp) services_.catchUp();
+SharedWorker::Look SharedWorker::takeOne(const std::string& parts) {
+  services_.catchUp();
   RunLeases& leases = services_.leases;
   const auto head = leases.head(shared_.head.run);
   if (!head || head->worker != shared_.planner || head->part.to != shared_.head.to) {
     return Look::BegunAnew;
   }
-  const auto free = leases.freeParts(parts, name_, leases.now());
+  const auto free = leases.freeParts(parts, held_.worker(), leases.now());
   if (free.empty()) return leases.countUndone(parts) == 0 ? Look::AllDone : Look::Wait;
-  const auto own = std::find_if(free.begin(), free.end(),
-                                [this](const PartRow& row) { return row.worker == name_; });
+  const auto own = std::find_if(free.begin(), free.end(), [this](const PartRow& row) {
+    return row.worker == held_.worker();
+  });
   const PartRow& chosen = own == free.end() ? anyOf(free) : *own;
   try {
-    if (!leases.take(chosen, name_, until())) return Look::Wait;
+    if (!leases.take(chosen, held_.worker(), held_.until())) return Look::Wait;
   } catch (const Error& error) {
     if (failureOf(error) != Failure::Conflict) throw;
     payer_.countConflict();
     return Look::Wait;
   }
-  taken = chosen.part;
-  prolonged_ = std::chrono::steady_clock::now();
+  held_.begin(chosen.part);
   return Look::Taken;
 }
 
@@ -74,10 +80,9 @@ bool SharedWorker::payParts(ReportQueue& reports) {
 
 bool SharedWorker::payPeriod(std::size_t period, ReportQueue& reports) {
   while (!reports.stopped()) {
-    RunPart part;
-    switch (payer_.doing([&] { return takeOne(shared_.partsOf(period), part); })) {
+    switch (payer_.repeating([&] { return takeOne(shared_.partsOf(period)); })) {
       case Look::Taken:
-        payPart(shared_.plan.periods[period], part, reports);
+        if (!payPart(shared_.plan.periods[period], reports)) reports.put(reportOfLost());
         break;
       case Look::Wait:
         pauseUpTo(kLongestPause);
@@ -91,15 +96,17 @@ bool SharedWorker::payPeriod(std::size_t period, ReportQueue& reports) {
   return true;
 }
 
-void SharedWorker::payPart(const SlipPeriod& period, const RunPart& part, ReportQueue& reports) {
-  numbers_.begin(part);
-  EmployeeQuery query{period.type, period.salary, part.from, kEmployeesAtOnce, part.to};
+bool SharedWorker::payPart(const SlipPeriod& period, ReportQueue& reports) {
+  EmployeeQuery query{period.type, period.salary, held_.part().from, kEmployeesAtOnce,
+                      held_.part().to};
   Page page{0, &period, {}};
-  for (;;) {
+  while (!reports.stopped()) {
     page.employees = payer_.doing([&] { return services_.company.employees(query); });
-    if (page.employees.empty()) break;
+    if (page.employees.empty()) return markDone();
     try {
       payer_.pay(page);
+    } catch (const ClaimLost&) {
+      return false;
     } catch (...) {
       reports.put(payer_.takeReport());
       throw;
@@ -107,30 +114,35 @@ void SharedWorker::payPart(const SlipPeriod& period, const RunPart& part, Report
     reports.put(payer_.takeReport());
     page.index += page.employees.size();
     query.afterCode = page.employees.back().code;
-    if (reports.stopped() || !prolong(part, PartState::Taken)) return;
   }
-  prolong(part, PartState::Done);
+  return true;
 }
 
-bool SharedWorker::prolong(const RunPart& part, PartState state) {
-  const auto now = std::chrono::steady_clock::now();
-  const bool young = now - prolonged_ < std::chrono::seconds(sharing_.leaseSeconds) / 4;
-  if (state == PartState::Taken && young) return true;
-  prolonged_ = now;
-  return payer_.repeating([&] { return services_.leases.mark(part, name_, state, until()); });
+bool SharedWorker::markDone() {
+  return payer_.repeating([&] {
+    return services_.leases.mark(held_.part(), held_.worker(), PartState::Done, held_.until());
+  });
+}
+
+/// What was kept before the part was taken over.
+Report SharedWorker::reportOfLost() {
+  held_.wasLost();
+  Report report = payer_.takeReport();
+  report.note(
+      "a part of the month was taken over while this process did not answer: slips of it may stand "
+      "in the other's register too");
+  return report;
 }
 
 bool SharedWorker::end(RunListener& listener, const TakeReport& told) {
   for (;;) {
-    RunPart part;
-    switch (payer_.doing([&] { return takeOne(shared_.end().run, part); })) {
+    switch (payer_.repeating([&] { return takeOne(shared_.end().run); })) {
       case Look::Taken:
-        removeUndueSlips(shared_.plan, services_, payer_, [&](const Report& report) {
-          told(report);
-          prolong(part, PartState::Taken);
-        });
+        if (!endMonth(told)) {
+          told(reportOfLost());
+          break;
+        }
         noteLaterMonths(shared_.plan, services_, payer_, listener);
-        prolong(part, PartState::Done);
         told(payer_.takeReport());
         return true;
       case Look::Wait:
@@ -140,9 +152,20 @@ bool SharedWorker::end(RunListener& listener, const TakeReport& told) {
         told(payer_.takeReport());
         return true;
       case Look::BegunAnew:
+        told(payer_.takeReport());
         return false;
     }
   }
+}
+
+/// False where another one ends the month, or has begun it anew.
+bool SharedWorker::endMonth(const TakeReport& told) {
+  try {
+    removeUndueSlips(shared_.plan, services_, payer_, told);
+  } catch (const ClaimLost&) {
+    return false;
+  }
+  return markDone();
 }
 
 }  // namespace kt7::payroll

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "payroll/run/crew.h"
+#include "payroll/run/held_part.h"
 #include "payroll/run/report_queue.h"
 #include "payroll/run/shared_plan.h"
 
@@ -9,14 +10,16 @@ namespace kt7::payroll {
 /// Numbers the new slips of a part by the places of their employees in it.
 class PartNumbers : public SlipNumbers {
  public:
-  void begin(const RunPart& part) { part_ = &part; }
+  explicit PartNumbers(const HeldPart& held) : held_(held) {}
   void give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) override;
+  void replace(std::span<SlipChange> changes, RunServices& services) override;
 
  private:
-  const RunPart* part_ = nullptr;
+  const HeldPart& held_;
 };
 
-/// One worker of a shared run: takes parts by leases and pays them.
+/// One worker of a shared run: takes parts by leases and pays them. Every unit of work looks first
+/// whether the part is still the worker's.
 class SharedWorker {
  public:
   SharedWorker(const SharedPlan& shared, const Sharing& sharing, RunServices& services,
@@ -30,20 +33,19 @@ class SharedWorker {
  private:
   enum class Look { Taken, Wait, AllDone, BegunAnew };
 
-  Look takeOne(const std::string& parts, RunPart& taken);
+  Look takeOne(const std::string& parts);
   bool payPeriod(std::size_t period, ReportQueue& reports);
-  void payPart(const SlipPeriod& period, const RunPart& part, ReportQueue& reports);
-  /// False where the part has been taken over.
-  bool prolong(const RunPart& part, PartState state);
-  Date until() { return later(services_.leases.now(), sharing_.leaseSeconds); }
+  /// False where the part was taken over.
+  bool payPart(const SlipPeriod& period, ReportQueue& reports);
+  bool endMonth(const TakeReport& told);
+  bool markDone();
+  Report reportOfLost();
 
   const SharedPlan& shared_;
-  const Sharing& sharing_;
   RunServices& services_;
-  std::string name_;
+  HeldPart held_;
   PartNumbers numbers_;
   PagePayer payer_;
-  std::chrono::steady_clock::time_point prolonged_;
 };
 
 }  // namespace kt7::payroll

@@ -89,6 +89,7 @@ RegisterAmounts registerAmounts(const Slip& slip) {
 }
 
 std::string slipNumber(Date payDate, int sequence) {
+  if (sequence > kHighestSequence) return "";
   return numberPrefix(payDate) + padded(sequence, kSequenceWidth);
 }
 

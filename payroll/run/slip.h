@@ -77,7 +77,7 @@ inline constexpr std::int32_t kCheckGroup = 1;
 inline constexpr int kHighestSequence = 9999999;
 
 /// The slip number of a pay date: "20260131-0000001". It does not name the employee, so that it
-/// outlives a change of the employee's code.
+/// outlives a change of the employee's code. "" beyond the highest sequence.
 std::string slipNumber(Date payDate, int sequence);
 /// The sequence of such a number, 0 for a number of another form.
 int slipSequence(const std::string& number, Date payDate);

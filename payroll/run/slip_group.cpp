@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "payroll/run/slip_numbers.h"
+
 namespace kt7::payroll {
 
 namespace {
@@ -15,7 +17,7 @@ std::string causeOf(const Error& error) {
          error.what();
 }
 
-bool SlipGroupWriter::write(const std::vector<SlipChange>& changes) {
+bool SlipGroupWriter::write(std::vector<SlipChange> changes) {
   if (changes.empty()) return true;
   const Group all(changes);
   const auto problem = writeTogether(all);
@@ -43,26 +45,31 @@ bool SlipGroupWriter::write(const std::vector<SlipChange>& changes) {
 std::optional<std::string> SlipGroupWriter::writeTogether(Group group) {
   Patience patience;
   bool unknown = false;  // whether an attempt took effect
+  bool taken = false;    // whether a key of it stood already
   for (bool again = false;; again = true) {
     bool begun = false;
     try {
       if (unknown && standsAlready(group)) return std::nullopt;
       unknown = false;
+      if (again && claim_ != nullptr) claim_->keep();
+      if (taken) numbers_.replace(group, services_);
+      taken = false;
       services_.book.begin();
       begun = true;
-      for (const SlipChange& change : group) writeOne(change, again);
+      writeAll(group, again);
       services_.book.commit();
       return std::nullopt;
     } catch (const Error& error) {
       if (begun) services_.book.rollback();
       const Failure failure = failureOf(error);
       unknown = unknown || failure == Failure::OutcomeUnknown;
+      taken = taken || failure == Failure::Duplicate;
       if (!recovery_.triesAgainAfter(failure, patience)) {
         if (!begun || unknown || failure == Failure::Lost) throw;
         return causeOf(error);
       }
     } catch (...) {
-      services_.book.rollback();
+      if (begun) services_.book.rollback();
       throw;
     }
   }
@@ -83,28 +90,48 @@ bool SlipGroupWriter::standsAlready(const SlipChange& change) {
     }
   }
   if (change.slip && !services_.book.stands(*change.slip)) return false;
-  return !change.history || historyStepNow(*change.history) == HistoryStep::None;
+  if (!change.history) return true;
+  const Employee& employee = change.history->employee;
+  return historyStep(employee, services_.company.latestSalaries({employee.code})) ==
+         HistoryStep::None;
 }
 
-HistoryStep SlipGroupWriter::historyStepNow(const HistoryChange& history) {
-  return historyStep(history.employee, services_.company.latestSalaries({history.employee.code}));
+void SlipGroupWriter::writeAll(Group group, bool again) {
+  if (claim_ != nullptr) claim_->hold();
+  // Whoever was in the way, or had the employees before, may have written their histories too.
+  if (again || claim_ != nullptr) readHistoriesNow(group);
+  for (const SlipChange& change : group) writeOne(change);
 }
 
-void SlipGroupWriter::writeOne(const SlipChange& change, bool again) {
+void SlipGroupWriter::readHistoriesNow(Group group) {
+  std::vector<std::string> codes;
+  for (const SlipChange& change : group) {
+    if (change.history) codes.push_back(change.history->employee.code);
+  }
+  const auto latest = services_.company.latestSalaries(codes);
+  for (SlipChange& change : group) {
+    if (change.history) change.history->step = historyStep(change.history->employee, latest);
+  }
+}
+
+void SlipGroupWriter::writeOne(const SlipChange& change) {
   for (const KnownSlip& slip : change.removals) {
     services_.book.remove(slip);
     attendance_.withdraw(slip);
   }
   if (!change.slip) return;
+  if (change.slip->number.empty()) {
+    raiseStatementFailed("the slip numbers of " + change.slip->payDate.isoDateText() +
+                         " are used up: the last one is " +
+                         slipNumber(change.slip->payDate, kHighestSequence) +
+                         "; give that slip another number and run the month again");
+  }
   services_.book.save(*change.slip);
   services_.hr.SumAmass2TR(change.slip->employee, kCheckGroup, "", change.slip->number,
                            services_.dataObj, kPosted);
   attendance_.record(*change.slip);
-  if (change.history) {
-    // Whoever was in the way may have written the history's row too.
-    const HistoryStep step = again ? historyStepNow(*change.history) : change.history->step;
-    writeHistory(step, change.history->employee, change.history->from, services_);
-  }
+  if (!change.history) return;
+  writeHistory(change.history->step, change.history->employee, change.history->from, services_);
 }
 
 void SlipGroupWriter::tell(Group group) {

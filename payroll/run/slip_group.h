@@ -1,6 +1,7 @@
 #pragma once
 
 #include "payroll/run/attendance.h"
+#include "payroll/run/claim.h"
 #include "payroll/run/recovery.h"
 #include "payroll/run/report.h"
 #include "payroll/run/salary_history.h"
@@ -20,32 +21,44 @@ struct SlipChange {
   std::optional<Slip> slip;
   std::vector<KnownSlip> removals;
   std::optional<HistoryChange> history = {};
+  bool newNumber = false;  // the slip's, under which nothing stands yet
 };
+
+class SlipNumbers;
 
 /// Kind and text of an error, for people.
 std::string causeOf(const Error& error);
 
 /// Writes the changes of some tens of employees as one unit, or one by one where that fails, so
 /// that one employee's failure is that employee's alone. A unit that another connection was in the
-/// way of is repeated; one that was lost while it was being kept is looked for first. The report
-/// says what holds, and counts.
+/// way of is repeated, with other numbers where somebody took them; one that was lost while it was
+/// being kept is looked for first. The report says what holds, and counts.
 class SlipGroupWriter {
  public:
-  SlipGroupWriter(RunServices& services, Attendance& attendance, Recovery& recovery, Report& report)
-      : services_(services), attendance_(attendance), recovery_(recovery), report_(report) {}
+  /// Without a claim nobody else can take the employees over.
+  SlipGroupWriter(RunServices& services, Attendance& attendance, Recovery& recovery, Report& report,
+                  SlipNumbers& numbers, Claim* claim)
+      : services_(services),
+        attendance_(attendance),
+        recovery_(recovery),
+        report_(report),
+        numbers_(numbers),
+        claim_(claim) {}
 
   /// Whether all of it now holds. A unit that cannot even begin is the error of the whole run.
-  bool write(const std::vector<SlipChange>& changes);
+  /// ClaimLost where the employees were taken over.
+  bool write(std::vector<SlipChange> changes);
 
  private:
-  using Group = std::span<const SlipChange>;
+  using Group = std::span<SlipChange>;
 
   /// What went wrong; empty where all of it now holds.
   std::optional<std::string> writeTogether(Group group);
-  void writeOne(const SlipChange& change, bool again);
+  void writeAll(Group group, bool again);
+  void writeOne(const SlipChange& change);
+  void readHistoriesNow(Group group);
   bool standsAlready(Group group);
   bool standsAlready(const SlipChange& change);
-  HistoryStep historyStepNow(const HistoryChange& history);
   void tell(Group group);
   void tellFailure(const SlipChange& change, const std::string& cause);
 
@@ -53,6 +66,8 @@ class SlipGroupWriter {
   Attendance& attendance_;
   Recovery& recovery_;
   Report& report_;
+  SlipNumbers& numbers_;
+  Claim* claim_;
 };
 
 }  // namespace kt7::payroll

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "collab/sql_text.h"
+#include "payroll/run/run_names.h"
 #include "payroll/store/unit_of_work.h"
 
 namespace kt7::payroll {
@@ -27,8 +28,10 @@ PartRow rowIn(ado::Recordset& row) {
 const char* clockOf(const std::string& databaseType) {
   if (equalNoCase(databaseType, "MYSQL")) return "UTC_TIMESTAMP()";
   if (equalNoCase(databaseType, "POSTGRESQL")) {
-    return "DATE_TRUNC('second', CURRENT_TIMESTAMP AT TIME ZONE 'UTC')";
+    // Not CURRENT_TIMESTAMP, which stands still within a transaction.
+    return "DATE_TRUNC('second', CLOCK_TIMESTAMP() AT TIME ZONE 'UTC')";
   }
+  if (equalNoCase(databaseType, "MICROSOFT SQL SERVER")) return "GETUTCDATE()";
   return "CURRENT_TIMESTAMP";
 }
 
@@ -52,15 +55,28 @@ std::string LeaseStore::rowOf(const RunPart& part) const {
   return "TRLeRun=" + records_.quoted(part.run) + " AND TRLeFrom=" + records_.quoted(part.from);
 }
 
-/// The names of a run's parts are its own, a "/" and more; "0" is the character after "/".
-std::string LeaseStore::partsOf(const std::string& run) const {
-  return "TRLeRun>=" + records_.quoted(run + "/") + " AND TRLeRun<" + records_.quoted(run + "0");
+std::string LeaseStore::named(const std::pair<std::string, std::string>& names) const {
+  return "TRLeRun>=" + records_.quoted(names.first) + " AND TRLeRun<" +
+         records_.quoted(names.second);
 }
+
+std::string LeaseStore::partsOf(const std::string& run) const { return named(partNames(run)); }
 
 std::optional<PartRow> LeaseStore::head(const std::string& run) {
   auto rows = records_.open("SELECT " + std::string(kColumns) + rowOf({run, "", "", 0}));
   if (rows->Eof()) return std::nullopt;
   return rowIn(*rows);
+}
+
+std::vector<PartRow> LeaseStore::heads(const Month& month) {
+  std::vector<PartRow> heads;
+  auto rows = records_.open("SELECT " + std::string(kColumns) + named(runNames(month)) +
+                            " AND TRLeFrom='' ORDER BY TRLeRun");
+  for (; !rows->Eof(); rows->MoveNext()) {
+    PartRow row = rowIn(*rows);
+    if (!isPartName(row.part.run)) heads.push_back(std::move(row));
+  }
+  return heads;
 }
 
 void LeaseStore::insert(const PartRow& row) {
@@ -79,12 +95,14 @@ void LeaseStore::makeHead(const RunPart& head, const std::string& worker, Date u
 }
 
 bool LeaseStore::lay(const RunPart& head, const std::string& worker,
-                     const std::vector<RunPart>& parts, Date until) {
+                     const std::vector<RunPart>& parts, const std::function<Date()>& until) {
   UnitOfWork unit(dataObj_);
-  const std::string own = " AND TRLeWorker=" + records_.quoted(worker);
-  if (!update(head, own, worker, PartState::Done, until)) return false;
+  const Date begun = until();
+  if (!update(head, ownedBy(worker), worker, PartState::Done, begun)) return false;
   records_.execute("DELETE FROM KT7TRunLease WHERE " + partsOf(head.run));
-  for (const RunPart& part : parts) insert({part, "", PartState::Open, until});
+  for (const RunPart& part : parts) insert({part, "", PartState::Open, begun});
+  records_.execute("UPDATE KT7TRunLease SET TRLeUntil=" + moment(until()) + " WHERE " +
+                   partsOf(head.run));
   unit.commit();
   return true;
 }
@@ -138,10 +156,18 @@ bool LeaseStore::take(const PartRow& row, const std::string& worker, Date until)
 
 bool LeaseStore::mark(const RunPart& part, const std::string& worker, PartState state, Date until) {
   UnitOfWork unit(dataObj_);
-  const std::string own = " AND TRLeWorker=" + records_.quoted(worker);
-  if (!update(part, own, worker, state, until)) return false;
+  if (!update(part, ownedBy(worker), worker, state, until)) return false;
   unit.commit();
   return true;
+}
+
+bool LeaseStore::hold(const RunPart& part, const std::string& worker, Date until) {
+  return update(part, ownedBy(worker) + " AND TRLeState=" + number(PartState::Taken), worker,
+                PartState::Taken, until);
+}
+
+std::string LeaseStore::ownedBy(const std::string& worker) const {
+  return " AND TRLeWorker=" + records_.quoted(worker);
 }
 
 /// Whether the row is now the worker's. On a cluster only the commit tells for good: of two nodes

@@ -14,8 +14,9 @@ class LeaseStore : public RunLeases {
   Date now() override;
   std::optional<PartRow> head(const std::string& run) override;
   void makeHead(const RunPart& head, const std::string& worker, Date until) override;
+  std::vector<PartRow> heads(const Month& month) override;
   bool lay(const RunPart& head, const std::string& worker, const std::vector<RunPart>& parts,
-           Date until) override;
+           const std::function<Date()>& until) override;
   std::vector<PartRow> freeParts(const std::string& run, const std::string& worker,
                                  Date now) override;
   std::vector<PartRow> parts(const std::string& run) override;
@@ -24,6 +25,7 @@ class LeaseStore : public RunLeases {
   Date lastUntil(const std::string& run) override;
   bool take(const PartRow& row, const std::string& worker, Date until) override;
   bool mark(const RunPart& part, const std::string& worker, PartState state, Date until) override;
+  bool hold(const RunPart& part, const std::string& worker, Date until) override;
 
  private:
   std::vector<PartRow> read(const std::string& query);
@@ -33,7 +35,9 @@ class LeaseStore : public RunLeases {
   bool isHeldBy(const RunPart& part, const std::string& worker);
   std::string moment(Date date) const;
   std::string rowOf(const RunPart& part) const;
+  std::string named(const std::pair<std::string, std::string>& names) const;
   std::string partsOf(const std::string& run) const;
+  std::string ownedBy(const std::string& worker) const;
   int count(const std::string& where);
 
   Records& records_;

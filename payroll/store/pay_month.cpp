@@ -15,7 +15,8 @@ NewWorker workersIn(const NewWorkplace& newWorkplace) {
 
 RunOutcome payMonth(Platform& platform, DataObj& dataObj, const RunRequest& request,
                     RunListener& listener, const NewWorkplace& newWorkplace) {
-  StoreWorker own(platform, dataObj);
+  // The host's own data object catches up as those of its workplaces do.
+  StoreWorker own(platform, dataObj, newWorkplace ? newWorkplace().catchUp : nullptr);
   return runMonth(request, own.services(), listener, workersIn(newWorkplace));
 }
 

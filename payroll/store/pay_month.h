@@ -9,7 +9,7 @@ namespace kt7::payroll {
 struct Workplace {
   std::unique_ptr<Platform> platform;
   std::unique_ptr<DataObj> dataObj;
-  /// As RunServices::catchUp, of that data object.
+  /// As RunServices::catchUp, of this or any other data object of the front.
   std::function<void(DataObj&)> catchUp = {};
 };
 using NewWorkplace = std::function<Workplace()>;

@@ -10,8 +10,7 @@ Records::Records(Platform& platform, DataObj& dataObj)
     : platform_(platform),
       dataObj_(dataObj),
       dataTool_(platform.createDataTool()),
-      utility_(platform.createUtilityObject()),
-      backslashEscapes_(upperCase(dataObj.ConnectionString()).find("MYSQL") != std::string::npos) {}
+      utility_(platform.createUtilityObject()) {}
 
 OpenRecordset Records::open(const std::string& sql, int lockType) {
   return OpenRecordset(platform_, dataTool_->PrepareSql(sql, dataObj_.DatabaseType()),
@@ -23,9 +22,7 @@ void Records::execute(const std::string& sql) {
 }
 
 std::string Records::quoted(std::string_view text) const {
-  std::string inside = replaceAll(std::string(text), "'", "''");
-  if (backslashEscapes_) inside = replaceAll(std::move(inside), "\\", "\\\\");
-  return "'" + inside + "'";
+  return "'" + replaceAll(std::string(text), "'", "''") + "'";
 }
 
 std::string Records::listOf(const std::vector<std::string>& texts) const {

@@ -18,7 +18,8 @@ class Records {
   OpenRecordset open(const std::string& sql, int lockType = ado::kReadOnly);
   void execute(const std::string& sql);
 
-  /// A text between quotes, whatever stands in it.
+  /// A text between quotes, whatever stands in it. A backslash is a character like any other: the
+  /// drivers see to that on every engine.
   std::string quoted(std::string_view text) const;
   /// "('E1','E2')"
   std::string listOf(const std::vector<std::string>& texts) const;
@@ -34,7 +35,6 @@ class Records {
   DataObj& dataObj_;
   std::unique_ptr<DataTool> dataTool_;
   std::unique_ptr<UtilityObject> utility_;
-  bool backslashEscapes_;
 };
 
 // A null reads as "", 0 or no; a null of a number where none may be missing as empty.

@@ -1,5 +1,7 @@
 #include "payroll/store/slip_store.h"
 
+#include <cmath>
+
 #include "base/error.h"
 #include "base/text.h"
 
@@ -14,6 +16,12 @@ std::string salaryPeriodText(const Slip& slip) {
 
 std::string ofRun(const std::string& prefix) {
   return " AND " + prefix + "CheckGroup=" + std::to_string(kCheckGroup);
+}
+
+/// Days and hours, which an engine may keep with fewer digits than a double has.
+bool isSame(double kept, double written) {
+  constexpr double kLeastDifference = 0.00005;
+  return std::abs(kept - written) < kLeastDifference;
 }
 
 void setItem(ado::Recordset& row, const Slip& slip, std::int32_t line, const SlipItem& item) {
@@ -93,21 +101,27 @@ void SlipStore::remove(const KnownSlip& slip) {
 bool SlipStore::stands(const Slip& slip) {
   const Currency net = registerAmounts(slip).net;
   auto document = records_.open(
-      "SELECT TEPSNetTotal, TEATNetTotal FROM KT7TEmpSlipDoc INNER JOIN KT7TEmpAmassType ON "
+      "SELECT TEPSNetTotal, TEATNetTotal, TEpsStartDate, TEpsEndDate, TEPSTotalWorkDay FROM "
+      "KT7TEmpSlipDoc INNER JOIN KT7TEmpAmassType ON "
       "TEATTEmpCode=TEpSTEmpCode AND TEATPaymentDate=TEpsTSaPDate AND TEATTEmTCode=TEPSTEmTCode "
       "AND TEATCheckGroup=TEPSCheckGroup AND TEATBalanceFlag=0 WHERE TEPSNo=" +
       records_.quoted(slip.number) + " AND TEpSTEmpCode=" + records_.quoted(slip.employee) +
       ofRun("TEPS"));
   if (document->Eof() || moneyIn(*document, "TEPSNetTotal") != net ||
-      moneyIn(*document, "TEATNetTotal") != net) {
+      moneyIn(*document, "TEATNetTotal") != net ||
+      document->get("TEpsStartDate").toDate() != slip.span.first ||
+      document->get("TEpsEndDate").toDate() != slip.span.last ||
+      !isSame(numberIn(*document, "TEPSTotalWorkDay"), slip.payDays)) {
     return false;
   }
   auto rows = records_.open(
-      "SELECT TSmbTAMTAlias, TSmbDebit, TSmbCrebit FROM KT7TEmpSlipItem WHERE TSmbTEPSNo=" +
+      "SELECT TSmbTAMTAlias, TSmbQuantity, TSmbDebit, TSmbCrebit FROM KT7TEmpSlipItem WHERE "
+      "TSmbTEPSNo=" +
       records_.quoted(slip.number) + " ORDER BY TSmbLn");
   for (const SlipItem& item : slip.items) {
     if (rows->Eof() || textIn(*rows, "TSmbTAMTAlias") != item.kind ||
-        moneyIn(*rows, "TSmbDebit") + moneyIn(*rows, "TSmbCrebit") != item.amount) {
+        moneyIn(*rows, "TSmbDebit") + moneyIn(*rows, "TSmbCrebit") != item.amount ||
+        !isSame(numberIn(*rows, "TSmbQuantity"), item.quantity)) {
       return false;
     }
     rows->MoveNext();

@@ -1,14 +1,16 @@
 // Any number of workers pays the same: slips, numbers, register, and what is told.
 #include <atomic>
+#include <list>
+#include <mutex>
 #include <set>
 
-#include "paid_company.h"
+#include "shared_company.h"
 
 namespace kt7::payroll {
 
 namespace {
 
-class Jobs : public PaidCompany {
+class Jobs : public SharedCompany {
  protected:
   Told payBy(int jobs, std::vector<InputRow> input = {}) {
     Told told;
@@ -44,6 +46,45 @@ TEST_F(Jobs, NumberOfWorkersChangesNothing) {
   const Told again = payBy(2, {input("Z10007", "2026-01-31", "BONUS", "", "500")});
   EXPECT_EQ(inOrder(again), inOrder(alone));
   EXPECT_EQ(books(), expected);
+}
+
+TEST_F(Jobs, NoPeriodIsPaidBeforeWhatOthersWroteIsSeen) {
+  hire(160);
+  struct Place {
+    std::string period;  // that it pays since it last caught up
+    int periods = 0;
+    Interruption look{[this](const trace::Step& step) {
+      const std::size_t at = step.sql.find(" AND TEpsTSaPDate=");
+      if (!step.sql.starts_with("SELECT * FROM KT7TEmpSlipDoc") || at == std::string_view::npos)
+        return;
+      if (period.empty()) ++periods;
+      if (period.empty()) period = step.sql.substr(at);
+      EXPECT_EQ(step.sql.substr(at), period);
+    }};
+  };
+  for (const int jobs : {1, 3}) {
+    SCOPED_TRACE(jobs);
+    std::list<Place> places;
+    std::mutex making;
+    const NewWorkplace newPlace = [&] {
+      const std::lock_guard lock(making);
+      Place& place = places.emplace_back();
+      Workplace made = placeWith(place.look);
+      made.catchUp = [&](DataObj& dataObj) {
+        // One job works at the place that the host itself gave.
+        (jobs == 1 ? places.front() : place).period.clear();
+        data::catchUp(dataObj.Connection());
+      };
+      return made;
+    };
+    Workplace own = newPlace();
+    Told told;
+    const RunRequest request{Month(2026, 1), "", {}, jobs};
+    EXPECT_EQ(payMonth(*own.platform, *own.dataObj, request, told, newPlace).failed, 0);
+    int periods = 0;
+    for (const Place& place : places) periods += place.periods;
+    EXPECT_GE(periods, 10);
+  }
 }
 
 TEST_F(Jobs, WritersTakeTurns) {

@@ -64,6 +64,23 @@ TEST_F(Records2026, HistoryBeginsWithTheFirstRunAndFollowsTheSalary) {
   EXPECT_EQ(history(), (Lines{"1 2024-02-29 26000", "2 2026-02-01 27500.25"}));
 }
 
+TEST_F(Records2026, CodesMayHoldAnyCharacter) {
+  constexpr int kMoreThanAPage = 60;
+  for (int i = 0; i < kMoreThanAPage; ++i) {
+    sql("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, TEmpSignDate, "
+        "TEmpSalary, "
+        "TEmpTBraCode) VALUES ('N\\" +
+        std::to_string(100 + i) + "', 'N', 'M1', '2024-01-01', 20000, '00')");
+  }
+  for (int run = 0; run < 2; ++run) {
+    const Told told = pay(1, {}, "M1");
+    EXPECT_EQ(told.failures, Lines{});
+    EXPECT_EQ(std::count_if(told.slips.begin(), told.slips.end(),
+                            [](const Slip& slip) { return slip.employee.starts_with("N\\1"); }),
+              kMoreThanAPage);
+  }
+}
+
 TEST_F(Records2026, StatusesFollowTheResignationDates) {
   const auto status = [&] {
     return lines("SELECT TEmpStatus AS line FROM KT7TEmployee WHERE TEmpCode='E0021'");

@@ -93,6 +93,26 @@ TEST_F(Recovering, WhateverTheEndOfAUnitMeetsEverybodyIsPaidOnce) {
   }
 }
 
+TEST_F(Recovering, SlipsOfAnEarlierRunAreNotTakenForThoseOfThisOne) {
+  struct Case {
+    const char* name;
+    const char* change;  // that leaves the amounts as they are
+  };
+  for (const Case& row : {Case{"span", "KT7TEmpSlipDoc SET TEpsStartDate='2025-12-31'"},
+                          Case{"days", "KT7TEmpSlipDoc SET TEPSTotalWorkDay=TEPSTotalWorkDay-0.5"},
+                          Case{"quantity", "KT7TEmpSlipItem SET TSmbQuantity=TSmbQuantity+0.25"}}) {
+    SCOPED_TRACE(row.name);
+    pay(1, {}, "M1");
+    const auto expected = everything();
+    sql(std::string("UPDATE ") + row.change);
+    FailingDataObj dataObj(database_.connectionString(), 1, When::BeforeItIsKept,
+                           failureWith("08007", 2013, true));
+    Told told;
+    EXPECT_EQ(payMonth(platform_, dataObj, {Month(2026, 1), "M1", {}}, told).losses, 1);
+    EXPECT_EQ(everything(), expected);
+  }
+}
+
 TEST(Failures, AreToldApartByTheEnginesOwnCodes) {
   struct Case {
     const char* sqlState;
@@ -101,16 +121,18 @@ TEST(Failures, AreToldApartByTheEnginesOwnCodes) {
     Failure expected;
   };
   for (const Case& row :
-       {Case{"", 5, false, Failure::Conflict},           // busy
-        Case{"", 517, false, Failure::Conflict},         // outdated snapshot
-        Case{"", 2067, false, Failure::Duplicate},       // unique index
-        Case{"", 1, false, Failure::Final},              // syntax
-        Case{"40001", 1213, false, Failure::Conflict},   // deadlock
-        Case{"HY000", 1205, false, Failure::Conflict},   // lock wait
-        Case{"23000", 1062, false, Failure::Duplicate},  // unique index
-        Case{"23505", 0, false, Failure::Duplicate},     // the same
-        Case{"42S02", 1146, false, Failure::Final},      // no such table
-        Case{"HY000", 2003, true, Failure::Lost},        // cannot connect
+       {Case{"", 5, false, Failure::Conflict},                // busy
+        Case{"", 517, false, Failure::Conflict},              // outdated snapshot
+        Case{"", 2067, false, Failure::Duplicate},            // unique index
+        Case{"", 1, false, Failure::Final},                   // syntax
+        Case{"40001", 1213, false, Failure::Conflict},        // deadlock
+        Case{"HY000", 1205, false, Failure::Conflict},        // lock wait
+        Case{"HYT00", 5, false, Failure::Conflict},           // the same by the driver manager
+        Case{"HY000", 1180, false, Failure::OutcomeUnknown},  // in the midst of a COMMIT
+        Case{"23000", 1062, false, Failure::Duplicate},       // unique index
+        Case{"23505", 0, false, Failure::Duplicate},          // the same
+        Case{"42S02", 1146, false, Failure::Final},           // no such table
+        Case{"HY000", 2003, true, Failure::Lost},             // cannot connect
         Case{"08006", 0, true, Failure::Lost}, Case{"08007", 0, true, Failure::OutcomeUnknown}}) {
     EXPECT_EQ(failureOf(failureWith(row.sqlState, row.code, row.connection)), row.expected)
         << row.sqlState << ' ' << row.code;

@@ -1,20 +1,12 @@
 // Several that share a run pay what one alone would have paid, whoever of them ends on the way.
 #include <thread>
 
-#include "paid_company.h"
+#include "base/error.h"
+#include "shared_company.h"
 
 namespace kt7::payroll {
 
 namespace {
-
-/// A process that ends in the middle of its work.
-struct Dying : Told {
-  void paid(const Slip& slip) override {
-    Told::paid(slip);
-    if (slip.employee.starts_with('Z') && slip.type == "M1")
-      throw std::runtime_error("the process was ended");
-  }
-};
 
 /// One who looks how far the run is.
 struct Watching : Told {
@@ -23,27 +15,7 @@ struct Watching : Told {
   std::vector<std::pair<int, int>> seen;
 };
 
-class Share : public PaidCompany {
- protected:
-  Share() { platform_.setNow(Month(2026, 1).lastDay()); }
-
-  RunOutcome share(RunListener& told, std::vector<InputRow> input = {}, int jobs = 1,
-                   int partSize = 30) {
-    RunRequest request{Month(2026, 1), "", std::move(input), jobs, Sharing{"test", 600, partSize}};
-    return paySharedMonth(request, told, [this] { return workplace(); });
-  }
-  void letLeasesRunOut(const std::string& where) {
-    sql("UPDATE KT7TRunLease SET TRLeUntil='2020-01-01 00:00:00' WHERE " + where);
-  }
-  std::vector<std::string> booksOfOneAlone() {
-    host::HostDataObj dataObj(database_.connectionString());
-    Told told;
-    payMonth(platform_, dataObj, {Month(2026, 1), "", {}}, told);
-    std::vector<std::string> books = this->books();
-    forgetTheMonth();
-    return books;
-  }
-};
+using Share = SharedCompany;
 
 TEST_F(Share, TogetherTheyPayWhatOneAlonePays) {
   hire(120);
@@ -99,6 +71,21 @@ TEST_F(Share, ProgressCountsWhatOthersHaveDone) {
   Watching heir;
   share(heir, {}, 1, 50);
   EXPECT_EQ(heir.seen.front(), (std::pair{all.second - employeesLeft, all.second}));
+}
+
+TEST_F(Share, WaitsForTheClusterInVainAreRepeated) {
+  int waits = 0;
+  Told told;
+  told.outcome = paySharedMonth(requestFor(), told, [&] {
+    Workplace place = workplace();
+    place.catchUp = [&](DataObj&) {
+      if (++waits % 4 == 0) raiseStatementFailed("no sync", {"SELECT 1", 1205, "HY000"});
+    };
+    return place;
+  });
+  EXPECT_GT(waits, 12);
+  EXPECT_EQ(told.outcome.failed, 0);
+  EXPECT_EQ(told.slips.size(), static_cast<std::size_t>(count("KT7TEmpSlipDoc")));
 }
 
 TEST_F(Share, InputMustBeTheSameWhileARunIsUnderWay) {

@@ -101,7 +101,9 @@ void MysqlSession::fail(const std::string& sql) {
   const std::string text = mysql_error(handle);
   const auto native = static_cast<std::int32_t>(code);
   const DatabaseCause cause{sql, native, mysql_sqlstate(handle)};
-  if (isLoss(code, cause.sqlState)) {
+  // A cluster's node that fails in the midst of a COMMIT may have kept it.
+  const bool commitFailed = code == ER_ERROR_DURING_COMMIT && sql == "COMMIT";
+  if (commitFailed || isLoss(code, cause.sqlState)) {
     lost_ = true;
     raiseConnectionLost(text, sql, native,
                         writes_ && !neverRan(code) && (!begun_ || sql == "COMMIT"));
@@ -369,8 +371,18 @@ void MysqlSession::catchUp() {
     if (error.cause().nativeCode == ER_UNKNOWN_SYSTEM_VARIABLE) return;
     throw;
   }
-  askOne("SELECT 1", {});
-  setWait(std::to_string(syncWait_));
+  const auto setBack = [&] { setWait(std::to_string(syncWait_)); };
+  try {
+    askOne("SELECT 1", {});
+  } catch (const Error&) {
+    try {
+      setBack();
+    } catch (const Error&) {
+      lost_ = true;  // every later read would wait
+    }
+    throw;
+  }
+  setBack();
 }
 
 bool MysqlSession::usable() {

@@ -1,0 +1,24 @@
+#include "payroll/run/slip_numbers.h"
+
+namespace kt7::payroll {
+
+void numberNew(std::span<SlipChange> changes, const SequenceOf& sequenceOf) {
+  for (SlipChange& change : changes) {
+    if (!change.slip || !change.slip->number.empty()) continue;
+    change.slip->number = slipNumber(change.slip->payDate, sequenceOf(change));
+    change.newNumber = true;
+  }
+}
+
+void numberAnew(std::span<SlipChange> changes, const SequenceOf& sequenceOf) {
+  for (SlipChange& change : changes) {
+    if (!change.newNumber) continue;
+    change.slip->number = slipNumber(change.slip->payDate, sequenceOf(change));
+  }
+}
+
+int lastSequenceOn(Date payDate, Company& company) {
+  return slipSequence(company.lastSlipNumber(payDate), payDate);
+}
+
+}  // namespace kt7::payroll

@@ -1,0 +1,73 @@
+// Slip numbers that somebody else was quicker to give, or that are used up.
+#include "shared_company.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+class Numbers : public SharedCompany {
+ protected:
+  RunOutcome payAlone(RunListener& told, const std::string& type, Interruption& interruption) {
+    Workplace place = placeWith(interruption);
+    return payMonth(*place.platform, *place.dataObj, {Month(2026, 1), type, {}}, told);
+  }
+  RunOutcome payAlone(const std::string& type) {
+    host::HostDataObj dataObj(database_.connectionString());
+    Told told;
+    return payMonth(platform_, dataObj, {Month(2026, 1), type, {}}, told);
+  }
+};
+
+TEST_F(Numbers, RunsOnOnePayDateGiveWayToEachOther) {
+  hire(80);
+  payAlone("W4");
+  payAlone("M1");
+  const auto expected = amounts();
+  for (const bool shared : {false, true}) {
+    SCOPED_TRACE(shared);
+    forgetTheMonth();
+    sql("DELETE FROM KT7TRunLease");
+    Interruption meanwhile = once(shared ? kPaying : "", [&] {
+      Told told;
+      EXPECT_EQ((shared ? share(told, requestFor({}, "W4")) : payAlone("W4")).failed, 0);
+    });
+    Told told;
+    const RunOutcome outcome =
+        shared ? share(told, requestFor({}, "M1"), meanwhile) : payAlone(told, "M1", meanwhile);
+    EXPECT_EQ(told.failures, std::vector<std::string>{});
+    EXPECT_GT(outcome.retries, 0);
+    EXPECT_EQ(amounts(), expected);
+  }
+}
+
+TEST_F(Numbers, EmployeesWhoComeWhileAMonthIsSharedTakeNobodysNumber) {
+  hire(90);
+  Interruption meanwhile = once(kPaying, [&] {
+    for (const char* const code : {"'Z10005A'", "'Z10040A'", "'Z10070A'"}) {
+      sql(std::string("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, "
+                      "TEmpSignDate, TEmpSalary, TEmpTBraCode) VALUES (") +
+          code + ", 'Z', 'M1', '2024-01-01', 20000, '00')");
+    }
+  });
+  Told told;
+  share(told, requestFor({}, "M1"), meanwhile);
+  EXPECT_EQ(told.failures, std::vector<std::string>{});
+  EXPECT_EQ(amounts().size(), told.slips.size());
+  // One of them may belong to a page that had been read already.
+  EXPECT_GE(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode LIKE 'Z%A'"), 2);
+}
+
+TEST_F(Numbers, DateWhoseNumbersAreUsedUpIsRefusedClearly) {
+  sql("INSERT INTO KT7TEmpSlipDoc (TEPSNo, TEpSTEmpCode, TEPSTEmTCode, TEPSCheckGroup, "
+      "TEpsTSaPDate) VALUES ('20260131-9999998', 'X', 'X', 1, '2026-01-31')");
+  const Told told = pay(1, {}, "M1");
+  ASSERT_EQ(told.slips.size(), 1u);
+  EXPECT_EQ(told.slips.front().number, "20260131-9999999");
+  ASSERT_FALSE(told.failures.empty());
+  EXPECT_NE(told.failures.front().find("numbers of 2026-01-31 are used up"), std::string::npos);
+  EXPECT_EQ(count("KT7TEmpSlipDoc WHERE TEPSNo NOT LIKE '20260131-_______'"), 0);
+}
+
+}  // namespace
+
+}  // namespace kt7::payroll
