@@ -99,22 +99,19 @@ std::string PayrollObject::Run(const std::string& month, const std::optional<std
   host::HostDataObj dataObj(connectionString_);
   std::ostringstream text;
   const auto slips = cli::registerWriter(format.value_or("table"), text, month);
-  const auto keepRegister = [&] {
-    slips->finish();
-    last_.slips = text.str();
-  };
   try {
     RunNotes listener(*slips, last_);
     payroll::payMonth(platform, dataObj, request, listener);
   } catch (const payroll::RunStopped& stopped) {
     refuse("nothing was paid: " + joined(stopped.reasons()));
-  } catch (...) {
+  } catch (const std::exception& error) {
     // Who was paid before stays paid.
-    keepRegister();
+    slips->breakOff(error.what());
+    last_.slips = text.str();
     throw;
   }
-  keepRegister();
-  return last_.slips;
+  slips->finish();
+  return last_.slips = text.str();
 }
 
 namespace {

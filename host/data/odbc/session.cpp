@@ -1,13 +1,12 @@
 #include "host/data/odbc/session.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <utility>
 
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/engine_settings.h"
+#include "host/data/odbc/statement.h"
 #include "host/data/server_values.h"
 #include "host/data/session_errors.h"
 
@@ -15,46 +14,7 @@ namespace kt7::data {
 
 namespace {
 
-constexpr int kNotDecimal = -2;
 constexpr std::size_t kFirstBuffer = 4096;
-
-struct Diagnosis {
-  std::string state;
-  SQLINTEGER native = 0;
-  std::string text;
-};
-
-SQLCHAR* bytesOf(std::string_view text) {
-  // The driver manager takes its texts without const and leaves them as they are.
-  return reinterpret_cast<SQLCHAR*>(const_cast<char*>(text.data()));
-}
-
-/// The driver manager takes whole numbers in the place of a pointer.
-SQLPOINTER numberAttribute(std::uintptr_t number) {
-  return reinterpret_cast<SQLPOINTER>(number);  // NOLINT(performance-no-int-to-ptr)
-}
-
-bool succeeded(SQLRETURN code) { return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO; }
-
-Diagnosis diagnosisOf(SQLSMALLINT type, SQLHANDLE handle) {
-  std::array<SQLCHAR, 6> state{};
-  std::array<SQLCHAR, 2048> text{};
-  Diagnosis diagnosis;
-  SQLSMALLINT length = 0;
-  if (!succeeded(SQLGetDiagRec(type, handle, 1, state.data(), &diagnosis.native, text.data(),
-                               static_cast<SQLSMALLINT>(text.size()), &length))) {
-    diagnosis.text = "the driver gave no reason";
-    return diagnosis;
-  }
-  diagnosis.state = reinterpret_cast<const char*>(state.data());
-  std::string_view words = reinterpret_cast<const char*>(text.data());
-  // "[vendor][driver][server]" stands before the words.
-  while (words.starts_with('[') && words.find(']') != std::string_view::npos) {
-    words.remove_prefix(words.find(']') + 1);
-  }
-  diagnosis.text = trimmedBlanks(words);
-  return diagnosis;
-}
 
 constexpr const char* kLockTimeout = "HYT00";
 
@@ -67,37 +27,6 @@ std::string embeddedState(const Diagnosis& cause) {
   return taken ? "23000" : cause.state;
 }
 
-ColumnKind kindOf(SQLSMALLINT type, int decimals) {
-  switch (type) {
-    case SQL_BIT:
-    case SQL_TINYINT:
-    case SQL_SMALLINT:
-      return ColumnKind::SmallInteger;
-    case SQL_INTEGER:
-    case SQL_BIGINT:
-      return ColumnKind::Integer;
-    case SQL_REAL:
-    case SQL_FLOAT:
-    case SQL_DOUBLE:
-      return ColumnKind::Real;
-    case SQL_DECIMAL:
-    case SQL_NUMERIC:
-      return decimalKind(decimals);
-    case SQL_TYPE_DATE:
-      return ColumnKind::Day;
-    case SQL_TYPE_TIMESTAMP:
-      return ColumnKind::Moment;
-    default:
-      return ColumnKind::Text;
-  }
-}
-
-/// "007" is no number that SQLite would write.
-bool isPadded(std::string_view text) {
-  if (text.starts_with('-')) text.remove_prefix(1);
-  return text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '9';
-}
-
 bool changesSession(std::string_view text) {
   constexpr std::string_view kWords[] = {"BEGIN", "START", "SET", "SAVEPOINT"};
   return std::any_of(std::begin(kWords), std::end(kWords), [text](std::string_view word) {
@@ -107,62 +36,15 @@ bool changesSession(std::string_view text) {
 
 }  // namespace
 
-OdbcHandle::OdbcHandle(const std::string& connectionString) {
-  SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &environment_);
-  SQLSetEnvAttr(environment_, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3), 0);
-  SQLAllocHandle(SQL_HANDLE_DBC, environment_, &connection_);
-  constexpr std::uintptr_t kLoginSeconds = 5;
-  SQLSetConnectAttr(connection_, SQL_ATTR_LOGIN_TIMEOUT, numberAttribute(kLoginSeconds), 0);
-  const SQLRETURN code = SQLDriverConnect(connection_, nullptr, bytesOf(connectionString),
-                                          static_cast<SQLSMALLINT>(connectionString.size()),
-                                          nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
-  if (succeeded(code)) {
-    connected_ = true;
-    return;
+OdbcSession::Statement::Statement(OdbcSession& session, const std::string& sql) {
+  SQLHDBC const connection = session.connection_->get();
+  if (!succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection, &handle_))) {
+    session.writes_ = false;  // nothing was sent
+    session.fail(SQL_HANDLE_DBC, connection, sql);
   }
-  const Diagnosis cause = diagnosisOf(SQL_HANDLE_DBC, connection_);
-  SQLFreeHandle(SQL_HANDLE_DBC, connection_);
-  SQLFreeHandle(SQL_HANDLE_ENV, environment_);
-  raiseConnectionFailed("cannot connect by ODBC: " + cause.text, {{}, cause.native, cause.state});
+  // Braces in a text are not escapes of the driver manager.
+  SQLSetStmtAttr(handle_, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
 }
-
-std::string OdbcHandle::info(SQLUSMALLINT what) const {
-  std::array<char, 128> text{};
-  SQLSMALLINT length = 0;
-  SQLGetInfo(connection_, what, text.data(), static_cast<SQLSMALLINT>(text.size()), &length);
-  return text.data();
-}
-
-OdbcHandle::~OdbcHandle() {
-  if (connected_) SQLDisconnect(connection_);
-  SQLFreeHandle(SQL_HANDLE_DBC, connection_);
-  SQLFreeHandle(SQL_HANDLE_ENV, environment_);
-}
-
-class OdbcSession::Statement {
- public:
-  Statement(OdbcSession& session, const std::string& sql) {
-    SQLHDBC const connection = session.connection_->get();
-    if (!succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection, &handle_))) {
-      session.writes_ = false;  // nothing was sent
-      session.fail(SQL_HANDLE_DBC, connection, sql);
-    }
-    // Braces in a text are not escapes of the driver manager.
-    SQLSetStmtAttr(handle_, SQL_ATTR_NOSCAN, reinterpret_cast<SQLPOINTER>(SQL_NOSCAN_ON), 0);
-  }
-  ~Statement() { SQLFreeHandle(SQL_HANDLE_STMT, handle_); }
-  Statement(const Statement&) = delete;
-  Statement& operator=(const Statement&) = delete;
-  SQLHSTMT get() const { return handle_; }
-  std::int64_t changedRows() const {
-    SQLLEN count = 0;
-    SQLRowCount(handle_, &count);
-    return count;
-  }
-
- private:
-  SQLHSTMT handle_ = SQL_NULL_HSTMT;
-};
 
 OdbcSession::OdbcSession(std::unique_ptr<OdbcHandle> connection)
     : connection_(std::move(connection)), buffer_(kFirstBuffer, '\0') {
@@ -258,90 +140,6 @@ void OdbcSession::query(const std::string& sql, Snapshot& rows) {
   run(statement, text_.text(), sql);
   readRows(statement, rows, sql);
   dropResults(statement, sql);
-}
-
-/// SQLite's driver tells a type of its own for what was declared, PostgreSQL's a text for a
-/// boolean.
-ColumnKind OdbcSession::kindOfColumn(Statement& statement, SQLUSMALLINT number, SQLSMALLINT type,
-                                     int decimals) const {
-  const ColumnKind told = kindOf(type, decimals);
-  const bool maybeBoolean = kind_ == "POSTGRESQL" && told == ColumnKind::Text;
-  if (!embedded_ && !maybeBoolean) return told;
-  std::array<char, 128> declared{};
-  SQLSMALLINT length = 0;
-  SQLColAttribute(statement.get(), number, SQL_DESC_TYPE_NAME, declared.data(),
-                  static_cast<SQLSMALLINT>(declared.size()), &length, nullptr);
-  if (embedded_) return columnKind(declared.data());
-  return equalNoCase(declared.data(), "bool") ? ColumnKind::SmallInteger : told;
-}
-
-void OdbcSession::readRows(Statement& statement, Snapshot& rows, const std::string& sql) {
-  SQLSMALLINT count = 0;
-  SQLNumResultCols(statement.get(), &count);
-  if (count == 0) raiseAnswersNoRows(sql);
-  std::vector<Column> columns;
-  kinds_.clear();
-  decimals_.clear();
-  for (SQLUSMALLINT i = 1; i <= static_cast<SQLUSMALLINT>(count); ++i) {
-    std::array<SQLCHAR, 256> name{};
-    SQLSMALLINT length = 0, type = 0, decimals = 0, nullable = 0;
-    SQLULEN size = 0;
-    SQLDescribeCol(statement.get(), i, name.data(), static_cast<SQLSMALLINT>(name.size()), &length,
-                   &type, &size, &decimals, &nullable);
-    const bool decimal = type == SQL_DECIMAL || type == SQL_NUMERIC;
-    const ColumnKind kind = kindOfColumn(statement, i, type, decimals);
-    kinds_.push_back(kind);
-    decimals_.push_back(decimal ? decimals : kNotDecimal);
-    columns.push_back({reinterpret_cast<const char*>(name.data()), kind});
-  }
-  rows.start(std::make_shared<const ResultShape>(std::move(columns)));
-  for (;;) {
-    const SQLRETURN code = SQLFetch(statement.get());
-    if (code == SQL_NO_DATA) return;
-    if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
-    Cell* cell = rows.addRow();
-    for (std::size_t i = 0; i < kinds_.size(); ++i, ++cell)
-      readCell(statement, i, rows, *cell, sql);
-  }
-}
-
-void OdbcSession::readCell(Statement& statement, std::size_t column, Snapshot& rows, Cell& cell,
-                           const std::string& sql) {
-  std::size_t have = 0;
-  for (;;) {
-    SQLLEN left = 0;
-    const auto room = static_cast<SQLLEN>(buffer_.size() - have);
-    const SQLRETURN code = SQLGetData(statement.get(), static_cast<SQLUSMALLINT>(column + 1),
-                                      SQL_C_CHAR, buffer_.data() + have, room, &left);
-    if (!succeeded(code)) fail(SQL_HANDLE_STMT, statement.get(), sql);
-    if (left == SQL_NULL_DATA) return;
-    if (left == SQL_NO_TOTAL && code == SQL_SUCCESS)
-      left = static_cast<SQLLEN>(std::strlen(buffer_.data() + have));
-    if (left != SQL_NO_TOTAL && left < room) {
-      setCell(rows, cell, column,
-              std::string_view(buffer_.data(), have + static_cast<std::size_t>(left)));
-      return;
-    }
-    have = buffer_.size() - 1;  // a zero byte stands at its end
-    buffer_.resize(buffer_.size() * 2);
-  }
-}
-
-void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
-                          std::string_view text) const {
-  if (decimals_[column] != kNotDecimal && !embedded_) {
-    setDecimal(cell, text, decimals_[column]);
-    return;
-  }
-  const ColumnKind kind = kinds_[column];
-  const bool number = kind == ColumnKind::SmallInteger || kind == ColumnKind::Integer ||
-                      kind == ColumnKind::Real || kind == ColumnKind::Money ||
-                      (embedded_ && kind == ColumnKind::Other && !isPadded(text));
-  if (number && setNumber(cell, text)) return;
-  if (number && !embedded_) raiseNoNumber(text);
-  const bool date = kind == ColumnKind::Day || kind == ColumnKind::Moment;
-  if (date && text.starts_with("0000-00-00")) return;
-  rows.setText(cell, text);
 }
 
 const std::string& OdbcSession::inlined(const std::string& sql, std::span<const Stored> values) {

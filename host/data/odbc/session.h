@@ -1,33 +1,13 @@
 #pragma once
 
-#include <sql.h>
-#include <sqlext.h>
-
 #include <map>
 
 #include "host/data/fixed_texts.h"
+#include "host/data/odbc/handle.h"
 #include "host/data/session.h"
 #include "host/data/statement_text.h"
 
 namespace kt7::data {
-
-/// The handle of a connection and of its environment; both go with it.
-class OdbcHandle {
- public:
-  /// A connection error with the driver's words.
-  explicit OdbcHandle(const std::string& connectionString);
-  ~OdbcHandle();
-  OdbcHandle(const OdbcHandle&) = delete;
-  OdbcHandle& operator=(const OdbcHandle&) = delete;
-  SQLHDBC get() const { return connection_; }
-  /// What the driver answers to a question of SQLGetInfo about a text.
-  std::string info(SQLUSMALLINT what) const;
-
- private:
-  SQLHENV environment_ = SQL_NULL_HENV;
-  SQLHDBC connection_ = SQL_NULL_HDBC;
-  bool connected_ = false;
-};
 
 /// A connection through the driver manager, to any engine. Texts cross as UTF-8 and decimals as
 /// exact texts; rows are written back by statements with their values in the text.
