@@ -11,7 +11,7 @@
 #define KT7_MYSQL_FAMILY_SETTINGS                                                            \
   "sql_mode='STRICT_ALL_TABLES,NO_ZERO_DATE,NO_ZERO_IN_DATE,ERROR_FOR_DIVISION_BY_ZERO,"     \
   "NO_BACKSLASH_ESCAPES,PIPES_AS_CONCAT', innodb_lock_wait_timeout=5, lock_wait_timeout=5, " \
-  "character_set_results=utf8mb4, "
+  "character_set_results=utf8mb4, autocommit=1, "
 
 namespace kt7::data {
 

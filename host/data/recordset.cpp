@@ -74,7 +74,7 @@ ado::Field& Recordset::RowFields::Item(std::string_view name) {
   const ResultShape& shape = *rows_.rows_.shape();
   const int column = shape.find(name);
   if (column < 0) raiseStatementFailed("the result has no column '" + std::string(name) + "'");
-  // They serve every result that the recordset is opened on.
+  // They serve the results after this one too.
   fields_.reserve(shape.size());
   while (fields_.size() < shape.size()) fields_.emplace_back(rows_, fields_.size());
   return fields_[static_cast<std::size_t>(column)];
@@ -87,7 +87,7 @@ std::vector<Recordset::Assigned>::iterator Recordset::placeOf(std::size_t column
 }
 
 kt7::Value Recordset::read(std::size_t column) {
-  requireOpen();
+  requireColumn(column);
   if (const auto at = placeOf(column); at != assigned_.end() && at->column == column) {
     return at->value;
   }
@@ -97,7 +97,7 @@ kt7::Value Recordset::read(std::size_t column) {
 }
 
 void Recordset::assign(std::size_t column, const kt7::Value& value) {
-  requireOpen();
+  requireColumn(column);
   requireWritable();
   if (!adding_) requireRow();
   const auto at = placeOf(column);
@@ -127,7 +127,7 @@ void Recordset::Update() {
   Session& target = session();
   std::vector<std::size_t> columns;
   std::vector<Stored> values;
-  if (assigned_.empty()) return;
+  if (assigned_.empty()) return discard();
   columns.reserve(assigned_.size());
   values.reserve(assigned_.size() + 1);  // a row to write back is found by its key
   for (const auto& [column, value] : assigned_) {
@@ -215,6 +215,11 @@ int Recordset::keyColumn() {
 
 void Recordset::requireOpen() const {
   if (rows_.shape() == nullptr) raiseStatementFailed("the recordset is closed");
+}
+
+void Recordset::requireColumn(std::size_t column) const {
+  requireOpen();
+  if (column >= rows_.shape()->size()) raiseStatementFailed("the field is not of this result");
 }
 
 void Recordset::requireWritable() const {

@@ -52,6 +52,7 @@ class Recordset final : public ado::Recordset {
   void openOn(const std::shared_ptr<Lease>& lease, const std::string& source);
   void release();
   void requireOpen() const;
+  void requireColumn(std::size_t column) const;
   void requireWritable() const;
   void requireRow() const;
   kt7::Value read(std::size_t column);

@@ -19,6 +19,15 @@ bool startsWord(char c) {
 }
 bool continuesWord(char c) { return startsWord(c) || isDigit(c) || c == '$'; }
 
+/// What stands between "--" and the end of its line. Without a blank before it some engines take
+/// the
+/// "--" for two signs, and some end it at a carriage return: a statement may follow.
+bool isSurelyComment(std::string_view text) {
+  if (text.find(';') == std::string_view::npos) return true;
+  if (text.ends_with('\r')) text.remove_suffix(1);
+  return isBlank(text.front()) && text.find('\r') == std::string_view::npos;
+}
+
 class Lexer {
  public:
   explicit Lexer(std::string_view sql) : sql_(sql) {}
@@ -29,10 +38,7 @@ class Lexer {
       while (isBlank(look(0))) ++at_;
       if (look(0) == '-' && look(1) == '-') {
         const std::size_t end = std::min(sql_.find('\n', at_), sql_.size());
-        // Without a blank behind it some engines take it for two signs: a statement may follow.
-        const bool surely = at_ + 2 >= end || isBlank(sql_[at_ + 2]);
-        if (!surely && sql_.substr(at_, end - at_).find(';') != std::string_view::npos)
-          return false;
+        if (!isSurelyComment(sql_.substr(at_ + 2, end - at_ - 2))) return false;
         at_ = end;
       } else if (look(0) == '/' && look(1) == '*') {
         const std::size_t close = sql_.find("*/", at_ + 2);

@@ -28,6 +28,14 @@ constexpr std::array<std::string_view, 4> kTableCare{"ANALYZE", "CHECK", "OPTIMI
 constexpr std::array<std::string_view, 4> kWordsOfTableCare{"TABLE", "TABLES", "LOCAL",
                                                             "NO_WRITE_TO_BINLOG"};
 
+/// They begin a statement, and stand in no other one outside parentheses.
+constexpr std::array<std::string_view, 16> kStatementWords{
+    "INSERT", "UPDATE",  "DELETE",  "MERGE", "DROP",   "ALTER",    "CREATE", "TRUNCATE",
+    "EXEC",   "EXECUTE", "DECLARE", "GRANT", "REVOKE", "SHUTDOWN", "BACKUP", "RESTORE"};
+/// Statements that hold such words of themselves.
+constexpr std::array<std::string_view, 5> kHoldStatementWords{"CREATE", "ALTER", "GRANT", "REVOKE",
+                                                              "DENY"};
+
 bool isOneOf(std::string_view word, std::span<const std::string_view> list) {
   return std::ranges::any_of(list,
                              [word](std::string_view entry) { return isWordOf(entry, word); });
@@ -65,13 +73,15 @@ class Words {
   std::span<const Token> tokens_;
 };
 
-/// The word that says what a statement with named queries before it does.
-std::string_view mainWord(const Words& words) {
-  if (!isWordOf("WITH", words[0])) return words[0];
+/// The place of the word that says what a statement with named queries before it does.
+std::size_t mainPlace(const Words& words) {
+  if (!isWordOf("WITH", words[0])) return 0;
   constexpr std::array<std::string_view, 6> kMain{"SELECT", "INSERT",  "UPDATE",
                                                   "DELETE", "REPLACE", "MERGE"};
-  return words[words.findOutside(kMain, 1)];
+  return words.findOutside(kMain, 1);
 }
+
+std::string_view mainWord(const Words& words) { return words[mainPlace(words)]; }
 
 }  // namespace
 
@@ -83,6 +93,12 @@ bool surelyWithoutRows(std::string_view sql, std::span<const Token> tokens, bool
   const std::string_view main = mainWord(words);
   if (isWordOf("SELECT", main)) return words.hasOutside("INTO");
   return isOneOf(main, kChanges) && !words.hasOutside("RETURNING");
+}
+
+bool holdsSecondStatement(std::string_view sql, std::span<const Token> tokens) {
+  const Words words(sql, tokens);
+  if (isOneOf(words[0], kHoldStatementWords)) return false;
+  return words.findOutside(kStatementWords, mainPlace(words) + 1) < words.count();
 }
 
 bool commitsInMysql(std::string_view sql, std::span<const Token> tokens) {

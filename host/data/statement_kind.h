@@ -11,6 +11,9 @@ namespace kt7::data {
 /// whether the tokens reach to its end.
 bool surelyWithoutRows(std::string_view sql, std::span<const Token> tokens, bool lexes);
 
+/// True where a second statement begins by its word alone, as SQL Server lets it.
+bool holdsSecondStatement(std::string_view sql, std::span<const Token> tokens);
+
 /// True where MySQL and its kin commit an open transaction before they run the statement.
 bool commitsInMysql(std::string_view sql, std::span<const Token> tokens);
 

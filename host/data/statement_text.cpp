@@ -285,6 +285,9 @@ void StatementText::readOne(const std::string& sql, const Dialect& dialect) {
     statement = statement.substr(0, end->begin);
     tokens_.erase(end, tokens_.end());
   }
+  if (dialect.separatesByWords && holdsSecondStatement(statement, tokens_)) {
+    raiseStatementFailed("only one statement can run at a time", {sql, 0, {}});
+  }
   rewrite(statement, dialect, lexes);
   answersNoRows_ = surelyWithoutRows(statement, tokens_, lexes);
   commitsFirst_ = dialect.definitionsCommit && commitsInMysql(statement, tokens_);

@@ -17,6 +17,7 @@ struct Dialect {
   bool numberedPlaceholders = false;  // "$1" in the place of "?"
   bool foldsTableNames = false;       // KT7T... and KT7V... become lower case
   bool runsSeveral = false;           // the engine would run every statement of a text
+  bool separatesByWords = false;      // it would even without a semicolon between them
   bool definitionsCommit = false;     // CREATE and its kin commit an open transaction
 };
 

@@ -164,6 +164,15 @@ TEST_F(DatabaseCommands, InitWithoutRightsTellsWhichAndLeavesNothing) {
   EXPECT_FALSE(schema::hasSchema(*connection, schema::engineOf(engine().kind)));
 }
 
+TEST_F(DatabaseCommands, InitByOneWhoMayNotUseTheDatabaseTellsWhatAnAdministratorRuns) {
+  if (engine().kind != "MYSQL" || engine().odbc) return;
+  runOn(engine().server, "CREATE USER kt7_nobody@'127.0.0.1' IDENTIFIED BY 'nobody'");
+  const Outcome refused = init("Uid=kt7_nobody;Pwd=nobody;" + db());
+  runOn(engine().server, "DROP USER kt7_nobody@'127.0.0.1'");
+  EXPECT_EQ(refused.exitCode, kFailed);
+  EXPECT_TRUE(says(refused.err, "have an administrator run: CREATE DATABASE")) << refused.err;
+}
+
 TEST_F(DatabaseCommands, CopyMovesACompanyOnce) {
   ASSERT_EQ(kt7hr({"init", "--sample", "--db", database()}).exitCode, kDone);
   const Outcome copied = kt7hr({"copy", "--from", database(), "--to", db()});

@@ -186,6 +186,26 @@ TEST_F(ConnectionTest, ATransactionThatFailedIsNotCommitted) {
   }
 }
 
+TEST_F(ConnectionTest, AFullDiskEndsTheTransactionAndNothingOfItIsKept) {
+  if (!engine().files) GTEST_SKIP() << "servers have errors of their own for it";
+  const auto limited = createRecordset();
+  limited->Open("PRAGMA max_page_count=40", *connection_, ado::kStatic, ado::kReadOnly);
+  connection_->BeginTrans();
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('first')");
+  const std::string large(200000, 'x');
+  expectStatementError(
+      [&] { connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('" + large + "')"); }, "full");
+  expectStatementError([&] { connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('after')"); },
+                       "first error was");
+  expectStatementError([&] { connection_->CommitTrans(); }, "rolled back");
+  EXPECT_NO_THROW(connection_->RollbackTrans());
+  EXPECT_EQ(rowCount(), "0");
+  connection_->BeginTrans();
+  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('new')");
+  connection_->CommitTrans();
+  EXPECT_EQ(rowCount(), "1");
+}
+
 TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
   if (engine().files) GTEST_SKIP() << "no connection to lose";
   const bool mysql = engine().kind == "MYSQL";

@@ -52,6 +52,7 @@ TEST_F(RefusedStatementsTest, NoSecondStatementHidesInTheFirst) {
       {"'||'{fn x(}'); DELETE FROM KT7TPay"},
       {"'||5--1); DELETE FROM KT7TPay\n)", true},
       {"')\v;\vDELETE FROM KT7TPay"},
+      {"') -- \r; DELETE FROM KT7TPay", true},
   };
   for (const Case& c : cases) {
     const std::string sql = first + c.rest;

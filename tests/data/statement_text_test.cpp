@@ -4,6 +4,7 @@
 
 #include <span>
 
+#include "base/error.h"
 #include "base/text.h"
 
 namespace kt7::data {
@@ -189,6 +190,22 @@ TEST(StatementTextTest, KnowsWhatAnswersNoRowsAndWhatCommits) {
     EXPECT_EQ(statement.commitsFirst(), c.commits) << c.sql;
     statement.readOne(c.sql, {});
     EXPECT_FALSE(statement.commitsFirst()) << c.sql;
+  }
+}
+
+TEST(StatementTextTest, RefusesASecondStatementThatBeginsByItsWord) {
+  constexpr Dialect kByWords{.runsSeveral = true, .separatesByWords = true};
+  StatementText text;
+  for (const char* one :
+       {"SELECT Name FROM T WHERE A=(SELECT MAX(A) FROM T)", "INSERT INTO T(A) SELECT A FROM U",
+        "UPDATE T SET A='DROP'", "WITH q AS (SELECT 1 AS A) DELETE FROM T",
+        "CREATE TABLE T(A INTEGER REFERENCES U(A) ON DELETE CASCADE)", "GRANT UPDATE ON T TO u"}) {
+    EXPECT_NO_THROW(text.readOne(one, kByWords)) << one;
+  }
+  for (const char* two :
+       {"SELECT Name FROM T WHERE A='x' DROP TABLE T --'", "UPDATE T SET A='x' delete FROM T",
+        "INSERT INTO T(A) VALUES('x') EXEC p", "SELECT 1 DECLARE @a INT"}) {
+    EXPECT_THROW(text.readOne(two, kByWords), Error) << two;
   }
 }
 

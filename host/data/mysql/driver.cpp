@@ -46,12 +46,13 @@ void setTls(MYSQL* connection, const ConnectionString& where) {
   const std::string authority(where.value("SslCa"));
   const std::string certificate(where.value("SslCert"));
   const std::string key(where.value("SslKey"));
-  const bool verify = equalNoCase(mode, "verify");
-  if (!mode.empty() && !verify && !equalNoCase(mode, "require") && !equalNoCase(mode, "disable")) {
+  const bool verify = equalNoCase(mode, "verify") || (mode.empty() && !authority.empty());
+  if (!mode.empty() && !equalNoCase(mode, "verify") && !equalNoCase(mode, "require") &&
+      !equalNoCase(mode, "disable")) {
     raiseConnectionFailed("'" + mode + "' is no SslMode; write disable, require or verify");
   }
   if (equalNoCase(mode, "disable")) return;
-  if (mode.empty() && authority.empty() && certificate.empty()) return;
+  if (mode.empty() && authority.empty() && certificate.empty() && key.empty()) return;
   mysql_ssl_set(connection, orNull(key), orNull(certificate), orNull(authority), nullptr, nullptr);
   const my_bool on = 1;
   const my_bool checked = verify ? 1 : 0;
@@ -105,6 +106,8 @@ Server serverIn(const std::string& text, const ConnectionString& where) {
 MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
                       const std::string& user, const std::string& password,
                       const std::string& database, const std::optional<KeepAlive>& keepAlive) {
+  // Once for all threads: the first connection would do it, but not safely.
+  [[maybe_unused]] static const int ready = mysql_library_init(0, nullptr, nullptr);
   MysqlHandle handle(mysql_init(nullptr));
   if (handle == nullptr) throw std::bad_alloc();
   MYSQL* const connection = handle.get();
@@ -239,7 +242,9 @@ void createMysql(const ConnectionString& where) {
     connect(where, {}, {}, database);
     return;
   } catch (const Error& error) {
-    if (error.cause().nativeCode != ER_BAD_DB_ERROR) throw;
+    // Who has no right to a database is not told whether it is there.
+    const std::int32_t code = error.cause().nativeCode;
+    if (code != ER_BAD_DB_ERROR && code != ER_DBACCESS_DENIED_ERROR) throw;
   }
   const MysqlHandle connection = connect(where, {}, {}, {});
   const std::string collation =
@@ -247,7 +252,8 @@ void createMysql(const ConnectionString& where) {
   const std::string sql = "CREATE DATABASE IF NOT EXISTS " + quotedName(database) +
                           " CHARACTER SET utf8mb4 COLLATE " + collation;
   if (mysql_query(connection.get(), sql.c_str()) == 0) return;
-  raiseConnectionFailed("the database '" + database + "' is not there and cannot be made: " +
+  raiseConnectionFailed("the database '" + database +
+                            "' is not there, or not for this user, and cannot be made: " +
                             mysql_error(connection.get()) + "; have an administrator run: " + sql +
                             "; GRANT ALL ON " + quotedName(database) + ".* TO this user",
                         {sql, static_cast<std::int32_t>(mysql_errno(connection.get())),

@@ -54,7 +54,11 @@ std::string OdbcHandle::info(SQLUSMALLINT what) const {
 }
 
 OdbcHandle::~OdbcHandle() {
-  if (connected_) SQLDisconnect(connection_);
+  if (connected_) {
+    // A connection whose transaction is open is not closed.
+    SQLEndTran(SQL_HANDLE_DBC, connection_, SQL_ROLLBACK);
+    SQLDisconnect(connection_);
+  }
   SQLFreeHandle(SQL_HANDLE_DBC, connection_);
   SQLFreeHandle(SQL_HANDLE_ENV, environment_);
 }

@@ -27,6 +27,19 @@ std::string embeddedState(const Diagnosis& cause) {
   return taken ? "23000" : cause.state;
 }
 
+/// A full disk, an error of it, and want of memory.
+bool endsEmbeddedTransaction(SQLINTEGER code) {
+  constexpr SQLINTEGER kFull = 13, kDiskError = 10, kNoMemory = 7;
+  return code == kFull || code == kDiskError || code == kNoMemory;
+}
+
+void openAgain(SQLHDBC connection) {
+  SQLHSTMT statement = SQL_NULL_HSTMT;
+  if (!succeeded(SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement))) return;
+  SQLExecDirect(statement, bytesOf("BEGIN"), SQL_NTS);
+  SQLFreeHandle(SQL_HANDLE_STMT, statement);
+}
+
 bool changesSession(std::string_view text) {
   constexpr std::string_view kWords[] = {"BEGIN", "START", "SET", "SAVEPOINT"};
   return std::any_of(std::begin(kWords), std::end(kWords), [text](std::string_view word) {
@@ -63,12 +76,15 @@ void OdbcSession::applySettings(bool mariadb) {
     dialect_.definitionsCommit = true;
     execute(settingsOf(mariadb));
   } else if (kind_ == "POSTGRESQL") {
-    execute("SET lock_timeout=5000");
+    execute(
+        "SELECT set_config('lock_timeout', '5000', false), "
+        "set_config('standard_conforming_strings', 'on', false)");
   } else if (embedded_) {
     dialect_.yearsByText = true;
     execute("PRAGMA busy_timeout=5000");
   } else if (kind_ == "MICROSOFT SQL SERVER") {
     execute("SET LOCK_TIMEOUT 5000");
+    dialect_.separatesByWords = true;
   }
   dialect_.runsSeveral = true;
   used_ = false;
@@ -93,9 +109,12 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   // Class 40: the engine rolled the whole transaction back. PostgreSQL aborts it after any error,
   // but its driver may undo the statement alone and keep the locks, or tell a COMMIT as done.
   const bool aborted = cause.state.starts_with("40") || kind_ == "POSTGRESQL" ||
-                       (kind_ == "MYSQL" && cause.native == kMysqlDeadlock);
+                       (kind_ == "MYSQL" && cause.native == kMysqlDeadlock) ||
+                       (embedded_ && endsEmbeddedTransaction(cause.native));
   if (begun_ && aborted && firstCause_.empty()) {
     firstCause_ = cause.text;
+    // SQLite ended it by itself, and its driver would for ever fail to end it once more.
+    if (embedded_) openAgain(connection_->get());
     SQLEndTran(SQL_HANDLE_DBC, connection_->get(), SQL_ROLLBACK);
   }
   const DatabaseCause told{sql, cause.native, cause.state};

@@ -353,7 +353,13 @@ void PostgresqlSession::begin() {
   refused_ = false;
 }
 
+/// What a transaction came to whose connection was lost in its middle.
+void PostgresqlSession::requireConnection(const char* statement) const {
+  if (lost_ && begun_) raiseConnectionLost("its transaction ended with it", statement, 0, false);
+}
+
 void PostgresqlSession::commit() {
+  requireConnection("COMMIT");
   if (!inTransaction()) {
     raiseStatementFailed("no transaction is open on this connection", {"COMMIT", 0, {}});
   }
@@ -367,6 +373,7 @@ void PostgresqlSession::commit() {
 
 void PostgresqlSession::rollback() {
   if (std::exchange(refused_, false)) return;
+  requireConnection("ROLLBACK");
   // A COMMIT that failed has rolled back already.
   if (!lost_ && begun_ && PQtransactionStatus(connection_.get()) == PQTRANS_IDLE) {
     begun_ = false;

@@ -75,6 +75,7 @@ class PostgresqlSession final : public Session {
   [[noreturn]] void fail(const PGresult* result, const std::string& sql);
   const Shape& shapeOf(const PGresult& result);
   void readRows(const PGresult& result, Snapshot& rows, const std::string& sql);
+  void requireConnection(const char* statement) const;
   PostgresqlResult control(const std::string& statement);
 
   PostgresqlHandle connection_;

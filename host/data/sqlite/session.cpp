@@ -1,8 +1,11 @@
 #include "host/data/sqlite/session.h"
 
+#include <utility>
+
 #include "base/error.h"
 #include "base/text.h"
 #include "host/data/server_values.h"
+#include "host/data/session_errors.h"
 
 namespace kt7::data {
 
@@ -75,9 +78,25 @@ class SqliteSession::Watched {
   SqliteSession& session_;
 };
 
+/// A full disk or an error of it ends the whole transaction; what followed would be committed bit
+/// by bit.
+template <class Work>
+auto SqliteSession::standing(const std::string& sql, Work work) {
+  if (!firstCause_.empty()) raiseRolledBack(firstCause_, sql);
+  try {
+    return work();
+  } catch (const Error& error) {
+    if (begun_ && commitsByItself()) firstCause_ = error.what();
+    throw;
+  }
+}
+
 void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
-  const Watched watched(*this, statement, sql);
-  statement.run(sql);
+  standing(sql, [&] {
+    const Watched watched(*this, statement, sql);
+    statement.run(sql);
+  });
+  if (begun_) begun_ = !commitsByItself();  // it may have ended by its text
 }
 
 // SQLite itself is asked whether the lock is still needed: a transaction may also begin by a
@@ -95,14 +114,16 @@ void SqliteSession::query(const std::string& sql, Snapshot& rows) {
   if (!statement.answersRows()) {
     raiseStatementFailed("the statement answers no rows", {sql, SQLITE_ERROR, {}});
   }
-  const Watched watched(*this, statement, sql);
-  statement.readAll(rows, sql);
+  standing(sql, [&] {
+    const Watched watched(*this, statement, sql);
+    statement.readAll(rows, sql);
+  });
 }
 
 Value SqliteSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
   SqliteStatement& statement = fixed(sql);
   statement.bind(parameters);
-  return statement.readFirst(sql);
+  return standing(sql, [&] { return statement.readFirst(sql); });
 }
 
 std::int64_t SqliteSession::change(const std::string& sql, std::span<const Stored> values) {
@@ -143,16 +164,30 @@ void SqliteSession::begin() {
   // At once the lock to write: a transaction that only later wants it can find its snapshot
   // outdated, and no waiting helps then.
   control("BEGIN IMMEDIATE");
+  begun_ = true;
+  refused_ = false;
 }
 
 void SqliteSession::commit() {
   if (!inTransaction()) {
     raiseStatementFailed("no transaction is open on this connection", {"COMMIT", 0, {}});
   }
+  if (!firstCause_.empty()) {
+    const std::string cause = firstCause_;
+    rollback();
+    refused_ = true;
+    raiseCannotCommit(cause);
+  }
   control("COMMIT");
 }
 
 void SqliteSession::rollback() {
+  if (std::exchange(refused_, false)) return;
+  if (!firstCause_.empty()) {
+    firstCause_.clear();
+    begun_ = false;
+    return;
+  }
   if (!inTransaction()) {
     raiseStatementFailed("no transaction is open on this connection", {"ROLLBACK", 0, {}});
   }

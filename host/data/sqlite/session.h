@@ -34,7 +34,7 @@ class SqliteSession final : public Session {
   void begin() override;
   void commit() override;
   void rollback() override;
-  bool inTransaction() const override { return sqlite3_get_autocommit(database_.get()) == 0; }
+  bool inTransaction() const override { return !firstCause_.empty() || !commitsByItself(); }
   /// Short: a company's file may be replaced under a running host.
   std::chrono::seconds trustedIdleness() const override { return std::chrono::seconds(1); }
   bool usable() override;
@@ -54,7 +54,11 @@ class SqliteSession final : public Session {
   Shared lifted(const std::string& sql);
   /// The statement for a text that is the same every time, nothing bound.
   SqliteStatement& fixed(const std::string& sql);
+  bool commitsByItself() const { return sqlite3_get_autocommit(database_.get()) != 0; }
   void run(SqliteStatement& statement, const std::string& sql);
+  /// What `work` answers, refused once SQLite has rolled the transaction back.
+  template <class Work>
+  auto standing(const std::string& sql, Work work);
   void noteTransaction();
   void control(const char* statement);
 
@@ -62,6 +66,9 @@ class SqliteSession final : public Session {
   std::shared_ptr<WriteLock> lock_;
   bool holdsLock_ = false;
   bool moved_ = false;  // the file is no longer where it was opened
+  bool begun_ = false;
+  std::string firstCause_;  // of a transaction that SQLite rolled back
+  bool refused_ = false;    // to commit it: the caller may still roll it back
   StatementText text_;
   LruCache<Shared> statements_;
   LruCache<Asked> asked_;
