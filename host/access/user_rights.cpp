@@ -126,11 +126,14 @@ HeldRight valueOf(const std::string& name, const std::string& table, const std::
           "UPDATE " + table + " SET " + column + "=" + none + " WHERE " + condition};
 }
 
+/// A code: the door has refused those with quotes.
+std::string inQuotes(const std::string& code) { return "'" + code + "'"; }
+
 void appendTypes(std::vector<HeldRight>& held, const Grant& rights, const std::string& ofModule) {
+  const std::string rows = "TUETTCmGAlias=" + ofModule +
+                           " AND TUETTUsrID=" + std::to_string(rights.user) + " AND TUETTEmTCode=";
   for (const std::string& type : rights.types) {
-    const std::string row = "TUETTCmGAlias=" + ofModule +
-                            " AND TUETTUsrID=" + std::to_string(rights.user) +
-                            " AND TUETTEmTCode='" + type + "'";
+    const std::string row = rows + inQuotes(type);
     if (rights.welfare) {
       held.push_back(
           valueOf("the welfare of type " + type, "KT7TUserEmpType", row, "TUETWelfare", "''"));
@@ -150,15 +153,15 @@ std::vector<HeldRight> heldRights(const Revocation& revocation) {
   const std::string user = std::to_string(rights.user);
   const std::string ofModule = "'" + std::string(kModuleAlias) + "'";
   std::vector<HeldRight> held;
+  const std::string rightsOfUser = "TUsRTUsrID=" + user + " AND TUsRKey=";
   for (const std::string& key : rights.rights) {
-    held.push_back(rowsOf("the right " + key, "KT7TUserRight",
-                          "TUsRTUsrID=" + user + " AND TUsRKey='" + key + "'"));
+    held.push_back(rowsOf("the right " + key, "KT7TUserRight", rightsOfUser + inQuotes(key)));
   }
   appendTypes(held, rights, ofModule);
+  const std::string branchesOfUser =
+      "TUsBTCmGAlias=" + ofModule + " AND TUsBTUsrID=" + user + " AND TUsBTBraCode=";
   for (const std::string& branch : rights.branches) {
-    held.push_back(rowsOf("branch " + branch, "KT7TUserBranch",
-                          "TUsBTCmGAlias=" + ofModule + " AND TUsBTUsrID=" + user +
-                              " AND TUsBTBraCode='" + branch + "'"));
+    held.push_back(rowsOf("branch " + branch, "KT7TUserBranch", branchesOfUser + inQuotes(branch)));
   }
   if (revocation.administrator) {
     held.push_back(

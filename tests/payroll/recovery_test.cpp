@@ -13,8 +13,11 @@ enum class When { BeforeItIsKept, AfterItWasKept };
 /// A data object whose n-th commit fails.
 class FailingDataObj : public DataObj {
  public:
-  FailingDataObj(const std::string& connectionString, int commit, When when, Error error)
-      : inner_(connectionString), commit_(commit), when_(when), error_(std::move(error)) {}
+  FailingDataObj(const std::string& connectionString, int commit, When when, const Error& error)
+      : inner_(connectionString),
+        commit_(commit),
+        when_(when),
+        error_(error) {}  // NOLINT(bugprone-throw-keyword-missing): thrown by the commit
 
   void CommitTransaction() override {
     const bool fails = ++commits_ == commit_;

@@ -64,7 +64,7 @@ TEST(Cell, IsShownShortAndWhole) {
   EXPECT_EQ(shownCell("\xFF"), "the cell");
   std::string thai;
   for (int i = 0; i < 50; ++i) thai += "ก";
-  EXPECT_EQ(shownCell(thai), "\"" + thai.substr(0, 40 * 3) + "...\"");
+  EXPECT_EQ(shownCell(thai), "\"" + thai.substr(0, std::size_t{40} * 3) + "...\"");
 }
 
 }  // namespace

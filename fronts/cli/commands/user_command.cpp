@@ -126,7 +126,7 @@ int showOne(const UserOptions& given, Console& console) {
 
 using Action = int (*)(const UserOptions& given, Console& console);
 
-void choose(CLI::App& command, CommandLine& line, std::shared_ptr<UserOptions> given,
+void choose(CLI::App& command, CommandLine& line, const std::shared_ptr<UserOptions>& given,
             Action action) {
   given->database.addTo(command);
   command.callback([given, &line, action] {
