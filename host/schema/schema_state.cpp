@@ -122,8 +122,7 @@ void requireCurrentSchema(ado::Connection& connection, Engine engine) {
     case SchemaState::Kind::UnfinishedCopy:
       raiseStatementFailed(
           "the database holds a copy that was never finished; run the same kt7hr copy again, it "
-          "goes "
-          "on where it was");
+          "goes on where it was");
     case SchemaState::Kind::Partial:
       raiseStatementFailed("the database holds only a part of a company, missing: " +
                            listed(state.missing) + adviceFor(state));
