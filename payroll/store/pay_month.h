@@ -15,7 +15,8 @@ struct Workplace {
 using NewWorkplace = std::function<Workplace()>;
 
 /// runMonth on a host's platform and data object. The platform's clock says when the run takes
-/// place: it must stand in the month. More jobs than one need a workplace for each.
+/// place: it must stand in the month. More jobs than one need a workplace for each; one more is
+/// made to learn how the host catches up.
 RunOutcome payMonth(Platform& platform, DataObj& dataObj, const RunRequest& request,
                     RunListener& listener, const NewWorkplace& newWorkplace = {});
 
