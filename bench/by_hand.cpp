@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/data/connection_string.h"
+#include "host/data/session/connection_string.h"
 
 namespace kt7::bench {
 

@@ -8,7 +8,7 @@
 #include <map>
 
 #include "by_hand.h"
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 #include "ratio_report.h"
 #include "sample_company.h"
 

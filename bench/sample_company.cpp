@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <random>
 
-#include "base/error.h"
-#include "host/data/database.h"
-#include "host/data/pool.h"
-#include "host/schema/schema.h"
+#include <kt7/error.h>
+#include "host/data/contract/database.h"
+#include "host/data/session/pool.h"
+#include "host/schema/state/schema.h"
 
 namespace kt7::bench {
 

@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
-#include "host/data/database.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
-#include "interface/hr_object.h"
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include <kt7/hr_object.h>
+#include "host/data/contract/database.h"
 #include "plain_tax_questions.h"
 #include "ratio_report.h"
 #include "sample_company.h"

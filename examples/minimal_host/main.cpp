@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <string>
 
-#include "base/error.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
-#include "interface/hr_object.h"
+#include <kt7/error.h>
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include <kt7/hr_object.h>
 
 int main(int argc, char** argv) try {
   if (argc != 4) return std::fputs("usage: minimal_host DATABASE EMPLOYEE PAY\n", stderr), 2;

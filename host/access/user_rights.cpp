@@ -3,8 +3,8 @@
 #include <array>
 #include <utility>
 
-#include "collab/permission_token.h"
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
+#include "support/permission_token.h"
 
 namespace kt7::host {
 

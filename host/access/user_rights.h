@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "collab/ado.h"
-#include "collab/utility_object.h"
+#include <kt7/contract/data_access.h>
+#include <kt7/contract/utility_object.h>
 
 /// Users and what they may see, as the access filters read it. Writing stays in the caller's
 /// transaction; giving never takes away and may be repeated.

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "collab/opened.h"
-#include "collab/permission_token.h"
+#include <kt7/hr_object.h>
 #include "host/access/user_rights.h"
-#include "interface/hr_object.h"
+#include "support/opened.h"
+#include "support/permission_token.h"
 
 namespace kt7::host {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "collab/platform.h"
+#include <kt7/contract/platform.h>
 
 namespace kt7::host {
 

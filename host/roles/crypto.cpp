@@ -2,7 +2,7 @@
 
 #include <gcrypt.h>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::host {
 

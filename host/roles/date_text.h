@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/date.h"
+#include <kt7/date.h>
 
 namespace kt7::host {
 

@@ -1,7 +1,7 @@
-#include "host/roles/host_data_obj.h"
+#include <kt7/host/data_obj.h>
 
-#include "base/error.h"
-#include "host/data/database.h"
+#include <kt7/error.h>
+#include "host/data/contract/database.h"
 
 namespace kt7::host {
 

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 #include "host/roles/date_text.h"
 #include "host/roles/lookup_statement.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "base/value.h"
-#include "collab/data_tool.h"
-#include "host/roles/picker.h"
+#include <kt7/contract/data_tool.h>
+#include <kt7/host/picker.h>
+#include <kt7/value.h>
 
 namespace kt7::host {
 

@@ -1,9 +1,9 @@
-#include "host/roles/host_platform.h"
+#include <kt7/host/platform.h>
 
 #include <algorithm>
 #include <cstdio>
 
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 #include "host/machine/local_time.h"
 #include "host/roles/host_data_tool.h"
 #include "host/roles/host_setting_store.h"

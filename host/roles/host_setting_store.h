@@ -1,6 +1,6 @@
 #pragma once
 
-#include "collab/setting_store.h"
+#include <kt7/contract/setting_store.h>
 
 namespace kt7::host {
 

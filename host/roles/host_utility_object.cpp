@@ -1,7 +1,7 @@
 #include "host/roles/host_utility_object.h"
 
+#include <kt7/error.h>
 #include "base/arithmetic.h"
-#include "base/error.h"
 #include "host/roles/date_text.h"
 #include "host/roles/number_text.h"
 #include "host/roles/permission_token.h"

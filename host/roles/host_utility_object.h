@@ -1,6 +1,6 @@
 #pragma once
 
-#include "collab/platform.h"
+#include <kt7/contract/platform.h>
 
 namespace kt7::host {
 

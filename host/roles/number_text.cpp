@@ -4,7 +4,7 @@
 #include <charconv>
 #include <string>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 
 namespace kt7::host {

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdint>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "host/roles/crypto.h"
 
 namespace kt7::host {

@@ -1,6 +1,6 @@
-#include "host/roles/picker.h"
+#include <kt7/host/picker.h>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::host {
 

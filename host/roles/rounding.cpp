@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include <kt7/error.h>
 #include "base/arithmetic.h"
-#include "base/error.h"
 
 namespace kt7::host {
 

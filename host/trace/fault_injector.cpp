@@ -1,6 +1,6 @@
 #include "host/trace/fault_injector.h"
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::trace {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <type_traits>
 
-#include "collab/data_tool.h"
+#include <kt7/contract/data_tool.h>
 
 /// Forwarding wrappers round the collaborators that show every step to an observer: a trace for
 /// people, a fault injector for tests. Where nobody observes, nothing is wrapped.

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 #include "host/trace/step.h"
 
 namespace kt7::trace {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "host/roles/host_data_obj.h"
+#include <kt7/host/data_obj.h>
 #include "host/trace/traced_connection.h"
 
 namespace kt7::trace {

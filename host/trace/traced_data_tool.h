@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "collab/data_tool.h"
+#include <kt7/contract/data_tool.h>
 #include "host/trace/step.h"
 
 namespace kt7::trace {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "collab/setting_store.h"
+#include <kt7/contract/setting_store.h>
 #include "host/trace/step.h"
 
 namespace kt7::trace {

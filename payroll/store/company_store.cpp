@@ -1,6 +1,10 @@
 #include "payroll/store/company_store.h"
 
-#include "payroll/store/pay_columns.h"
+#include "payroll/facts/pay_sums.h"
+#include "payroll/facts/slip_number.h"
+#include "payroll/facts/slip_period.h"
+#include "payroll/ports/company.h"
+#include "payroll/store/row_mapping.h"
 
 namespace kt7::payroll {
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "payroll/run/ports.h"
+#include "payroll/facts/pay_sums.h"
+#include "payroll/facts/slip_period.h"
+#include "payroll/ports/company.h"
 #include "payroll/store/records.h"
 
 namespace kt7::payroll {

@@ -1,9 +1,9 @@
 #include "payroll/store/lease_store.h"
 
 #include "base/text.h"
-#include "collab/sql_text.h"
-#include "payroll/run/run_names.h"
+#include "payroll/ports/run_names.h"
 #include "payroll/store/unit_of_work.h"
+#include "support/sql_text.h"
 
 namespace kt7::payroll {
 

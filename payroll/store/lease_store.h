@@ -1,6 +1,6 @@
 #pragma once
 
-#include "payroll/run/leases.h"
+#include "payroll/ports/leases.h"
 #include "payroll/store/records.h"
 
 namespace kt7::payroll {

@@ -1,8 +1,8 @@
 #include "payroll/store/records.h"
 
+#include <kt7/contract/data_obj.h>
 #include "base/text.h"
-#include "collab/data_obj.h"
-#include "collab/sql_text.h"
+#include "support/sql_text.h"
 
 namespace kt7::payroll {
 

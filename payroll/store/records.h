@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "collab/opened.h"
-#include "payroll/run/day_span.h"
+#include <kt7/payroll/day_span.h>
+#include "support/opened.h"
 
 namespace kt7::payroll {
 

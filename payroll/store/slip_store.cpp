@@ -2,8 +2,11 @@
 
 #include <cmath>
 
-#include "base/error.h"
+#include <kt7/error.h>
+#include <kt7/payroll/register_amounts.h>
 #include "base/text.h"
+#include "payroll/facts/slip_number.h"
+#include "payroll/ports/company.h"
 
 namespace kt7::payroll {
 

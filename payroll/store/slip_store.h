@@ -1,6 +1,7 @@
 #pragma once
 
-#include "payroll/run/ports.h"
+#include "payroll/ports/company.h"
+#include "payroll/ports/slip_book.h"
 #include "payroll/store/records.h"
 
 namespace kt7::payroll {

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-#include "collab/data_obj.h"
+#include <kt7/contract/data_obj.h>
 
 namespace kt7::payroll {
 

@@ -1,7 +1,7 @@
+#include <kt7/hr_object.h>
 #include "base/text.h"
-#include "collab/opened.h"
-#include "collab/permission_token.h"
-#include "interface/hr_object.h"
+#include "support/opened.h"
+#include "support/permission_token.h"
 
 namespace kt7 {
 

@@ -1,5 +1,5 @@
-#include "collab/sql_text.h"
-#include "interface/hr_object.h"
+#include <kt7/hr_object.h>
+#include "support/sql_text.h"
 
 namespace kt7 {
 

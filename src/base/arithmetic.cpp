@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7 {
 

@@ -1,10 +1,10 @@
-#include "base/currency.h"
+#include <kt7/currency.h>
 
 #include <cfloat>
 #include <charconv>
 #include <cmath>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7 {
 

@@ -1,10 +1,10 @@
-#include "base/date.h"
+#include <kt7/date.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 
 namespace kt7 {

@@ -1,4 +1,4 @@
-#include "base/error.h"
+#include <kt7/error.h>
 
 #include <array>
 

@@ -1,10 +1,10 @@
-#include "base/value.h"
+#include <kt7/value.h>
 
 #include <charconv>
 #include <cmath>
 
+#include <kt7/error.h>
 #include "base/arithmetic.h"
-#include "base/error.h"
 #include "base/text.h"
 
 namespace kt7 {

@@ -1,9 +1,9 @@
 #include "calendar/service_length.h"
 
+#include <kt7/error.h>
+#include <kt7/hr_object.h>
 #include "base/arithmetic.h"
-#include "base/error.h"
 #include "base/text.h"
-#include "interface/hr_object.h"
 
 namespace kt7 {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "base/date.h"
+#include <kt7/date.h>
 
 namespace kt7::calendar {
 

@@ -1,6 +1,6 @@
+#include <kt7/hr_object.h>
 #include "calendar/weekly_pattern.h"
-#include "collab/sql_text.h"
-#include "interface/hr_object.h"
+#include "support/sql_text.h"
 
 namespace kt7 {
 

@@ -1,6 +1,6 @@
-#include "interface/hr_object.h"
+#include <kt7/hr_object.h>
 
-#include "collab/create.h"
+#include "support/create.h"
 
 namespace kt7 {
 

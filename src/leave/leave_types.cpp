@@ -1,9 +1,9 @@
 #include <exception>
 
+#include <kt7/hr_object.h>
 #include "base/arithmetic.h"
-#include "collab/opened.h"
-#include "collab/sql_text.h"
-#include "interface/hr_object.h"
+#include "support/opened.h"
+#include "support/sql_text.h"
 
 namespace kt7 {
 

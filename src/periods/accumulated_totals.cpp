@@ -1,4 +1,4 @@
-#include "interface/hr_object.h"
+#include <kt7/hr_object.h>
 
 namespace kt7 {
 

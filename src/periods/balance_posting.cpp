@@ -1,8 +1,8 @@
-#include "collab/opened.h"
-#include "collab/sql_text.h"
-#include "interface/hr_object.h"
+#include <kt7/hr_object.h>
 #include "periods/amount_columns.h"
 #include "schema/amass_columns.h"
+#include "support/opened.h"
+#include "support/sql_text.h"
 
 namespace kt7 {
 

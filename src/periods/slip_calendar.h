@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "base/date.h"
-#include "collab/utility_object.h"
+#include <kt7/contract/utility_object.h>
+#include <kt7/date.h>
 
 namespace kt7::periods {
 

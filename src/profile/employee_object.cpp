@@ -1,7 +1,8 @@
-#include "interface/employee_object.h"
+#include <kt7/employee_object.h>
 
-#include "collab/create.h"
+#include "base/arithmetic.h"
 #include "profile/salary_rules.h"
+#include "support/create.h"
 
 namespace kt7 {
 
@@ -31,6 +32,12 @@ UtilityObject& EmployeeObject::utility() {
 DataTool& EmployeeObject::dataTool() {
   return createdOnFirstUse(dataTool_, platform_, &Platform::createDataTool);
 }
+
+void EmployeeObject::HourPerDay(double value) { hourPerDay_ = toInt16(value); }
+
+void EmployeeObject::HourPerMonth(double value) { hourPerMonth_ = toInt16(value); }
+
+void EmployeeObject::HourPerWeek(double value) { hourPerWeek_ = toInt16(value); }
 
 int16_t EmployeeObject::hoursOf(int16_t days) {
   return toInt16(rounded(multiply16(days, hourPerDay_), kHourDigits));

@@ -1,8 +1,9 @@
 #include <exception>
 
-#include "collab/opened.h"
-#include "interface/employee_object.h"
+#include <kt7/employee_object.h>
+#include "base/arithmetic.h"
 #include "profile/salary_rules.h"
+#include "support/opened.h"
 
 namespace kt7 {
 

@@ -1,4 +1,5 @@
-#include "interface/employee_object.h"
+#include <kt7/employee_object.h>
+#include "base/arithmetic.h"
 #include "profile/salary_rules.h"
 
 namespace kt7 {

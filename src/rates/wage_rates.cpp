@@ -1,7 +1,7 @@
+#include <kt7/hr_object.h>
 #include "base/arithmetic.h"
-#include "collab/opened.h"
-#include "interface/hr_object.h"
 #include "rates/day_rate.h"
+#include "support/opened.h"
 
 namespace kt7 {
 

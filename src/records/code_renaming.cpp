@@ -1,4 +1,4 @@
-#include "interface/hr_object.h"
+#include <kt7/hr_object.h>
 #include "schema/employee_code_columns.h"
 
 namespace kt7 {

@@ -1,7 +1,7 @@
+#include <kt7/hr_object.h>
 #include "base/text.h"
-#include "collab/opened.h"
-#include "interface/hr_object.h"
 #include "records/organisation_text.h"
+#include "support/opened.h"
 
 namespace kt7 {
 

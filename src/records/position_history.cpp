@@ -1,8 +1,8 @@
+#include <kt7/error.h>
+#include <kt7/hr_object.h>
 #include "base/arithmetic.h"
-#include "base/error.h"
-#include "collab/opened.h"
-#include "collab/sql_text.h"
-#include "interface/hr_object.h"
+#include "support/opened.h"
+#include "support/sql_text.h"
 
 namespace kt7 {
 

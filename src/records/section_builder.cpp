@@ -1,6 +1,6 @@
-#include "collab/opened.h"
-#include "interface/hr_object.h"
+#include <kt7/hr_object.h>
 #include "records/organisation_text.h"
+#include "support/opened.h"
 
 namespace kt7 {
 

@@ -1,7 +1,7 @@
-#include "collab/opened.h"
-#include "interface/enumerations.h"
-#include "interface/hr_object.h"
+#include <kt7/enumerations.h>
+#include <kt7/hr_object.h>
 #include "records/organisation_text.h"
+#include "support/opened.h"
 
 namespace kt7 {
 

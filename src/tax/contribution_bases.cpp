@@ -1,5 +1,5 @@
+#include <kt7/hr_object.h>
 #include "base/arithmetic.h"
-#include "interface/hr_object.h"
 
 namespace kt7 {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "base/currency.h"
-#include "base/date.h"
+#include <kt7/currency.h>
+#include <kt7/date.h>
 
 namespace kt7::tax {
 

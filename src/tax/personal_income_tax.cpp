@@ -1,6 +1,6 @@
+#include <kt7/hr_object.h>
 #include "base/arithmetic.h"
-#include "collab/opened.h"
-#include "interface/hr_object.h"
+#include "support/opened.h"
 #include "tax/brackets.h"
 #include "tax/income_tax_rules.h"
 

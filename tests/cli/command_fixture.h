@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "fronts/cli/commands/json_values.h"
+#include "fronts/calls/json_values.h"
 #include "fronts/cli/commands/run.h"
 #include "support/company.h"
 

@@ -1,8 +1,8 @@
 // The commands that make, upgrade and copy a database, on the engine under test.
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 #include "cli/command_fixture.h"
-#include "host/data/pool.h"
-#include "host/schema/schema.h"
+#include "host/data/session/pool.h"
+#include "host/schema/state/schema.h"
 
 namespace kt7::cli {
 

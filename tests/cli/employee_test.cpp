@@ -1,7 +1,7 @@
 #include "command_fixture.h"
-#include "fronts/cli/commands/employee_renaming.h"
-#include "host/data/database.h"
-#include "host/schema/table.h"
+#include "host/data/contract/database.h"
+#include "host/records/employee_renaming.h"
+#include "host/schema/description/table.h"
 #include "schema/employee_code_columns.h"
 
 namespace kt7::cli {

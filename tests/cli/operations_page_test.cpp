@@ -1,12 +1,12 @@
-#include "fronts/cli/commands/operations_page.h"
+#include "fronts/cli/pages/operations_page.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <sstream>
 
-#include "interface/operation_notes.h"
-#include "interface/operations.h"
+#include <kt7/operation_notes.h>
+#include <kt7/operations.h>
 
 namespace kt7::cli {
 namespace {

@@ -1,8 +1,8 @@
-#include "base/error.h"
+#include <kt7/error.h>
+#include <kt7/operations.h>
 #include "command_fixture.h"
-#include "fronts/cli/commands/operation_calls.h"
-#include "fronts/cli/commands/session.h"
-#include "interface/operations.h"
+#include "fronts/calls/operation_calls.h"
+#include "fronts/cli/rpc/session.h"
 
 namespace kt7::cli {
 namespace {

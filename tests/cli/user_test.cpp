@@ -1,5 +1,5 @@
 #include "command_fixture.h"
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 
 namespace kt7::cli {
 namespace {

@@ -2,8 +2,8 @@
 #include <fstream>
 #include <thread>
 
-#include "host/data/connection_string.h"
-#include "host/data/session_errors.h"
+#include "host/data/session/connection_string.h"
+#include "host/data/session/session_errors.h"
 #include "test_database.h"
 
 namespace kt7::data::test {

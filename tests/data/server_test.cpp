@@ -4,7 +4,7 @@
 #include <sstream>
 #include <thread>
 
-#include "host/data/engine_settings.h"
+#include "host/data/session/engine_settings.h"
 #include "test_database.h"
 
 namespace kt7::data::test {

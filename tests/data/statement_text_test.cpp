@@ -1,10 +1,10 @@
-#include "host/data/statement_text.h"
+#include "host/data/sql/statement_text.h"
 
 #include <gtest/gtest.h>
 
 #include <span>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 
 namespace kt7::data {

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "base/error.h"
-#include "host/data/database.h"
-#include "host/schema/ddl.h"
+#include <kt7/error.h>
+#include "host/data/contract/database.h"
+#include "host/schema/engine/ddl.h"
 #include "support/engine.h"
 
 namespace kt7::data::test {

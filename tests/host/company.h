@@ -4,10 +4,10 @@
 #include <functional>
 #include <string>
 
-#include "base/error.h"
-#include "host/data/database.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
+#include <kt7/error.h>
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include "host/data/contract/database.h"
 #include "support/engine.h"
 
 namespace kt7 {

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::host {
 namespace {

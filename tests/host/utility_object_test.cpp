@@ -5,8 +5,8 @@
 #include <cmath>
 #include <functional>
 
-#include "base/error.h"
-#include "host/roles/host_platform.h"
+#include <kt7/error.h>
+#include <kt7/host/platform.h>
 
 namespace kt7::host {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <cmath>
 
+#include <kt7/currency.h>
+#include <kt7/date.h>
+#include <kt7/error.h>
+#include <kt7/value.h>
 #include "base/arithmetic.h"
-#include "base/currency.h"
-#include "base/date.h"
-#include "base/error.h"
 #include "base/text.h"
-#include "base/value.h"
 #include "support/raises.h"
 
 namespace kt7 {

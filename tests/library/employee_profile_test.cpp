@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "interface/employee_object.h"
+#include <kt7/employee_object.h>
 #include "support/company.h"
 
 namespace kt7 {

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "support/company.h"
 
 namespace kt7 {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "support/company.h"
 #include "support/raises.h"
 

@@ -1,7 +1,7 @@
+#include <kt7/host/data_obj.h>
 #include "cli/command_fixture.h"
-#include "fronts/cli/commands/payroll_register.h"
-#include "fronts/cli/screens/display_text.h"
-#include "host/roles/host_data_obj.h"
+#include "fronts/common/display_text.h"
+#include "fronts/common/payroll_register.h"
 
 namespace kt7::cli {
 

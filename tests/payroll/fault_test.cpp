@@ -2,7 +2,8 @@
 // as paid is paid, and the next run puts everything right.
 #include <set>
 
-#include "base/error.h"
+#include <kt7/error.h>
+#include <kt7/payroll/run_errors.h>
 #include "base/text.h"
 #include "host/trace/fault_injector.h"
 #include "host/trace/traced_data_obj.h"

@@ -4,6 +4,8 @@
 #include <mutex>
 #include <set>
 
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/run_request.h>
 #include "shared_company.h"
 
 namespace kt7::payroll {

@@ -1,5 +1,8 @@
-#include "base/error.h"
+#include <kt7/error.h>
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/register_amounts.h>
 #include "paid_company.h"
+#include "payroll/facts/slip_number.h"
 #include "payroll/store/slip_store.h"
 
 namespace kt7::payroll {

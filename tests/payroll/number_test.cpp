@@ -1,6 +1,9 @@
 // Slip numbers that somebody else was quicker to give, or that are used up.
 #include "shared_company.h"
 
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
+
 namespace kt7::payroll {
 
 namespace {

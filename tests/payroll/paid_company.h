@@ -4,14 +4,20 @@
 
 #include <filesystem>
 
-#include "collab/opened.h"
-#include "host/data/database.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
-#include "host/schema/schema.h"
-#include "payroll/store/pay_month.h"
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/pay_month.h>
+#include <kt7/payroll/register_amounts.h>
+#include <kt7/payroll/run_errors.h>
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
+#include <kt7/payroll/run_request.h>
+#include "host/data/contract/database.h"
+#include "host/schema/state/schema.h"
 #include "schema/amass_columns.h"
 #include "support/company.h"
+#include "support/opened.h"
 
 namespace kt7::payroll {
 

@@ -1,6 +1,11 @@
 // What a month builds on: the generated slip periods, and the balances of the months before.
+#include <kt7/payroll/register_amounts.h>
+#include <kt7/payroll/run_errors.h>
+#include <kt7/payroll/run_request.h>
 #include "paid_company.h"
-#include "payroll/store/store_worker.h"
+#include "payroll/api/store_worker.h"
+#include "payroll/ports/run_services.h"
+#include "payroll/work/pay_run.h"
 
 namespace kt7::payroll {
 

@@ -1,8 +1,9 @@
 // A unit of work fails at its end, before or after it was kept. Everybody is paid once all the
 // same, and the run says what it met.
-#include "base/error.h"
+#include <kt7/error.h>
+#include <kt7/payroll/run_outcome.h>
 #include "paid_company.h"
-#include "payroll/run/failure.h"
+#include "payroll/retry/failure.h"
 
 namespace kt7::payroll {
 

@@ -1,10 +1,17 @@
 #include <gtest/gtest.h>
 
-#include "host/roles/host_platform.h"
-#include "payroll/run/deductions.h"
-#include "payroll/run/input.h"
-#include "payroll/run/slip.h"
-#include "payroll/run/wages.h"
+#include <kt7/host/platform.h>
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/register_amounts.h>
+#include <kt7/payroll/slip.h>
+#include "payroll/facts/pay_sums.h"
+#include "payroll/facts/satang.h"
+#include "payroll/facts/slip_number.h"
+#include "payroll/facts/slip_period.h"
+#include "payroll/rules/deductions.h"
+#include "payroll/rules/input.h"
+#include "payroll/rules/period_plan.h"
+#include "payroll/rules/wages.h"
 
 namespace kt7::payroll {
 

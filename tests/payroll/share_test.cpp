@@ -1,7 +1,9 @@
 // Several that share a run pay what one alone would have paid, whoever of them ends on the way.
 #include <thread>
 
-#include "base/error.h"
+#include <kt7/error.h>
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/run_errors.h>
 #include "shared_company.h"
 
 namespace kt7::payroll {

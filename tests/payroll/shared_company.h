@@ -1,5 +1,9 @@
 #pragma once
 
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
+#include <kt7/payroll/run_request.h>
 #include "host/trace/traced_data_obj.h"
 #include "host/trace/traced_platform.h"
 #include "paid_company.h"

@@ -1,6 +1,9 @@
 // How a shared run begins, who joins and who is refused; and that it ends.
-#include "payroll/run/run_names.h"
-#include "payroll/store/store_worker.h"
+#include <kt7/payroll/run_errors.h>
+#include <kt7/payroll/run_request.h>
+#include "payroll/api/store_worker.h"
+#include "payroll/ports/run_names.h"
+#include "payroll/ports/run_services.h"
 #include "shared_company.h"
 
 namespace kt7::payroll {

@@ -1,5 +1,7 @@
 // A worker of a shared run sleeps for longer than its lease, between reckoning and writing.
 // Whatever was paid meanwhile stands when it wakes up.
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/run_errors.h>
 #include "shared_company.h"
 
 namespace kt7::payroll {

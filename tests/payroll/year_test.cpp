@@ -1,7 +1,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/schema/dump.h"
+#include <kt7/payroll/input_row.h>
+#include "host/schema/transfer/dump.h"
 #include "paid_company.h"
 
 namespace kt7::payroll {

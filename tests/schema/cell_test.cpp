@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "host/schema/cell.h"
-#include "host/schema/table_groups.h"
+#include "host/schema/description/table_groups.h"
+#include "host/schema/transfer/cell.h"
 
 namespace kt7::schema {
 namespace {

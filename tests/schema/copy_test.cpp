@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <csignal>
 
-#include "base/error.h"
-#include "host/data/pool.h"
-#include "host/schema/copy.h"
+#include <kt7/error.h>
+#include "host/data/session/pool.h"
+#include "host/schema/transfer/copy.h"
 #include "schema/open_database.h"
 #include "support/company.h"
 

@@ -3,7 +3,7 @@
 #include <set>
 
 #include "base/text.h"
-#include "host/schema/ddl.h"
+#include "host/schema/engine/ddl.h"
 #include "schema/amass_columns.h"
 #include "schema/employee_code_columns.h"
 

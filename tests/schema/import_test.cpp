@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "base/error.h"
-#include "host/schema/import.h"
+#include <kt7/error.h>
+#include "host/schema/transfer/import.h"
 #include "schema/open_database.h"
 
 namespace kt7::schema {

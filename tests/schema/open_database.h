@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/data/database.h"
-#include "host/schema/schema.h"
+#include "host/data/contract/database.h"
+#include "host/schema/state/schema.h"
 #include "support/engine.h"
 
 namespace kt7::schema {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "base/error.h"
-#include "host/schema/import.h"
-#include "host/schema/sample_files.h"
+#include <kt7/error.h>
+#include "host/schema/sample/sample_files.h"
+#include "host/schema/transfer/import.h"
 #include "schema/open_database.h"
 
 namespace kt7::schema {

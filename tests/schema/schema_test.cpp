@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 #include "schema/open_database.h"
 

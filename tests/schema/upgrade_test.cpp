@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
-#include "host/schema/engine_checks.h"
+#include "host/schema/engine/engine_checks.h"
 #include "schema/open_database.h"
 
 namespace kt7::schema {

@@ -1,4 +1,4 @@
-#include "fronts/cli/screens/display_text.h"
+#include "fronts/common/display_text.h"
 
 #include <gtest/gtest.h>
 

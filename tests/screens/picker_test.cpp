@@ -2,10 +2,10 @@
 
 #include <numeric>
 
-#include "base/error.h"
-#include "fronts/cli/screens/display_text.h"
+#include <kt7/error.h>
 #include "fronts/cli/screens/picker_layout.h"
 #include "fronts/cli/screens/picker_list.h"
+#include "fronts/common/display_text.h"
 #include "support/company.h"
 
 namespace kt7::screens {

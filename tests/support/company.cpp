@@ -1,6 +1,6 @@
 #include "support/company.h"
 
-#include "collab/opened.h"
+#include "support/opened.h"
 
 namespace kt7::test {
 

@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "host/data/database.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
-#include "host/schema/schema.h"
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include <kt7/hr_object.h>
+#include "host/data/contract/database.h"
+#include "host/schema/state/schema.h"
 #include "host/trace/fault_injector.h"
 #include "host/trace/traced_data_obj.h"
 #include "host/trace/traced_platform.h"
-#include "interface/hr_object.h"
 #include "support/engine.h"
 
 namespace kt7::test {

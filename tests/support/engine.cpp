@@ -8,10 +8,10 @@
 #include <map>
 #include <memory>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
-#include "host/data/database.h"
-#include "host/data/pool.h"
+#include "host/data/contract/database.h"
+#include "host/data/session/pool.h"
 
 namespace kt7::test {
 

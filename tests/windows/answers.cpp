@@ -4,14 +4,14 @@
 #include <memory>
 #include <set>
 
+#include <kt7/profile_table.h>
 #include "checks.h"
-#include "fronts/cli/commands/operation_calls.h"
-#include "fronts/cli/commands/protocol_error.h"
+#include "fronts/calls/operation_calls.h"
+#include "fronts/calls/protocol_error.h"
 #include "fronts/com/adapters/host_objects.h"
 #include "fronts/com/automation/status.h"
 #include "fronts/com/automation/text.h"
 #include "fronts/com/description/profile_methods.h"
-#include "interface/profile_table.h"
 
 namespace kt7::client {
 

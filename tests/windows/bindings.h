@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include <kt7/hr_interface.h>
 #include "client.h"
 #include "fronts/com/hrlib/self_calls.h"
-#include "interface/_hr_object.h"
 
 namespace kt7::client {
 

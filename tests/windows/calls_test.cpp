@@ -1,11 +1,11 @@
 #include <array>
 #include <vector>
 
+#include <kt7/operations.h>
 #include "checks.h"
 #include "client.h"
 #include "fronts/com/automation/status.h"
 #include "fronts/com/automation/text.h"
-#include "interface/operations.h"
 
 namespace kt7::client {
 

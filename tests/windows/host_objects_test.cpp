@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "base/currency.h"
+#include <kt7/currency.h>
 #include "checks.h"
 #include "fake_object.h"
 #include "fronts/com/automation/status.h"

@@ -1,7 +1,7 @@
+#include <kt7/profile_table.h>
 #include "bindings.h"
 #include "checks.h"
 #include "fake_object.h"
-#include "interface/profile_table.h"
 
 namespace kt7::client {
 

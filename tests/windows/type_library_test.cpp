@@ -2,11 +2,11 @@
 #include <map>
 #include <vector>
 
+#include <kt7/profile_table.h>
 #include "checks.h"
 #include "client.h"
 #include "fronts/com/automation/text.h"
 #include "fronts/com/description/profile_methods.h"
-#include "interface/profile_table.h"
 
 namespace kt7::client {
 

@@ -2,10 +2,10 @@
 #include <iostream>
 
 #include "command.h"
-#include "nearest_name.h"
-#include "operation_calls.h"
-#include "protocol_error.h"
-#include "session.h"
+#include "fronts/calls/operation_calls.h"
+#include "fronts/calls/protocol_error.h"
+#include "fronts/cli/rpc/session.h"
+#include "fronts/common/nearest_name.h"
 
 namespace kt7::cli {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "base/date.h"
-#include "host/roles/host_platform.h"
+#include <kt7/date.h>
+#include <kt7/host/platform.h>
 
 namespace CLI {
 class App;

@@ -3,13 +3,13 @@
 #include <iomanip>
 #include <iostream>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "command.h"
-#include "host/data/database.h"
-#include "host/schema/copy.h"
-#include "host/schema/engine_checks.h"
-#include "open_company.h"
-#include "progress_bar.h"
+#include "fronts/cli/line/open_company.h"
+#include "fronts/cli/line/progress_bar.h"
+#include "host/data/contract/database.h"
+#include "host/schema/engine/engine_checks.h"
+#include "host/schema/transfer/copy.h"
 
 namespace kt7::cli {
 

@@ -1,14 +1,14 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "code_argument.h"
+#include <kt7/host/data_obj.h>
+#include <kt7/hr_object.h>
 #include "command.h"
-#include "employee_renaming.h"
-#include "employee_sheet.h"
-#include "fronts/cli/screens/display_text.h"
-#include "host/roles/host_data_obj.h"
-#include "host/schema/schema.h"
-#include "interface/hr_object.h"
+#include "fronts/cli/line/code_argument.h"
+#include "fronts/cli/pages/employee_sheet.h"
+#include "fronts/common/display_text.h"
+#include "host/records/employee_renaming.h"
+#include "host/schema/state/schema.h"
 
 namespace kt7::cli {
 

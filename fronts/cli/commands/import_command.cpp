@@ -3,11 +3,11 @@
 #include <iostream>
 
 #include "command.h"
-#include "host/data/database.h"
-#include "host/schema/import.h"
-#include "host/schema/table.h"
-#include "nearest_name.h"
-#include "open_company.h"
+#include "fronts/cli/line/open_company.h"
+#include "fronts/common/nearest_name.h"
+#include "host/data/contract/database.h"
+#include "host/schema/description/table.h"
+#include "host/schema/transfer/import.h"
 
 namespace kt7::cli {
 

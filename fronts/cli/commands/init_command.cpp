@@ -1,11 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "command.h"
-#include "host/data/database.h"
-#include "host/schema/engine_checks.h"
-#include "host/schema/schema.h"
+#include "host/data/contract/database.h"
+#include "host/schema/engine/engine_checks.h"
+#include "host/schema/state/schema.h"
 
 namespace kt7::cli {
 

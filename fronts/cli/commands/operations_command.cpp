@@ -2,7 +2,7 @@
 #include <ostream>
 
 #include "command.h"
-#include "operations_page.h"
+#include "fronts/cli/pages/operations_page.h"
 
 namespace kt7::cli {
 

@@ -6,15 +6,19 @@
 #include <iostream>
 #include <mutex>
 
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include <kt7/payroll/pay_month.h>
+#include <kt7/payroll/run_errors.h>
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
+#include <kt7/payroll/run_request.h>
 #include "command.h"
-#include "host/data/database.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
-#include "open_company.h"
-#include "payroll/store/pay_month.h"
-#include "payroll_input.h"
-#include "payroll_register.h"
-#include "progress_bar.h"
+#include "fronts/cli/line/open_company.h"
+#include "fronts/cli/line/progress_bar.h"
+#include "fronts/common/payroll_input.h"
+#include "fronts/common/payroll_register.h"
+#include "host/data/contract/database.h"
 
 namespace kt7::cli {
 

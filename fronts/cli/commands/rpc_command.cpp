@@ -2,8 +2,8 @@
 #include <iostream>
 
 #include "command.h"
-#include "rpc_messages.h"
-#include "session.h"
+#include "fronts/cli/rpc/rpc_messages.h"
+#include "fronts/cli/rpc/session.h"
 
 namespace kt7::cli {
 

@@ -6,9 +6,9 @@
 #include <iostream>
 #include <vector>
 
-#include "base/error.h"
-#include "host/data/database.h"
-#include "nearest_name.h"
+#include <kt7/error.h>
+#include "fronts/common/nearest_name.h"
+#include "host/data/contract/database.h"
 
 namespace kt7::cli {
 

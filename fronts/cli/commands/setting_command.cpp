@@ -6,9 +6,9 @@
 
 #include "base/text.h"
 #include "command.h"
-#include "host/data/database.h"
-#include "nearest_name.h"
-#include "open_company.h"
+#include "fronts/cli/line/open_company.h"
+#include "fronts/common/nearest_name.h"
+#include "host/data/contract/database.h"
 
 namespace kt7::cli {
 

@@ -3,15 +3,15 @@
 #include <iostream>
 #include <limits>
 
-#include "code_argument.h"
 #include "command.h"
+#include "fronts/cli/line/code_argument.h"
+#include "fronts/cli/line/open_company.h"
+#include "fronts/cli/pages/user_report.h"
+#include "fronts/common/nearest_name.h"
 #include "host/access/user_rights.h"
 #include "host/access/user_view.h"
-#include "host/data/database.h"
-#include "host/schema/transaction.h"
-#include "nearest_name.h"
-#include "open_company.h"
-#include "user_report.h"
+#include "host/data/contract/database.h"
+#include "host/schema/engine/transaction.h"
 
 namespace kt7::cli {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "display_text.h"
+#include "fronts/common/display_text.h"
 
 namespace kt7::screens {
 

@@ -4,8 +4,8 @@
 #include <charconv>
 
 #include "base/text.h"
-#include "display_text.h"
-#include "host/data/database.h"
+#include "fronts/common/display_text.h"
+#include "host/data/contract/database.h"
 #include "host/roles/date_text.h"
 
 namespace kt7::screens {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "collab/data_tool.h"
+#include <kt7/contract/data_tool.h>
 #include "picker_model.h"
 
 namespace kt7::screens {

@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "base/text.h"
-#include "display_text.h"
+#include "fronts/common/display_text.h"
 
 namespace kt7::screens {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "collab/data_tool.h"
+#include <kt7/contract/data_tool.h>
 
 /// Windows over the whole terminal, for a host whose user sits at one.
 namespace kt7::screens {

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "collab/data_tool.h"
-#include "collab/setting_store.h"
-#include "collab/utility_object.h"
+#include <kt7/contract/data_tool.h>
+#include <kt7/contract/setting_store.h>
+#include <kt7/contract/utility_object.h>
 #include "fronts/com/automation/late_object.h"
 
 /// The host's collaborators, reached by the names of their members with the arguments in the order

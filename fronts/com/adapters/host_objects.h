@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "collab/data_obj.h"
+#include <kt7/contract/data_obj.h>
 #include "fronts/com/adapters/late_connection.h"
 #include "fronts/com/automation/late_object.h"
 

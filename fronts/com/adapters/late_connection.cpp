@@ -1,6 +1,6 @@
 #include "fronts/com/adapters/late_connection.h"
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::adapters {
 

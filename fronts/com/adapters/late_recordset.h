@@ -3,7 +3,7 @@
 #include <list>
 #include <string>
 
-#include "collab/ado.h"
+#include <kt7/contract/data_access.h>
 #include "fronts/com/automation/late_object.h"
 
 namespace kt7::adapters {

@@ -1,4 +1,4 @@
-#include "base/error.h"
+#include <kt7/error.h>
 #include "fronts/com/adapters/answered.h"
 #include "fronts/com/adapters/collaborators.h"
 #include "fronts/com/adapters/host_objects.h"

@@ -1,6 +1,6 @@
 #include "fronts/com/adapters/windows_platform.h"
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "fronts/com/adapters/collaborators.h"
 #include "fronts/com/adapters/late_connection.h"
 #include "fronts/com/adapters/late_recordset.h"

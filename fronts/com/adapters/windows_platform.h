@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "collab/platform.h"
+#include <kt7/contract/platform.h>
 #include "fronts/com/automation/late_object.h"
 
 namespace kt7::adapters {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::automation {
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::automation {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "fronts/com/automation/status.h"
 #include "fronts/com/automation/text.h"
 

@@ -2,8 +2,8 @@
 
 #include <limits>
 
+#include <kt7/error.h>
 #include "base/arithmetic.h"
-#include "base/error.h"
 #include "fronts/com/automation/text.h"
 
 namespace kt7::automation {

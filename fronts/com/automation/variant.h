@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/value.h"
+#include <kt7/value.h>
 
 namespace kt7::automation {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include <kt7/host/picker.h>
 #include "base/text.h"
-#include "host/roles/picker.h"
 
 namespace kt7::database2 {
 

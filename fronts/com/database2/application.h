@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
 #include "fronts/com/database2/data_access.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
 
 /// What a host passes to the operations: its data object, its application and its client.
 namespace kt7::database2 {

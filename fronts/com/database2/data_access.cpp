@@ -3,7 +3,7 @@
 #include <array>
 
 #include "base/text.h"
-#include "host/data/database.h"
+#include "host/data/contract/database.h"
 
 namespace kt7::database2 {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "collab/ado.h"
+#include <kt7/contract/data_access.h>
 #include "fronts/com/database2/object_of.h"
 
 /// Connection, Recordset, Fields and Field in the shape of the platform's data-access objects, over

@@ -8,8 +8,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "base/error.h"
-#include "base/value.h"
+#include <kt7/error.h>
+#include <kt7/value.h>
 #include "fronts/com/automation/named_members.h"
 
 namespace kt7::database2 {

@@ -5,14 +5,17 @@
 #include <fstream>
 #include <sstream>
 
-#include "fronts/cli/commands/payroll_input.h"
-#include "fronts/cli/commands/payroll_register.h"
-#include "host/data/database.h"
-#include "host/roles/host_data_obj.h"
-#include "host/roles/host_platform.h"
-#include "host/schema/import.h"
-#include "host/schema/schema.h"
-#include "payroll/store/pay_month.h"
+#include <kt7/host/data_obj.h>
+#include <kt7/host/platform.h>
+#include <kt7/payroll/pay_month.h>
+#include <kt7/payroll/run_errors.h>
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_request.h>
+#include "fronts/common/payroll_input.h"
+#include "fronts/common/payroll_register.h"
+#include "host/data/contract/database.h"
+#include "host/schema/state/schema.h"
+#include "host/schema/transfer/import.h"
 
 namespace kt7::database2 {
 

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <type_traits>
 
-#include "interface/operations.h"
-#include "interface/profile_table.h"
+#include <kt7/operations.h>
+#include <kt7/profile_table.h>
 #include "profile_methods.h"
 
 namespace kt7::description {

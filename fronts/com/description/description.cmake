@@ -13,14 +13,14 @@ function(kt7_describe folder)
   set(ids ${PROJECT_SOURCE_DIR}/fronts/com/ids/kt7hrlib.ids)
   file(GLOB sources CONFIGURE_DEPENDS ${here}/*.cpp)
   file(GLOB headers CONFIGURE_DEPENDS ${here}/*.h)
-  file(GLOB tables CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/interface/*.h)
+  file(GLOB tables CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/kt7/*.h)
   file(MAKE_DIRECTORY ${folder})
 
   set(program ${folder}/describe)
   add_custom_command(
     OUTPUT ${program}
     COMMAND ${KT7_NATIVE_CXX} -std=c++20 -O0 -Wall -Wextra -Wshadow -Wconversion -Werror
-            -Wno-restrict -I ${PROJECT_SOURCE_DIR}/src ${sources} -o ${program}
+            -Wno-restrict -I ${PROJECT_SOURCE_DIR}/include -I ${PROJECT_SOURCE_DIR}/src ${sources} -o ${program}
     DEPENDS ${sources} ${headers} ${tables} VERBATIM)
 
   set(described operation_slots.inc self_calls.inc profile_slots.inc profile_self_calls.inc

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <tuple>
 
-#include "interface/_employee_object.h"
-#include "interface/operations.h"
+#include <kt7/employee_interface.h>
+#include <kt7/operations.h>
 
 namespace kt7 {
 

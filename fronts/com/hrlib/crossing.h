@@ -5,11 +5,11 @@
 #include <string>
 #include <type_traits>
 
+#include <kt7/enumerations.h>
 #include "KT7HRLib.h"
 #include "fronts/com/adapters/host_objects.h"
 #include "fronts/com/automation/text.h"
 #include "fronts/com/automation/variant.h"
-#include "interface/enumerations.h"
 
 /// How one type of the library crosses to automation and back. `Wire` is the type in a vtable slot.
 namespace kt7::hrlib {

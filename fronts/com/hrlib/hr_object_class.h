@@ -1,10 +1,10 @@
 #pragma once
 
+#include <kt7/hr_object.h>
 #include "fronts/com/adapters/windows_platform.h"
 #include "fronts/com/hrlib/calls.h"
 #include "fronts/com/hrlib/dual_object.h"
 #include "fronts/com/hrlib/self_calls.h"
-#include "interface/hr_object.h"
 
 namespace kt7::hrlib {
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <kt7/operations.h>
 #include "fronts/com/automation/arguments.h"
 #include "fronts/com/hrlib/crossing.h"
-#include "interface/operations.h"
 
 namespace kt7::hrlib {
 

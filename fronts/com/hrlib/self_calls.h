@@ -1,9 +1,9 @@
 #pragma once
 
+#include <kt7/operations.h>
+#include <kt7/profile_table.h>
 #include "fronts/com/description/profile_methods.h"
 #include "fronts/com/hrlib/slot_calls.h"
-#include "interface/operations.h"
-#include "interface/profile_table.h"
 
 namespace kt7::hrlib {
 

@@ -11,11 +11,11 @@
 #include <map>
 #include <mutex>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
-#include "host/data/engine_settings.h"
-#include "host/data/keep_alive.h"
 #include "host/data/mysql/session.h"
+#include "host/data/session/engine_settings.h"
+#include "host/data/session/keep_alive.h"
 
 namespace kt7::data {
 

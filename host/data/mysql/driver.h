@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "host/data/session.h"
+#include "host/data/session/session.h"
 
 namespace kt7::data {
 

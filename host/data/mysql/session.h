@@ -5,9 +5,9 @@
 #include <map>
 #include <vector>
 
-#include "host/data/fixed_texts.h"
-#include "host/data/session.h"
-#include "host/data/statement_text.h"
+#include "host/data/session/session.h"
+#include "host/data/sql/fixed_texts.h"
+#include "host/data/sql/statement_text.h"
 
 namespace kt7::data {
 

@@ -4,10 +4,10 @@
 #include <mutex>
 #include <set>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 #include "host/data/odbc/session.h"
-#include "host/data/pool.h"
+#include "host/data/session/pool.h"
 
 namespace kt7::data {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/data/session.h"
+#include "host/data/session/session.h"
 
 namespace kt7::data {
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 
 namespace kt7::data {

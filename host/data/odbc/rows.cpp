@@ -2,11 +2,11 @@
 #include <array>
 #include <cstring>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
 #include "host/data/odbc/statement.h"
-#include "host/data/server_values.h"
-#include "host/data/session_errors.h"
+#include "host/data/session/session_errors.h"
+#include "host/data/values/server_values.h"
 
 namespace kt7::data {
 

@@ -5,10 +5,10 @@
 #include <optional>
 #include <vector>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "base/text.h"
-#include "host/data/keep_alive.h"
 #include "host/data/postgresql/session.h"
+#include "host/data/session/keep_alive.h"
 
 namespace kt7::data {
 

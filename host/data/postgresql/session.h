@@ -4,9 +4,9 @@
 
 #include <map>
 
-#include "host/data/lru_cache.h"
-#include "host/data/session.h"
-#include "host/data/statement_text.h"
+#include "host/data/session/session.h"
+#include "host/data/sql/lru_cache.h"
+#include "host/data/sql/statement_text.h"
 
 namespace kt7::data {
 

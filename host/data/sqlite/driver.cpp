@@ -1,6 +1,6 @@
 #include <filesystem>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "host/data/sqlite/session.h"
 
 namespace kt7::data {

@@ -2,8 +2,8 @@
 
 #include <new>
 
-#include "base/error.h"
-#include "host/data/sql_lexer.h"
+#include <kt7/error.h>
+#include "host/data/sql/sql_lexer.h"
 
 namespace kt7::data {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/data/snapshot.h"
+#include "host/data/values/snapshot.h"
 
 namespace kt7::data {
 

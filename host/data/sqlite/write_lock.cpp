@@ -5,7 +5,7 @@
 #include <chrono>
 #include <map>
 
-#include "base/error.h"
+#include <kt7/error.h>
 
 namespace kt7::data {
 

@@ -13,7 +13,7 @@
 #include <thread>
 #include <vector>
 
-#include "base/error.h"
+#include <kt7/error.h>
 #include "fronts/com/automation/late_object.h"
 #include "fronts/com/automation/text.h"
 

@@ -1,0 +1,123 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <fstream>
+#include <ostream>
+
+#include <kt7/error.h>
+#include "base/text.h"
+#include "fronts/cli/commands/command.h"
+#include "fronts/cli/rpc/session.h"
+#include "host/data/session/connection_string.h"
+
+namespace kt7::cli {
+
+namespace {
+
+constexpr std::string_view kPasswordFile = "PwdFile";
+
+std::string firstLineOf(const std::string& path) {
+  std::ifstream file(path);
+  std::string line;
+  if (!std::getline(file, line) && !file.eof()) {
+    throw std::runtime_error("cannot read the password file '" + path + "' that PwdFile names");
+  }
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return line;
+}
+
+std::string passwordFileOf(const std::string& connectionString) {
+  try {
+    return std::string(data::ConnectionString(connectionString).value(kPasswordFile));
+  } catch (const Error& error) {
+    throw WrongUse(error.what());
+  }
+}
+
+bool isPasswordFile(std::string_view part) {
+  return equalNoCase(trimmedBlanks(part.substr(0, part.find('='))), kPasswordFile);
+}
+
+}  // namespace
+
+void say(Console& console, std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+  console.err << "kt7hr: " << text << std::endl;
+}
+
+CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& does,
+                     const std::string& example) {
+  CLI::App* command = app.add_subcommand(name, does);
+  command->footer("Example:\n  " + example);
+  return *command;
+}
+
+std::string connectionStringOf(const std::string& given, const std::string& option) {
+  if (given.find('=') == std::string::npos) {
+    throw WrongUse("'" + given + "' is no connection string; use " + option +
+                   " 'Driver=SQLite;Database=" + given + "'");
+  }
+  const std::string path = passwordFileOf(given);
+  if (path.empty()) return given;
+  std::string resolved = "Pwd={" + replaceAll(firstLineOf(path), "}", "}}") + "}";
+  for (const std::string& part : split(given, ';')) {
+    if (!isPasswordFile(part)) resolved.append(";").append(part);
+  }
+  return resolved;
+}
+
+void DatabaseOptions::addTo(CLI::App& command) {
+  command
+      .add_option("--db", database,
+                  "The database: Driver=SQLite;Database=company.db. PwdFile=... names a file with "
+                  "the password")
+      ->envname("KT7HR_DB")
+      ->type_name("CONNECTION");
+  command.add_option("--now", now, "The date and time to take for now, as 2026-01-31[T09:00:00]")
+      ->type_name("DATETIME");
+}
+
+std::string DatabaseOptions::connectionString() const {
+  if (database.empty()) {
+    throw WrongUse(
+        "no database given; use --db 'Driver=SQLite;Database=company.db' or set KT7HR_DB");
+  }
+  return connectionStringOf(database, "--db");
+}
+
+std::optional<Date> DatabaseOptions::clock() const {
+  if (now.empty()) return std::nullopt;
+  Date date;
+  if (!Date::tryFromIsoText(now, date)) {
+    throw WrongUse("'" + now + "' is no date for --now; write 2026-01-31 or 2026-01-31T09:00:00");
+  }
+  return date;
+}
+
+void WorkplaceOptions::addTo(CLI::App& command) {
+  command.add_option("--user", user, "The number of the user who works")->type_name("NUMBER");
+  command.add_option("--branch", branch, "The code of the branch worked at")->type_name("CODE");
+  command
+      .add_option_function<std::string>(
+          "--pick", [this](const std::string& codes) { pick = split(codes, ','); },
+          "What a record picker answers, as E0001,E0002; \"\" for nothing")
+      ->type_name("CODES");
+}
+
+SessionOptions sessionOptions(const DatabaseOptions& database, const WorkplaceOptions& workplace,
+                              Console& console) {
+  SessionOptions options;
+  options.connectionString = database.connectionString();
+  options.now = database.clock();
+  options.user = workplace.user;
+  options.branch = workplace.branch;
+  options.pick = workplace.pick;
+  options.picker = console.picker;
+  options.showMessage = console.messageView;
+  if (!options.showMessage) {
+    options.showMessage = [&console](const std::string& text) { say(console, text); };
+  }
+  return options;
+}
+
+}  // namespace kt7::cli

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include <kt7/contract/platform.h>
+#include "fronts/calls/json_values.h"
+
+namespace kt7::cli {
+
+/// What is known of one employee on a day, section by section: profile, rates and hours, service,
+/// fund, position history, leave year, and the balances of the year up to that day. A value that
+/// was not entered is null. A failed command (std::runtime_error) for an unknown employee. The code
+/// holds no quotes.
+Json employeeSheet(Platform& platform, DataObj& dataObj, const std::string& code, Date on);
+
+/// The sheet for people.
+std::string employeeSheetText(const Json& sheet);
+
+}  // namespace kt7::cli

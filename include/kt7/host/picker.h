@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <kt7/contract/data_tool.h>
+
+namespace kt7::host {
+
+/// Answers a record picker: the chosen key values joined by ",", "" when nothing is chosen.
+using Picker = std::function<std::string(const PickerRequest& request,
+                                         const std::string& connectionString, bool multiSelect)>;
+
+/// Always answers those key values.
+Picker pickAlways(const std::vector<std::string>& keys);
+
+/// Where nobody can pick: a failed collaborator call that says how to answer.
+Picker pickNever();
+
+}  // namespace kt7::host

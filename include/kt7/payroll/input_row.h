@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace kt7::payroll {
+
+/// A row of the month's input file, as its texts stand there.
+struct InputRow {
+  int line = 0;  // in the file, for messages
+  std::string employee;
+  std::string payDate;   // yyyy-mm-dd
+  std::string kind;      // in any letter case
+  std::string quantity;  // days or hours
+  std::string amount;    // baht
+  std::string problem;   // what makes it no row at all; "" for a row that could be read
+};
+
+}  // namespace kt7::payroll

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kt7::payroll {
+
+/// The run stopped before it paid anybody.
+class RunStopped : public std::runtime_error {
+ public:
+  enum class Cause { WrongUse, Refused };
+  RunStopped(Cause cause, std::vector<std::string> reasons)
+      : std::runtime_error(reasons.empty() ? "the run stopped" : reasons.front()),
+        cause_(cause),
+        reasons_(std::move(reasons)) {}
+
+  Cause cause() const { return cause_; }
+  const std::vector<std::string>& reasons() const { return reasons_; }
+
+ private:
+  Cause cause_;
+  std::vector<std::string> reasons_;
+};
+
+/// A shared run went on without a process that had begun to work on it and did not answer for
+/// longer than its lease: it was begun anew with other input, ended otherwise, or given up. What
+/// the process paid until then was kept; what it was about to pay was not.
+class RunSuperseded : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace kt7::payroll

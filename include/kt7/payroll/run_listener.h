@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+#include <kt7/payroll/slip.h>
+
+namespace kt7::payroll {
+
+/// Hears what the run does, while it does it.
+class RunListener {
+ public:
+  virtual ~RunListener() = default;
+
+  /// A slip that now stands in the database.
+  virtual void paid(const Slip& slip) = 0;
+  /// A slip of a frozen period, which stands as it was paid.
+  virtual void standing(const Slip& /*slip*/) {}
+  virtual void note(const std::string& text) = 0;
+  /// An employee who was not paid on that date, and why.
+  virtual void failed(const std::string& employee, Date payDate, const std::string& cause) = 0;
+  /// Whether progress is worth counting the employees for.
+  virtual bool wantsProgress() const { return false; }
+  virtual void progress(int /*done*/, int /*total*/) {}
+};
+
+}  // namespace kt7::payroll

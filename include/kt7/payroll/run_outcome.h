@@ -1,0 +1,17 @@
+#pragma once
+
+namespace kt7::payroll {
+
+/// What a run did, counted.
+struct RunOutcome {
+  int paid = 0;
+  int failed = 0;  // slips that were due and could not be made or written
+  int removed = 0;
+  int conflicts = 0;  // units of work that another connection was in the way of
+  int losses = 0;     // connections that were lost
+  int retries = 0;    // units of work that were repeated, for whatever reason
+
+  RunOutcome& operator+=(const RunOutcome& other);
+};
+
+}  // namespace kt7::payroll

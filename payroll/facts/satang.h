@@ -1,0 +1,10 @@
+#pragma once
+
+#include <kt7/currency.h>
+
+namespace kt7::payroll {
+
+/// A whole number of satang, half away from zero.
+Currency toSatang(Currency amount);
+
+}  // namespace kt7::payroll

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <memory>
+
+#include <kt7/contract/data_obj.h>
+#include <kt7/contract/setting_store.h>
+#include <kt7/contract/utility_object.h>
+#include <kt7/employee_interface.h>
+#include <kt7/hr_interface.h>
+#include "payroll/ports/company.h"
+#include "payroll/ports/leases.h"
+#include "payroll/ports/slip_book.h"
+
+namespace kt7::payroll {
+
+/// What the run works with. Everything outlives it.
+struct RunServices {
+  _HRObject& hr;
+  DataObj& dataObj;
+  UtilityObject& utility;
+  SettingStore& settings;
+  Company& company;
+  SlipBook& book;
+  RunLeases& leases;
+  std::function<std::unique_ptr<_EmployeeObject>()> newProfile;
+  std::function<Date()> now;
+  /// Whether a message was shown to the user since the last time it was asked.
+  std::function<bool()> messageShown;
+  /// Takes another connection in place of one that was lost.
+  std::function<void()> reconnect;
+  /// From here on the connection sees what was kept anywhere in a cluster before; nothing where a
+  /// single server answers.
+  std::function<void()> catchUp = [] {};
+};
+
+/// One worker's services with the connections behind them, used by one thread at a time.
+class Worker {
+ public:
+  virtual ~Worker() = default;
+  virtual RunServices& services() = 0;
+};
+
+/// The data object's connection, open as long as this lives.
+class OpenData {
+ public:
+  explicit OpenData(DataObj& dataObj) : dataObj_(dataObj) { dataObj_.OpenConnection(); }
+  OpenData(const OpenData&) = delete;
+  OpenData& operator=(const OpenData&) = delete;
+  ~OpenData() {
+    try {
+      dataObj_.CloseConnection();
+    } catch (const std::exception&) {
+      // What was paid has been committed; a connection that does not close changes nothing.
+    }
+  }
+
+ private:
+  DataObj& dataObj_;
+};
+
+using NewWorker = std::function<std::unique_ptr<Worker>()>;
+
+}  // namespace kt7::payroll

@@ -1,0 +1,87 @@
+#include <atomic>
+#include <random>
+
+#include "payroll/share/shared_progress.h"
+#include "payroll/share/shared_worker.h"
+#include "payroll/work/month_end.h"
+#include "payroll/work/report_queue.h"
+#include "payroll/work/threads.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+/// A name that nobody else has, with what people know the process by.
+std::string workerName(const Sharing& sharing, int number) {
+  std::random_device random;
+  return sharing.name + " " + std::to_string(random()) + std::to_string(random()) + "-" +
+         std::to_string(number);
+}
+
+std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunRequest& request,
+                                       RunServices& services, const std::string& name) {
+  return madeOn(services, [&] {
+    return std::make_unique<SharedWorker>(shared, *request.sharing, services, name);
+  });
+}
+
+/// Passes the reports on until the last worker has ended.
+void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told,
+             SharedProgress& progress) {
+  try {
+    while (const auto report = reports.next([&] { progress.look(); })) {
+      told(*report);
+      progress.count(*report);
+    }
+  } catch (...) {
+    reports.stop(std::current_exception());
+  }
+  threads.join();
+  reports.raiseReason();
+}
+
+/// Pays what there is to pay by the process's workers. False where the run was begun anew.
+bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWorker& newWorker,
+              const TakeReport& told, SharedProgress& progress) {
+  ReportQueue reports(request.jobs);
+  std::atomic<bool> finished = true;
+  Threads threads;
+  std::atomic<int> number = 0;
+  threads.start(request.jobs, [&] {
+    try {
+      const auto worker = newWorker();
+      const OpenData open(worker->services().dataObj);
+      const std::string name = workerName(*request.sharing, ++number);
+      if (!memberOf(shared, request, worker->services(), name)->payParts(reports)) {
+        finished = false;
+      }
+    } catch (...) {
+      reports.stop(std::current_exception());
+    }
+    reports.workerEnds();
+  });
+  tellAll(reports, threads, told, progress);
+  return finished;
+}
+
+}  // namespace
+
+RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunListener& listener,
+                          const NewWorker& newWorker) {
+  const OpenData open(services.dataObj);
+  const std::string name = workerName(*request.sharing, 0);
+  RunOutcome outcome;
+  const TakeReport told = [&](const Report& report) {
+    report.tellTo(listener);
+    outcome += report.outcome;
+  };
+  for (bool rejoins = false;; rejoins = true) {
+    const auto shared = joinRun(request, services, listener, name, rejoins);
+    if (!shared) return outcome;
+    auto progress = madeOn(services, [&] { return SharedProgress(*shared, services, listener); });
+    if (!payParts(*shared, request, newWorker, told, progress)) continue;
+    if (memberOf(*shared, request, services, name)->end(listener, told)) return outcome;
+  }
+}
+
+}  // namespace kt7::payroll

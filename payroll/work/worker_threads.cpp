@@ -1,0 +1,53 @@
+#include "payroll/work/worker_threads.h"
+
+#include "payroll/ports/run_services.h"
+#include "payroll/work/threads.h"
+
+namespace kt7::payroll {
+
+namespace {
+
+void work(const MonthPlan& plan, const NewWorker& newWorker, PageQueue& queue) {
+  try {
+    const auto worker = newWorker();
+    RunServices& services = worker->services();
+    const OpenData open(services.dataObj);
+    const auto payer =
+        madeOn(services, [&] { return std::make_unique<PagePayer>(plan, services, queue); });
+    while (const auto page = payer->doing([&] { return queue.take(services); })) {
+      payPage(*payer, queue, *page);
+    }
+  } catch (...) {
+    queue.stop(std::current_exception());
+  }
+}
+
+}  // namespace
+
+void payPage(PagePayer& payer, PageQueue& queue, const Page& page) {
+  try {
+    payer.pay(page);
+  } catch (...) {
+    queue.finish(page, payer.takeReport());
+    throw;
+  }
+  queue.finish(page, payer.takeReport());
+}
+
+void payByCrew(const MonthPlan& plan, int workers, const NewWorker& newWorker,
+               const TakeReport& told) {
+  PageQueue queue(plan, workers);
+  Threads threads;
+  threads.start(workers, [&] { work(plan, newWorker, queue); });
+  try {
+    while (const auto report = queue.nextReport()) told(*report);
+  } catch (...) {
+    // Who takes the reports cannot go on, so nobody can.
+    queue.stop(std::current_exception());
+  }
+  threads.join();
+  while (const auto report = queue.readyReport(false)) told(*report);
+  queue.raiseReason();
+}
+
+}  // namespace kt7::payroll

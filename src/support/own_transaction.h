@@ -1,0 +1,15 @@
+#pragma once
+
+#include <functional>
+
+#include <kt7/contract/platform.h>
+
+namespace kt7 {
+
+/// Runs the work on a connection of its own, in one transaction. A failure rolls back, closes the
+/// connection and is shown as the modal message; the caller learns nothing of it. Intended: where
+/// the transaction could not begin, the roll-back fails and that error does reach the caller.
+void inOwnTransaction(Platform& platform, DataObj& dataObj,
+                      const std::function<void(ado::Connection&)>& work);
+
+}  // namespace kt7
