@@ -5,11 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include <kt7/export.h>
+
 namespace kt7 {
 
 /// Money: a 64-bit count of ten-thousandths of a baht. Arithmetic that leaves the range is an
 /// overflow error; there is no implicit way to or from a double.
-class Currency {
+class KT7_API Currency {
  public:
   static constexpr std::int64_t kScale = 10000;
 
@@ -30,10 +32,10 @@ class Currency {
   std::string toText() const;
 
   friend constexpr auto operator<=>(const Currency&, const Currency&) = default;
-  friend Currency operator+(Currency a, Currency b);
-  friend Currency operator-(Currency a, Currency b);
-  friend Currency operator-(Currency a);
-  friend Currency operator*(std::int64_t times, Currency amount);
+  friend KT7_API Currency operator+(Currency a, Currency b);
+  friend KT7_API Currency operator-(Currency a, Currency b);
+  friend KT7_API Currency operator-(Currency a);
+  friend KT7_API Currency operator*(std::int64_t times, Currency amount);
   Currency& operator+=(Currency other) { return *this = *this + other; }
   Currency& operator-=(Currency other) { return *this = *this - other; }
 

@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <string>
 
+#include <kt7/export.h>
+
 namespace kt7 {
 
 /// A day of the common-era calendar and a time of day, as the host's platform counts them: days
 /// since 1899-12-30, the fraction being the time of day (towards later also before day 0).
 /// Years 100 to 9999; leaving them is an overflow error. Order compares the moment.
-class Date {
+class KT7_API Date {
  public:
   static constexpr std::int32_t kFirstDay = -657434;  // 0100-01-01
   static constexpr std::int32_t kLastDay = 2958465;   // 9999-12-31
@@ -62,6 +64,6 @@ class Date {
 };
 
 /// Marks a profile date as not set: 3333-03-03.
-Date notSetDate();
+KT7_API Date notSetDate();
 
 }  // namespace kt7

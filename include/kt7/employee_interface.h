@@ -6,6 +6,7 @@
 #include <kt7/contract/data_obj.h>
 #include <kt7/currency.h>
 #include <kt7/date.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
@@ -15,7 +16,7 @@ using std::int32_t;
 /// The published interface of EmployeeObject: one employee's pay profile. Rates and amounts are in
 /// baht; the four dates read 3333-03-03 while not set. HourPerDay, HourPerWeek and HourPerMonth are
 /// kept as 16-bit whole numbers (nearest, ties to even; overflow outside their range).
-class _EmployeeObject {  // NOLINT(bugprone-reserved-identifier): the published name
+class KT7_API _EmployeeObject {  // NOLINT(bugprone-reserved-identifier): the published name
  public:
   virtual ~_EmployeeObject() = default;
 

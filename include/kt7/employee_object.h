@@ -4,6 +4,7 @@
 
 #include <kt7/contract/platform.h>
 #include <kt7/employee_interface.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
@@ -11,7 +12,7 @@ namespace kt7 {
 /// employee: fields that new calls do not set keep their values. A host that wraps the object
 /// passes itself as `outer`: the setters that SetTypeCode calls then go through it; those of the
 /// initialisation do not, as the object is not there yet. Platform and outer outlive the object.
-class EmployeeObject : public _EmployeeObject {
+class KT7_API EmployeeObject : public _EmployeeObject {
  public:
   explicit EmployeeObject(Platform& platform, _EmployeeObject* outer = nullptr);
   ~EmployeeObject() override;

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include <kt7/export.h>
+
 namespace kt7 {
 
 /// What went wrong, in the words of the host's platform.
@@ -40,8 +42,8 @@ struct ErrorKindRow {
 };
 
 /// One row a kind: its name on every front, its usual number and its usual text.
-std::span<const ErrorKindRow> errorKinds();
-std::string_view kindName(ErrorKind kind);
+KT7_API std::span<const ErrorKindRow> errorKinds();
+KT7_API std::string_view kindName(ErrorKind kind);
 
 /// What the database said when it refused a statement or a connection.
 struct DatabaseCause {
@@ -51,7 +53,7 @@ struct DatabaseCause {
 };
 
 /// The one exception of the library: a kind, the published number and a text for people.
-class Error : public std::runtime_error {
+class KT7_API Error : public std::runtime_error {
  public:
   Error(ErrorKind kind, std::int32_t number, const std::string& text, DatabaseCause cause = {});
 
@@ -65,13 +67,13 @@ class Error : public std::runtime_error {
   DatabaseCause cause_;
 };
 
-[[noreturn]] void raiseOverflow();
-[[noreturn]] void raiseSubscript();
-[[noreturn]] void raiseDivisionByZero();
-[[noreturn]] void raiseTypeMismatch(std::string_view detail = {});
-[[noreturn]] void raiseNotImplemented(std::string_view operation);
-[[noreturn]] void raiseCollaborator(std::int32_t number, const std::string& text);
-[[noreturn]] void raiseConnectionFailed(const std::string& text, DatabaseCause cause = {});
-[[noreturn]] void raiseStatementFailed(const std::string& text, DatabaseCause cause = {});
+[[noreturn]] KT7_API void raiseOverflow();
+[[noreturn]] KT7_API void raiseSubscript();
+[[noreturn]] KT7_API void raiseDivisionByZero();
+[[noreturn]] KT7_API void raiseTypeMismatch(std::string_view detail = {});
+[[noreturn]] KT7_API void raiseNotImplemented(std::string_view operation);
+[[noreturn]] KT7_API void raiseCollaborator(std::int32_t number, const std::string& text);
+[[noreturn]] KT7_API void raiseConnectionFailed(const std::string& text, DatabaseCause cause = {});
+[[noreturn]] KT7_API void raiseStatementFailed(const std::string& text, DatabaseCause cause = {});
 
 }  // namespace kt7

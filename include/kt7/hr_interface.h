@@ -7,6 +7,7 @@
 #include <kt7/currency.h>
 #include <kt7/date.h>
 #include <kt7/enumerations.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
@@ -19,7 +20,7 @@ using std::int32_t;
 /// Error that reaches the caller. Operations whose name ends in TR work on DataObj.Connection as
 /// it stands, inside the caller's transaction; their twins open and close the connection.
 /// Conventions of dates, money and nulls: docs/operations.md.
-class _HRObject {  // NOLINT(bugprone-reserved-identifier): the published name
+class KT7_API _HRObject {  // NOLINT(bugprone-reserved-identifier): the published name
  public:
   virtual ~_HRObject() = default;
 

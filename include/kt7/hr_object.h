@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <kt7/contract/platform.h>
+#include <kt7/export.h>
 #include <kt7/hr_interface.h>
 
 namespace kt7 {
@@ -12,7 +13,7 @@ namespace kt7 {
 /// A host that wraps the object passes itself as `outer`: calls from one operation to another then
 /// go through it. Platform and outer outlive the object. One caller at a time.
 /// What the operations mean stands at _HRObject.
-class HRObject : public _HRObject {
+class KT7_API HRObject : public _HRObject {
  public:
   explicit HRObject(Platform& platform, _HRObject* outer = nullptr);
   ~HRObject() override;

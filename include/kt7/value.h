@@ -6,6 +6,7 @@
 
 #include <kt7/currency.h>
 #include <kt7/date.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
@@ -16,7 +17,7 @@ struct Null {
 /// The value of a field: null, yes/no, a number, money, a date or a text. Conversions follow the
 /// automation rules: a null or a text that is no number is a type mismatch, a number outside the
 /// target's range an overflow; true counts as -1, a date as its day count.
-class Value {
+class KT7_API Value {
  public:
   using Storage = std::variant<Null, bool, std::int16_t, std::int32_t, std::int64_t, double,
                                Currency, Date, std::string>;

@@ -10,6 +10,7 @@
 
 #include <kt7/error.h>
 #include "base/text.h"
+#include "host/data/built_in/drivers.h"
 #include "host/data/contract/database.h"
 #include "host/data/session/pool.h"
 
@@ -26,6 +27,8 @@ std::string environment(const char* name) {
   const char* const value = std::getenv(name);
   return value == nullptr ? "" : value;
 }
+
+[[maybe_unused]] const bool kDriversKnown = (data::useBuiltInDrivers(), true);
 
 Engine readEngine() {
   Engine engine;

@@ -8,6 +8,7 @@
 
 #include <kt7/error.h>
 #include "fronts/common/nearest_name.h"
+#include "host/data/built_in/drivers.h"
 #include "host/data/contract/database.h"
 
 namespace kt7::cli {
@@ -111,6 +112,7 @@ std::string withHint(const Error& error) {
 }  // namespace
 
 int run(int argc, const char* const* argv, Console& console) {
+  data::useBuiltInDrivers();
   if (argc <= 1) {
     console.out << kFirstSteps;
     return kDone;

@@ -12,8 +12,10 @@
 #include <mutex>
 
 #include <kt7/error.h>
+#include <kt7/host/drivers.h>
 #include "base/text.h"
 #include "host/data/mysql/session.h"
+#include "host/data/session/driver.h"
 #include "host/data/session/engine_settings.h"
 #include "host/data/session/keep_alive.h"
 
@@ -261,3 +263,9 @@ void createMysql(const ConnectionString& where) {
 }
 
 }  // namespace kt7::data
+
+void kt7::host::useMysql() {
+  static constexpr data::Driver kDriver{.open = data::openMysql, .create = data::createMysql};
+  data::addDriver("MySQL", kDriver);
+  data::addDriver("MariaDB", kDriver);
+}

@@ -5,8 +5,10 @@
 #include <set>
 
 #include <kt7/error.h>
+#include <kt7/host/drivers.h>
 #include "base/text.h"
 #include "host/data/odbc/session.h"
+#include "host/data/session/driver.h"
 #include "host/data/session/pool.h"
 
 namespace kt7::data {
@@ -72,3 +74,8 @@ std::string odbcDatabaseType(const std::string& connectionString) {
 }
 
 }  // namespace kt7::data
+
+void kt7::host::useOdbc() {
+  static constexpr data::Driver kDriver{.open = data::openOdbc, .askKind = data::odbcDatabaseType};
+  data::addDriver("ODBC", kDriver);
+}

@@ -6,8 +6,10 @@
 #include <vector>
 
 #include <kt7/error.h>
+#include <kt7/host/drivers.h>
 #include "base/text.h"
 #include "host/data/postgresql/session.h"
+#include "host/data/session/driver.h"
 #include "host/data/session/keep_alive.h"
 
 namespace kt7::data {
@@ -155,3 +157,8 @@ void createPostgresql(const ConnectionString& where) {
 }
 
 }  // namespace kt7::data
+
+void kt7::host::usePostgresql() {
+  static constexpr data::Driver kDriver{.open = data::openPostgresql, .create = data::createPostgresql};
+  data::addDriver("PostgreSQL", kDriver);
+}

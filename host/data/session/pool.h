@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include <kt7/export.h>
 #include "host/data/session/session.h"
 
 namespace kt7::data {
@@ -11,7 +12,7 @@ namespace kt7::data {
 struct PoolBucket;
 
 /// A session taken from the pool; it goes back, rolled back, when the lease ends.
-class Lease {
+class KT7_API Lease {
  public:
   using Clock = std::chrono::steady_clock;
 
@@ -30,7 +31,7 @@ class Lease {
 };
 
 /// An idle session of exactly that connection string, user and password, or a new one.
-Lease takeSession(std::string_view connectionString, std::string_view user = {},
+KT7_API Lease takeSession(std::string_view connectionString, std::string_view user = {},
                   std::string_view password = {});
 
 /// Closes the idle sessions of that connection string, whoever logged in by it.

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include <kt7/export.h>
 #include <kt7/value.h>
 
 /// The data-access contract of the library, in the shape of the platform's data-access objects.
@@ -16,7 +17,7 @@ inline constexpr int kOptimistic = 3;    // lock type: Update writes back the ro
 inline constexpr int kUnspecified = -1;  // options
 
 /// One connection to the host's database. Failures are Error of kind database.
-class Connection {
+class KT7_API Connection {
  public:
   virtual ~Connection() = default;
 
@@ -47,14 +48,14 @@ class ActiveConnection {
 };
 
 /// One column of the current row. Assigning keeps the value in the row buffer until Update.
-class Field {
+class KT7_API Field {
  public:
   virtual ~Field() = default;
   virtual kt7::Value Value() const = 0;
   virtual void Value(const kt7::Value& value) = 0;
 };
 
-class Fields {
+class KT7_API Fields {
  public:
   virtual ~Fields() = default;
   /// The column of that name; a database error when the result has none.
@@ -64,7 +65,7 @@ class Fields {
 /// The rows of one SELECT. All rows are on the client when Open returns, so that writing to the
 /// table while reading is safe. Opened optimistic, Update names the row by its primary key, writes
 /// only assigned columns, and fails when the row is gone.
-class Recordset {
+class KT7_API Recordset {
  public:
   virtual ~Recordset() = default;
 

@@ -3,12 +3,13 @@
 #include <string>
 
 #include <kt7/contract/data_access.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
 /// The host's data object, handed to every operation and never kept: its connection, connection
 /// string and database kind. What the status-returning members of a host answer is ignored.
-class DataObj {
+class KT7_API DataObj {
  public:
   virtual ~DataObj() = default;
 
@@ -29,7 +30,7 @@ class DataObj {
 };
 
 /// The host's client: who works and where.
-class ClientObj {
+class KT7_API ClientObj {
  public:
   virtual ~ClientObj() = default;
   virtual std::int32_t CurrentUserID() = 0;
@@ -37,7 +38,7 @@ class ClientObj {
 };
 
 /// The host's application.
-class AppObj {
+class KT7_API AppObj {
  public:
   virtual ~AppObj() = default;
   virtual std::string AppDatabaseConnectionString() = 0;

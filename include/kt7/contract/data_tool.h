@@ -5,6 +5,7 @@
 #include <string>
 
 #include <kt7/contract/data_access.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
@@ -26,7 +27,7 @@ struct PickerRequest {
 /// A lookup answers the result column of the row whose key column equals the key value; where the
 /// table text carries a WHERE and an ORDER BY the key condition joins them and the first row
 /// answers. Without a row, or for a null, it answers the default: "", 0, the zero date.
-class DataTool {
+class KT7_API DataTool {
  public:
   virtual ~DataTool() = default;
 

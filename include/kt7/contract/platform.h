@@ -7,12 +7,13 @@
 #include <kt7/contract/data_tool.h>
 #include <kt7/contract/setting_store.h>
 #include <kt7/contract/utility_object.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
 /// What the operating system and the host give the library: new connections, recordsets and
 /// collaborators, the clock, and the modal message. The library asks nothing of the machine itself.
-class Platform {
+class KT7_API Platform {
  public:
   virtual ~Platform() = default;
 

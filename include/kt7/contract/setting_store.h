@@ -4,12 +4,13 @@
 #include <string>
 
 #include <kt7/contract/data_obj.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
 /// Named company settings and user rights kept in the host's database. A setting that is missing
 /// or null answers 0 or "".
-class SettingStore {
+class KT7_API SettingStore {
  public:
   virtual ~SettingStore() = default;
 

@@ -4,11 +4,12 @@
 #include <string>
 
 #include <kt7/date.h>
+#include <kt7/export.h>
 
 namespace kt7 {
 
 /// Number, rounding, date and text utilities of the host.
-class UtilityObject {
+class KT7_API UtilityObject {
  public:
   virtual ~UtilityObject() = default;
 

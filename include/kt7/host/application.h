@@ -4,11 +4,12 @@
 #include <utility>
 
 #include <kt7/contract/data_obj.h>
+#include <kt7/export.h>
 
 namespace kt7::host {
 
 /// A user who works at a branch.
-class HostClientObj : public ClientObj {
+class KT7_API HostClientObj : public ClientObj {
  public:
   HostClientObj(std::int32_t userID, std::string branchCode)
       : userID_(userID), branchCode_(std::move(branchCode)) {}
@@ -21,7 +22,7 @@ class HostClientObj : public ClientObj {
 };
 
 /// The host's application, whose own tables may lie in another database than the company's.
-class HostAppObj : public AppObj {
+class KT7_API HostAppObj : public AppObj {
  public:
   explicit HostAppObj(std::string connectionString)
       : connectionString_(std::move(connectionString)) {}

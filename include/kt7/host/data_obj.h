@@ -3,12 +3,13 @@
 #include <memory>
 
 #include <kt7/contract/data_obj.h>
+#include <kt7/export.h>
 
 namespace kt7::host {
 
 /// The data object of the reference host: one connection to the company's database, made usable
 /// by counted opens. Using it while closed is a failed collaborator call.
-class HostDataObj : public DataObj {
+class KT7_API HostDataObj : public DataObj {
  public:
   /// Closed at first. Whether the connection string names a known driver is tested here.
   explicit HostDataObj(std::string connectionString);

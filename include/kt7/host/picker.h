@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <kt7/contract/data_tool.h>
+#include <kt7/export.h>
 
 namespace kt7::host {
 
@@ -13,9 +14,9 @@ using Picker = std::function<std::string(const PickerRequest& request,
                                          const std::string& connectionString, bool multiSelect)>;
 
 /// Always answers those key values.
-Picker pickAlways(const std::vector<std::string>& keys);
+KT7_API Picker pickAlways(const std::vector<std::string>& keys);
 
 /// Where nobody can pick: a failed collaborator call that says how to answer.
-Picker pickNever();
+KT7_API Picker pickNever();
 
 }  // namespace kt7::host

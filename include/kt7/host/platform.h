@@ -4,13 +4,14 @@
 #include <optional>
 
 #include <kt7/contract/platform.h>
+#include <kt7/export.h>
 #include <kt7/host/picker.h>
 
 namespace kt7::host {
 
 /// The platform of the reference host: its own drivers and collaborators, the machine's clock or a
 /// fixed moment, and what answers pickers and messages. Outlives the collaborators that it makes.
-class HostPlatform : public Platform {
+class KT7_API HostPlatform : public Platform {
  public:
   using MessageView = std::function<void(const std::string& text)>;
 

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include <kt7/export.h>
+
 namespace kt7::payroll {
 
 /// How an item counts in its slip, as the database numbers it.
@@ -40,6 +42,6 @@ inline constexpr std::string_view kTax = "PTAX";
 
 /// The kind of that code, in upper case. One that is not listed is an income by amount, whose name
 /// is its code; nothing is kept of `code`, the result's texts last only as long as it does.
-ItemKind itemKind(std::string_view code);
+KT7_API ItemKind itemKind(std::string_view code);
 
 }  // namespace kt7::payroll

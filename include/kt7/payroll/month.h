@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include <kt7/export.h>
 #include <kt7/payroll/day_span.h>
 
 namespace kt7::payroll {
 
 /// A calendar month of the common era.
-class Month {
+class KT7_API Month {
  public:
   Month(int year, int month) : year_(year), month_(month) {}
   /// "2026-01"; nothing for any other text.

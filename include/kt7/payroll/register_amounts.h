@@ -1,11 +1,12 @@
 #pragma once
 
+#include <kt7/export.h>
 #include <kt7/payroll/slip.h>
 
 namespace kt7::payroll {
 
 /// The amounts of the pay register, of one slip or of many.
-struct RegisterAmounts {
+struct KT7_API RegisterAmounts {
   Currency salary;
   Currency overtime;
   Currency otherIncome;
@@ -20,6 +21,6 @@ struct RegisterAmounts {
   RegisterAmounts& operator+=(const RegisterAmounts& other);
 };
 
-RegisterAmounts registerAmounts(const Slip& slip);
+KT7_API RegisterAmounts registerAmounts(const Slip& slip);
 
 }  // namespace kt7::payroll

@@ -5,10 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include <kt7/export.h>
+
 namespace kt7::payroll {
 
 /// The run stopped before it paid anybody.
-class RunStopped : public std::runtime_error {
+class KT7_API RunStopped : public std::runtime_error {
  public:
   enum class Cause { WrongUse, Refused };
   RunStopped(Cause cause, std::vector<std::string> reasons)
@@ -27,7 +29,7 @@ class RunStopped : public std::runtime_error {
 /// A shared run went on without a process that had begun to work on it and did not answer for
 /// longer than its lease: it was begun anew with other input, ended otherwise, or given up. What
 /// the process paid until then was kept; what it was about to pay was not.
-class RunSuperseded : public std::runtime_error {
+class KT7_API RunSuperseded : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };

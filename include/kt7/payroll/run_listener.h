@@ -2,12 +2,13 @@
 
 #include <string>
 
+#include <kt7/export.h>
 #include <kt7/payroll/slip.h>
 
 namespace kt7::payroll {
 
 /// Hears what the run does, while it does it.
-class RunListener {
+class KT7_API RunListener {
  public:
   virtual ~RunListener() = default;
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <kt7/export.h>
+
 namespace kt7::payroll {
 
 /// What a run did, counted.
-struct RunOutcome {
+struct KT7_API RunOutcome {
   int paid = 0;
   int failed = 0;  // slips that were due and could not be made or written
   int removed = 0;

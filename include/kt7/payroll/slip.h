@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <kt7/currency.h>
+#include <kt7/export.h>
 #include <kt7/payroll/day_span.h>
 #include <kt7/payroll/item_kinds.h>
 
@@ -22,7 +23,7 @@ struct SlipItem {
 enum class Verdict { None, Inactive, Active };
 
 /// The pay of one employee on one pay date.
-struct Slip {
+struct KT7_API Slip {
   std::string number;
   std::string employee;
   std::string fullName;
