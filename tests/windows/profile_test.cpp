@@ -2,6 +2,7 @@
 #include "bindings.h"
 #include "checks.h"
 #include "fake_object.h"
+#include "fronts/com/automation/text.h"
 
 namespace kt7::client {
 
@@ -55,14 +56,32 @@ void testProperties(Binding put, Binding get) {
              kProfileProperties);
 }
 
+/// Halves of surrogate pairs are no characters; a host that cuts texts by units has them.
+void testHalves(Binding put, Binding get) {
+  const ComPtr<::_EmployeeObject> shared = create<::_EmployeeObject>(__uuidof(EmployeeObject));
+  for (const std::wstring& text :
+       {std::wstring(L"\xD83D"), std::wstring(L"ก\xDE00ข"), std::wstring(L"\xDE00\xD83D"),
+        std::wstring(L"\xD83D\xD83D\xDE00"), std::wstring(L"\xDBFF\xE000\xD7FF\0\xDFFF", 5)}) {
+    Variant given;
+    given.out()->vt = VT_BSTR;
+    const_cast<VARIANT&>(given.raw()).bstrVal = automation::newBstr(text);
+    ProfileBinding(put, shared).put("FullName", given);
+    const Variant got = ProfileBinding(get, shared).get("FullName");
+    check(automation::viewOf(got.raw().bstrVal) == text,
+          "half a surrogate pair in a text property");
+  }
+}
+
 }  // namespace
 
 void testProfile() {
   FakeKind utility;
-  utility.members[L"RoundToDigits"] = [](FakeCall& call) { return Variant(*call.arguments.at(0)); };
+  utility.members[L"RoundToDigits"] = answersFirstArgument();
   const FakeRole role(L"UtilityObject", utility);
   testProperties(Binding::Early, Binding::Late);
   testProperties(Binding::Late, Binding::Early);
+  testHalves(Binding::Early, Binding::Late);
+  testHalves(Binding::Late, Binding::Early);
 }
 
 }  // namespace kt7::client

@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// Texts are UTF-8 in the library and UTF-16 in every automation call.
+/// Texts are UTF-8 in the library and UTF-16 in every automation call. Half a surrogate pair, which
+/// a host's text may hold, comes back as it went in.
 namespace kt7::automation {
 
 std::wstring toWide(std::string_view utf8);
