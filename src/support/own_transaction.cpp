@@ -1,6 +1,7 @@
 #include "support/own_transaction.h"
 
 #include <exception>
+#include <typeinfo>
 
 #include <kt7/error.h>
 
@@ -13,10 +14,12 @@ constexpr const char* kCannotSaveNow =
     "เพื่อแจ้งให้กับผู้ดูแลระบบ - ";
 
 /// Where there is nothing to roll back that is the error, with what led to it for people to read.
+/// An error of a host's own kind may carry more than this one knows: it travels as it is.
 void rollBack(ado::Connection& connection, const std::string& cause) {
   try {
     connection.RollbackTrans();
   } catch (const Error& error) {
+    if (typeid(error) != typeid(Error)) throw;
     throw Error(error.kind(), error.number(), std::string(error.what()) + " (" + cause + ")",
                 error.cause());
   }

@@ -67,6 +67,7 @@ void testCalls();
 void testByReference();
 void testProfile();
 void testHostObjects();
+void testMessages();
 void testSelfCalls();
 void testLifetimes(const Library& library);
 void testThreads();

@@ -45,6 +45,28 @@ void writeText(HKEY root, const std::wstring& key, const wchar_t* name, const st
 
 }  // namespace
 
+FakeMember answers(const char* text) {
+  return [text](FakeCall&) { return Variant(text); };
+}
+FakeMember answers(double number) {
+  return [number](FakeCall&) { return Variant(number); };
+}
+FakeMember answersFirstArgument() {
+  return [](FakeCall& call) { return Variant(*call.arguments.at(0)); };
+}
+FakeMember does() {
+  return [](FakeCall&) { return Variant(); };
+}
+FakeMember fails(HRESULT status, const wchar_t* text) {
+  return [status, text](FakeCall& call) {
+    call.status = DISP_E_EXCEPTION;
+    call.exception.scode = status;
+    call.exception.bstrDescription = SysAllocString(text);
+    call.exception.bstrSource = SysAllocString(L"The host");
+    return Variant();
+  };
+}
+
 HRESULT FakeObject::QueryInterface(REFIID id, void** object) {
   const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) ||
                      IsEqualIID(id, __uuidof(IDispatchEx));

@@ -21,6 +21,13 @@ struct FakeCall {
 };
 using FakeMember = std::function<Variant(FakeCall&)>;
 
+FakeMember answers(const char* text);
+FakeMember answers(double number);
+FakeMember answersFirstArgument();
+FakeMember does();
+/// Fails as Invoke does, with details whose source is "The host".
+FakeMember fails(HRESULT status, const wchar_t* text);
+
 /// What fake objects of one kind share: their members by name, where "" is the default one, and
 /// what was called.
 struct FakeKind {

@@ -15,7 +15,7 @@ namespace {
 
 using namespace kt7::client;
 
-constexpr int kShellChecks = 505;
+constexpr int kShellChecks = 540;
 
 void testShell(const std::string& path) {
   const Library library(kt7::automation::toWide(path));
@@ -25,6 +25,7 @@ void testShell(const std::string& path) {
   testByReference();
   testProfile();
   testHostObjects();
+  testMessages();
   testSelfCalls();
   testLifetimes(library);
   testThreads();

@@ -26,7 +26,8 @@ class WindowsPlatform : public Platform {
   std::unique_ptr<SettingStore> createSettingStore() override;
 
   Date now() override;
-  /// A message box. Where there is no window that a person could see, the text is an error.
+  /// A message box. Where no person could see one, the text is a line on standard error and in the
+  /// debugger's output; it is never an error.
   void showMessage(const std::string& text) override;
 
  private:
