@@ -1,7 +1,7 @@
 #include "fronts/com/hrlib/self_calls.h"
 
 #include "checks.h"
-#include "fake_object.h"
+#include "fake_company.h"
 #include "fronts/com/automation/text.h"
 
 namespace kt7::client {
@@ -19,8 +19,12 @@ class Aggregate : public Interface {
   virtual ~Aggregate() = default;
 
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    if (IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch) ||
-        IsEqualIID(id, __uuidof(Interface))) {
+    const bool isInterface = IsEqualIID(id, __uuidof(Interface));
+    if (isInterface && !showsInterface) {
+      *object = nullptr;
+      return E_NOINTERFACE;
+    }
+    if (isInterface || IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch)) {
       *object = static_cast<Interface*>(this);
       AddRef();
       return S_OK;
@@ -39,6 +43,7 @@ class Aggregate : public Interface {
     return E_NOTIMPL;
   }
 
+  bool showsInterface = true;
   bool aggregated() const { return inner_ != nullptr; }
   ULONG references() const { return references_; }
   /// The inner object's own slots; its references are counted here.
@@ -124,42 +129,12 @@ void testOperations() {
   check(wrapper.references() == 1, "no reference to the wrapper is kept");
 }
 
-/// Rows of one type of employee, in which every column holds 2.
-class TwoEverywhere {
- public:
-  TwoEverywhere() {
-    field_.members[L"Value"] = [](FakeCall&) { return Variant(2); };
-    fields_.members[L"Item"] = [this](FakeCall&) { return Variant(newFake(field_).Get()); };
-    rows_.members[L"Fields"] = [this](FakeCall&) { return Variant(newFake(fields_).Get()); };
-    rows_.members[L"EOF"] = [](FakeCall&) { return Variant(false); };
-    for (const wchar_t* member : {L"CursorLocation", L"Open", L"Close"}) {
-      rows_.members[member] = connection_.members[member] = [](FakeCall&) { return Variant(); };
-    }
-    utility_.members[L"RoundToDigits"] = firstArgument;
-    utility_.members[L"TextToNumber"] = firstArgument;
-    tool_.members[L"PrepareSql"] = firstArgument;
-  }
-
- private:
-  static Variant firstArgument(FakeCall& call) { return Variant(*call.arguments.at(0)); }
-
-  FakeKind field_, fields_, rows_, connection_, utility_, tool_;
-  const FakeRole roles_[4]{{L"Connection", connection_},
-                           {L"Recordset", rows_},
-                           {L"UtilityObject", utility_},
-                           {L"DataTool", tool_}};
-};
-
 void testSetters() {
-  const TwoEverywhere database;
-  FakeKind data;
-  data.members[L"ConnectionString"] =
-      data.members[L"DatabaseType"] = [](FakeCall&) { return Variant(""); };
-  const auto dataObj = newFake(data);
-  IDispatch* given = dataObj.Get();
+  FakeCompany company(2);
   ProfileWrapper wrapper;
   check(wrapper.aggregated() && wrapper.puts.empty(), "EmployeeObject may be aggregated");
-  checkStatus(wrapper.SetTypeCode(automation::BstrText("M1"), &given), S_OK, "SetTypeCode");
+  checkStatus(wrapper.SetTypeCode(automation::BstrText("M1"), company.dataObj()), S_OK,
+              "SetTypeCode");
   checkEqual(wrapper.puts,
              "DayPerPeriod=2 DayPerYear=2 HourPerPeriod=2 HourPerWeek=2 HourPerMonth=2 "
              "HourPerYear=2 SalaryType=2 HourPerWeek=4 HourPerMonth=4 ",
@@ -172,9 +147,30 @@ void testSetters() {
   check(wrapper.references() == 1, "no reference to the wrapper is kept");
 }
 
+/// An outer object that keeps the interface of the one inside to itself wraps none of it.
+void testHiddenInterface() {
+  FakeCompany company(2);
+  ProfileWrapper profile;
+  profile.showsInterface = false;
+  checkStatus(profile.SetTypeCode(automation::BstrText("M1"), company.dataObj()), S_OK,
+              "SetTypeCode inside an object that does not show the profile");
+  double hours = 0;
+  profile.slots()->get_HourPerWeek(&hours);
+  check(profile.puts.empty() && hours == 4, "sets the profile's own properties");
+
+  Wrapper wrapper;
+  wrapper.showsInterface = false;
+  double rate = 0;
+  checkStatus(wrapper.slots()->GETSectionHourRate(automation::BstrText("S1"), company.dataObj(),
+                                                  VARIANT_FALSE, &rate),
+              static_cast<HRESULT>(0x800A01B8), "an operation asks the object's own");
+  check(takeErrorText().text.find("DataTool.Lookup") != std::string::npos, "which asks the host");
+  check(wrapper.references() == 1, "no reference to the wrapper is kept");
+}
+
 /// The library's view of a profile sets and reads what the profile has.
 void testView() {
-  const TwoEverywhere database;
+  FakeCompany company(2);
   const auto profile = create<::_EmployeeObject>(__uuidof(EmployeeObject));
   hrlib::ProfileSelfCalls view(profile.Get());
   view.Code("E0001");
@@ -190,6 +186,7 @@ void testView() {
 void testSelfCalls() {
   testOperations();
   testSetters();
+  testHiddenInterface();
   testView();
 }
 

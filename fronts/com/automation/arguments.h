@@ -41,6 +41,10 @@ class Arguments {
   Variant converted(std::size_t position, Variant value) const {
     return has(position) ? convertedFor(*slots_[position], std::move(value)) : Variant();
   }
+  /// As variableOf; null where it was left out.
+  const void* variable(std::size_t position) const {
+    return has(position) ? variableOf(*slots_[position]) : nullptr;
+  }
   void store(std::size_t position, Variant converted) const noexcept {
     if (has(position)) storeByReference(*slots_[position], std::move(converted));
   }

@@ -53,6 +53,11 @@ std::size_t sizeIn(const VARIANT& variable) {
 
 }  // namespace
 
+const void* variableOf(const VARIANT& argument) {
+  const VARIANT& variable = variableBehind(argument);
+  return (variable.vt & VT_BYREF) != 0 ? variable.byref : nullptr;
+}
+
 Variant convertedFor(const VARIANT& argument, Variant value) {
   const VARIANT& variable = variableBehind(argument);
   if ((variable.vt & VT_BYREF) == 0 || takesAnything(variable)) return value;

@@ -9,18 +9,41 @@
 
 namespace kt7::hrlib {
 
+/// Of a call that failed: a result that does not fit its variable is left out, the call's own error
+/// is the one to be told.
+template <typename Argument>
+void giveBackWhatFits(Argument& argument) noexcept {
+  try {
+    argument.prepare();
+  } catch (...) {
+    return;
+  }
+  argument.giveBack();
+}
+
 /// Calls a member of the library's object with arguments that stand ready, hands the result to
-/// `keep` and stores the by-reference results. Nothing comes back from a call that fails: what can
-/// fail is done before the first of them is stored.
+/// `keep` and stores the by-reference results. What the callee wrote before it failed is stored
+/// too. Where it did not fail and a result does not fit its variable, that is the error and nothing
+/// is stored.
 template <typename Result, typename Object, typename Member, typename Ready, typename Keep>
 void callWith(Object& object, Member member, Ready& ready, Keep keep) {
   std::apply(
       [&](auto&... argument) {
+        Variables variables;
+        (argument.join(variables), ...);
+        const auto call = [&]() -> Result {
+          try {
+            return (object.*member)(argument.value()...);
+          } catch (...) {
+            (giveBackWhatFits(argument), ...);
+            throw;
+          }
+        };
         if constexpr (std::is_void_v<Result>) {
-          (object.*member)(argument.value()...);
+          call();
           (argument.prepare(), ...);
         } else {
-          const Result result = (object.*member)(argument.value()...);
+          const Result result = call();
           (argument.prepare(), ...);
           keep(result);
         }

@@ -47,8 +47,7 @@ class DualObject : public automation::AutomationObject<Dual> {
       const DISPPARAMS& parameters = given != nullptr ? *given : none;
       const HRESULT status = automation::guarded(
           Class::kSource, __uuidof(Dual), [&] { dispatch(call, flags, parameters, answer); });
-      return status == DISP_E_MEMBERNOTFOUND ? status
-                                             : automation::moveToException(status, exception);
+      return automation::moveToException(status, exception);
     }
     return DISP_E_MEMBERNOTFOUND;
   }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "fronts/com/hrlib/crossing.h"
+#include "fronts/com/hrlib/variables.h"
 
 namespace kt7::hrlib {
 
@@ -16,6 +17,7 @@ class EarlyArgument {
  public:
   explicit EarlyArgument(typename Wire<T>::Type given) : value_(Wire<T>::in(given)) {}
   const T& value() { return value_; }
+  void join(Variables&) {}
   void prepare() {}
   void giveBack() noexcept {}
 
@@ -35,18 +37,22 @@ requires(kByReference<A> && !HostObject<A>) class EarlyArgument<A> {
   ~EarlyArgument() {
     if constexpr (std::is_same_v<T, std::string>) SysFreeString(result_);
   }
-  T& value() { return value_; }
+  T& value() { return *shared_; }
+  void join(Variables& variables) { shared_ = variables.valueOf(given_, &value_); }
   void prepare() {
-    if (given_ != nullptr) result_ = Wire<T>::out(value_);
+    if (comesBack()) result_ = Wire<T>::out(value_);
   }
   /// What stood there is let go of with this.
   void giveBack() noexcept {
-    if (given_ != nullptr) std::swap(*given_, result_);
+    if (comesBack()) std::swap(*given_, result_);
   }
 
  private:
+  bool comesBack() const { return given_ != nullptr && shared_ == &value_; }
+
   typename Wire<T>::Type* given_;
   T value_;
+  T* shared_ = nullptr;  // from join on
   typename Wire<T>::Type result_{};
 };
 
@@ -56,6 +62,7 @@ class EarlyArgument<A> {
   explicit EarlyArgument(IDispatch** given)
       : object_(adapted<A>(given != nullptr ? *given : nullptr)) {}
   A value() { return object_; }
+  void join(Variables&) {}
   void prepare() {}
   void giveBack() noexcept {}
 

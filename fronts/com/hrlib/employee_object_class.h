@@ -18,7 +18,7 @@ class EmployeeObjectClass : public DualObject<EmployeeObjectClass, ::_EmployeeOb
   static constexpr const char* kSource = "KT7HRLib.EmployeeObject";
 
   explicit EmployeeObjectClass(IUnknown* outer)
-      : DualObject(outer), selfCalls_(controlling()), object_(platform_, &selfCalls_) {}
+      : DualObject(outer), selfCalls_(controlling(), this), object_(platform_, &selfCalls_) {}
 
   static std::span<const NamedCall<EmployeeObjectClass>> namedCalls();
   kt7::_EmployeeObject& object() { return object_; }

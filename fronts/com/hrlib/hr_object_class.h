@@ -15,7 +15,7 @@ class HRObjectClass : public DualObject<HRObjectClass, ::_HRObject> {
   static constexpr const char* kSource = "KT7HRLib.HRObject";
 
   explicit HRObjectClass(IUnknown* outer)
-      : DualObject(outer), selfCalls_(controlling()), object_(platform_, &selfCalls_) {}
+      : DualObject(outer), selfCalls_(controlling(), this), object_(platform_, &selfCalls_) {}
 
   static std::span<const NamedCall<HRObjectClass>> namedCalls();
   kt7::HRObject& object() { return object_; }

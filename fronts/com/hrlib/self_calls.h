@@ -21,7 +21,8 @@ class SelfCalls : public kt7::_HRObject {
   }
 
  public:
-  explicit SelfCalls(IUnknown* object) : slots_(object, "HRObject") {}
+  explicit SelfCalls(IUnknown* object, ::_HRObject* inner = nullptr)
+      : slots_(object, inner, "HRObject") {}
 
 #include "self_calls.inc"
 
@@ -55,7 +56,8 @@ class ProfileSelfCalls : public kt7::_EmployeeObject {
   }
 
  public:
-  explicit ProfileSelfCalls(IUnknown* object) : slots_(object, "EmployeeObject") {}
+  explicit ProfileSelfCalls(IUnknown* object, ::_EmployeeObject* inner = nullptr)
+      : slots_(object, inner, "EmployeeObject") {}
 
 #include "profile_self_calls.inc"
 
