@@ -2,6 +2,7 @@
 
 #include <kt7/operation_notes.h>
 #include <kt7/operations.h>
+#include "base/text.h"
 
 namespace kt7::cli {
 
@@ -14,6 +15,32 @@ the operation may change. Money has four decimals, dates are of the common era.
 
 | operation | answers | reads | writes | connection and transaction |
 |---|---|---|---|---|
+)";
+
+constexpr const char* kComposed = R"(
+## Texts that become part of a statement
+
+Some operations put a text into the statement that they compose, or into the condition that a filter
+answers for the host's own statement:
+
+- **as it stands**: the text is SQL itself, such as the `FieldTypeName` and `AdditionFilter` that the
+  pickers and filters compose as given (`HRFilterAccessLevel` and its kin write `FieldTypeName` in upper
+  case). Only the host's own program may choose it, never a user.
+- **between quotes**: a quote inside the text is not doubled and ends the literal; what follows is SQL.
+  Hand over codes that the host has read from its tables or checked, never what a user has typed.
+
+Codes that an operation reads from a table are composed between quotes too, so keep quotes out of codes
+where they come in. `EmployeeObject.SetTypeCode` puts its `vData` between quotes. All other texts are
+connection strings, values of rows, or keys that the host's own `DataTool` and `SettingStore` are asked
+for.
+
+| operation | as it stands | between quotes |
+|---|---|---|
+)";
+
+constexpr const char* kRemarks = R"(
+## What may surprise a host
+
 )";
 
 constexpr const char* kTail = R"(
@@ -100,6 +127,19 @@ void addLine(std::string& page, const Operation<Member>& operation, const Operat
   page.append(" | ").append(whereText(note.where)).append(" |\n");
 }
 
+std::string asCode(std::string_view names) {
+  if (names.empty()) return "–";
+  return "`" + replaceAll(std::string(names), ", ", "`, `") + "`";
+}
+
+void addComposed(std::string& page, const OperationNote& note) {
+  const ComposedTexts& texts = note.composed;
+  if (texts.asTheyStand.empty() && texts.betweenQuotes.empty()) return;
+  page.append("| ").append(asCode(note.name));
+  page.append(" | ").append(asCode(texts.asTheyStand));
+  page.append(" | ").append(asCode(texts.betweenQuotes)).append(" |\n");
+}
+
 }  // namespace
 
 std::string operationsPage() {
@@ -108,6 +148,13 @@ std::string operationsPage() {
   std::size_t at = 0;
   std::apply([&](const auto&... rows) { (addLine(page, rows, kOperationNotes[at++]), ...); },
              kOperations);
+  page += kComposed;
+  for (const OperationNote& note : kOperationNotes) addComposed(page, note);
+  page += kRemarks;
+  for (const OperationNote& note : kOperationNotes) {
+    if (note.remark.empty()) continue;
+    page.append("- ").append(asCode(note.name)).append(": ").append(note.remark).append("\n");
+  }
   page += kTail;
   for (const UndescribedOperation& operation : kUndescribedOperations) {
     page.append(&operation == kUndescribedOperations.data() ? " `" : ", `");
