@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <chrono>
 #include <fstream>
 #include <thread>
@@ -23,6 +25,40 @@ TEST(ConnectionStringTest, KeywordsAndBraces) {
   EXPECT_EQ(shownConnectionString("Driver=MySQL;Uid=u;PWD=secret;Password={x;y}"),
             "Driver=MySQL;Uid=u;PWD=***;Password=***");
   EXPECT_EQ(shownConnectionString("secret").find("secret"), std::string::npos);
+  EXPECT_EQ(shownConnectionString("Driver=ODBC;Dsn=d;AccessToken=secret;Pasword=secret"),
+            "Driver=ODBC;Dsn=d;AccessToken=***;Pasword=***");
+  EXPECT_EQ(ConnectionString(";Driver=x;; PwdFile={a;b};Uid=u").textWithout("PwdFile", "a;b"),
+            ";Driver=x;; Uid=u");
+}
+
+TEST(ConnectionStringTest, AnUnknownKeywordIsRefusedByName) {
+  struct Case {
+    const char* text;
+    const char* words;
+  };
+  for (const Case& c : {Case{"Driver=SQLite;Databse=x", "'Databse'"},
+                        {"Driver=SQLite;Databse=x", "did you mean 'Database'?"},
+                        {"Driver=SQLite;Database=x;Server=y", "'Server'"},
+                        {"Driver=MySQL;SslMod=verify", "did you mean 'SslMode'?"},
+                        {"Driver=MariaDB;Uid=u;Pasword=SECRET", "did you mean 'Password'?"},
+                        {"Driver=MySQL;SslCrl=x", "'SslCrl'"},
+                        {"Driver=PostgreSQL;SyncWait=1", "'SyncWait'"},
+                        {"Driver=PostgreSQL;Something=else", "it knows Driver, Database"},
+                        // What may be the rest of a password is not shown.
+                        {"Driver=PostgreSQL;Pwd=a;SECRET=b", "in braces"}}) {
+    for (const auto& action : {std::function<void()>([&] { createConnection()->Open(c.text); }),
+                               std::function<void()>([&] { createDatabase(c.text); })}) {
+      try {
+        action();
+        ADD_FAILURE() << c.text;
+      } catch (const Error& error) {
+        const std::string told = error.what();
+        const bool builtIn = told.find("not built into") == std::string::npos;
+        if (builtIn) EXPECT_NE(told.find(c.words), std::string::npos) << told;
+        EXPECT_EQ(told.find("SECRET"), std::string::npos) << told;
+      }
+    }
+  }
 }
 
 TEST(ConnectionStringTest, NamesTheDatabaseKind) {
@@ -61,6 +97,34 @@ TEST_F(ConnectionTest, OpensOnlyWhatIsThere) {
   EXPECT_FALSE(std::filesystem::exists(database_.folder() / "missing.db"));
   createDatabase(missing);
   EXPECT_NO_THROW(createConnection()->Open(missing));
+}
+
+TEST_F(ConnectionTest, ANewDatabaseIsItsOwnersAlone) {
+  if (!engine().embedded) GTEST_SKIP() << "files of the embedded engine";
+  namespace fs = std::filesystem;
+  const fs::path before = fs::current_path();
+  fs::current_path(database_.folder());
+  for (const mode_t mask : {0000, 0022, 0277}) {
+    const mode_t usual = ::umask(mask);
+    // The second is a name like any other, though the engine could take it for a URI.
+    for (const std::string name : {"own", "file:x.db?mode=memory"}) {
+      const std::string where = "Driver=SQLite;Database=" + name + std::to_string(mask);
+      createDatabase(where);
+      const auto writer = createConnection();
+      writer->Open(where);
+      writer->Execute("CREATE TABLE KT7TPay(Code VARCHAR(20))");
+      for (const char* part : {"", "-wal", "-shm"}) {
+        const fs::path made = name + std::to_string(mask) + part;
+        EXPECT_EQ(fs::status(made).permissions(), fs::perms::owner_read | fs::perms::owner_write)
+            << made << " under " << mask;
+      }
+    }
+    ::umask(usual);
+  }
+  fs::permissions("own18", fs::perms::group_read, fs::perm_options::add);
+  createDatabase("Driver=SQLite;Database=own18");  // is there: left as its owner wants it
+  EXPECT_NE(fs::status("own18").permissions() & fs::perms::group_read, fs::perms::none);
+  fs::current_path(before);
 }
 
 TEST_F(ConnectionTest, IsDurableAndReadableWhileWritten) {

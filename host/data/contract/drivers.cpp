@@ -66,11 +66,16 @@ std::size_t placeOf(const ConnectionString& where) {
 
 const Driver& driverOf(const ConnectionString& where) {
   const std::size_t place = placeOf(where);
-  if (const Driver* const driver = drivers[place]) return *driver;
   const DriverName& row = kNames[place];
-  raiseConnectionFailed("the driver '" + std::string(row.name) +
-                        "' is not built into this program, which lacks the library " +
-                        std::string(row.library) + "; built in is: " + builtInDrivers());
+  const Driver* const driver = drivers[place];
+  if (driver == nullptr) {
+    raiseConnectionFailed("the driver '" + std::string(row.name) +
+                          "' is not built into this program, which lacks the library " +
+                          std::string(row.library) + "; built in is: " + builtInDrivers());
+  }
+  // What goes to the driver manager is its drivers' own.
+  if (!row.kind.empty()) where.requireKnownKeywords(row.kind);
+  return *driver;
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include "host/data/session/connection_string.h"
 
 #include <algorithm>
+#include <span>
 
 #include <kt7/error.h>
+#include "base/nearest_name.h"
 #include "base/text.h"
 #include "host/data/contract/database.h"
 
@@ -10,8 +12,70 @@ namespace kt7::data {
 
 namespace {
 
-bool isPassword(std::string_view keyword) {
-  return equalNoCase(keyword, "Pwd") || equalNoCase(keyword, "Password");
+enum Engines : unsigned { kSqlite = 1, kMysql = 2, kPostgresql = 4, kOthers = 8 };
+constexpr unsigned kServers = kMysql | kPostgresql;
+constexpr unsigned kAll = kSqlite | kServers | kOthers;
+
+struct Keyword {
+  std::string_view name;
+  unsigned engines;
+  bool secret = false;
+};
+
+/// Every keyword that a driver of this host reads. The driver manager's are its drivers' own: of
+/// those only a few are known to hold no secret.
+constexpr Keyword kKeywords[] = {
+    {"Driver", kAll},
+    {"Database", kAll},
+    {"Server", kServers | kOthers},
+    {"Port", kServers | kOthers},
+    {"Socket", kServers},
+    {"Uid", kAll},
+    {"User", kAll},
+    {"Pwd", kAll, true},
+    {"Password", kAll, true},
+    {"SslMode", kServers},
+    {"SslCa", kServers},
+    {"SslCert", kServers},
+    {"SslKey", kServers},
+    {"SslRootCert", kPostgresql},
+    {"SslCrl", kPostgresql},
+    {"ChannelBinding", kPostgresql},
+    {"TargetSessionAttrs", kPostgresql},
+    {"ApplicationName", kPostgresql},
+    {"KeepAlive", kServers},
+    {"SyncWait", kMysql},
+    {"Dsn", kOthers},
+};
+
+const Keyword* known(std::string_view name) {
+  const auto* const found = std::ranges::find_if(
+      kKeywords, [name](const Keyword& keyword) { return equalNoCase(keyword.name, name); });
+  return found == std::end(kKeywords) ? nullptr : found;
+}
+
+unsigned engineOf(std::string_view kind) {
+  if (kind == "SQLITE") return kSqlite;
+  return kind == "MYSQL" ? kMysql : kPostgresql;
+}
+
+std::string listed(std::span<const std::string_view> names) {
+  std::string list;
+  for (const std::string_view name : names) list.append(list.empty() ? "" : ", ").append(name);
+  return list;
+}
+
+/// `afterSecret`: what stands there may be the rest of a password with a semicolon.
+[[noreturn]] void raiseUnknown(std::string_view name, bool afterSecret, std::string_view driver,
+                               std::span<const std::string_view> names) {
+  const std::string_view nearest = nearestName(name, names);
+  std::string text = afterSecret ? "what stands behind the password in the connection string"
+                                 : "'" + std::string(name) + "' in the connection string";
+  text.append(" is no keyword of Driver=").append(driver);
+  text += nearest.empty() ? "; it knows " + listed(names)
+                          : " (did you mean '" + std::string(nearest) + "'?)";
+  if (afterSecret) text += "; a password with a semicolon stands in braces: Pwd={...}";
+  raiseConnectionFailed(text);
 }
 
 /// The value at the front of `rest`, which is moved past it and its semicolon.
@@ -67,10 +131,30 @@ std::string_view ConnectionString::value(std::string_view keyword) const {
   return {};
 }
 
+void ConnectionString::requireKnownKeywords(std::string_view kind) const {
+  const unsigned engine = engineOf(kind);
+  bool afterSecret = false;
+  for (const auto& [name, value] : parts_) {
+    const Keyword* const keyword = known(name);
+    if (keyword == nullptr || (keyword->engines & engine) == 0) {
+      std::vector<std::string_view> names;
+      for (const Keyword& each : kKeywords) {
+        if ((each.engines & engine) != 0) names.push_back(each.name);
+      }
+      raiseUnknown(name, afterSecret, driver(), names);
+    }
+    afterSecret = keyword->secret;
+  }
+}
+
 std::string ConnectionString::textWithout(std::string_view keyword, std::string_view value) const {
   std::string_view rest = text_;
   while (!rest.empty()) {
     const std::size_t begin = text_.size() - rest.size();
+    if (rest.front() == ';' || rest.front() == ' ') {
+      rest.remove_prefix(1);
+      continue;
+    }
     const std::size_t equals = std::min(rest.find('='), rest.size() - 1);
     const std::string_view name = trimmedBlanks(rest.substr(0, equals));
     rest.remove_prefix(equals + 1);
@@ -85,7 +169,9 @@ std::string ConnectionString::shown() const {
   std::string text;
   for (const auto& [name, value] : parts_) {
     if (!text.empty()) text += ';';
-    text.append(name).append("=").append(isPassword(name) ? "***" : value);
+    const Keyword* const keyword = known(name);
+    const bool shows = keyword != nullptr && !keyword->secret;
+    text.append(name).append("=").append(shows ? value : "***");
   }
   return text;
 }

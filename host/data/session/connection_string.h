@@ -19,9 +19,14 @@ class ConnectionString {
   std::string_view driver() const { return value("Driver"); }
   std::string_view database() const { return value("Database"); }
 
+  /// A connection error for a keyword that the driver of that kind ("SQLITE", "MYSQL",
+  /// "POSTGRESQL") does not know; it names the nearest one that it does, and never a part of what
+  /// may be a password.
+  void requireKnownKeywords(std::string_view kind) const;
+
   /// The text as it was given, without the first part of that keyword and value.
   std::string textWithout(std::string_view keyword, std::string_view value) const;
-  /// The text again with every password hidden.
+  /// The text again; values show only of keywords that are known to hold no secret.
   std::string shown() const;
 
  private:

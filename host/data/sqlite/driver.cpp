@@ -1,4 +1,11 @@
+#ifndef _WIN32
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
 #include <filesystem>
+#include <mutex>
 
 #include <kt7/error.h>
 #include "host/data/sqlite/session.h"
@@ -57,9 +64,35 @@ std::string identityOf(const std::string& file) {
   return failed ? file : std::string(whole.begin(), whole.end());
 }
 
+/// What the engine takes for the file of that name and nothing else: it may be built to read a name
+/// that begins with "file:" as a URI.
+std::string plainName(const std::string& file) {
+  return file.starts_with("file:") ? "./" + file : file;
+}
+
+/// Makes the empty file for its owner alone, whatever the umask; the engine gives the files beside
+/// it the same rights. An error is left for the engine to tell.
+void makeOwnFile(const std::string& file) {
+#ifdef _WIN32
+  static_cast<void>(file);
+#else
+  // Closing a file gives up every lock of this process on it, so only one that is not there yet is
+  // opened, and only by one thread.
+  static std::mutex making;
+  const std::lock_guard lock(making);
+  std::error_code failed;
+  if (std::filesystem::exists(pathOf(file), failed)) return;
+  constexpr mode_t kOwnerAlone = 0600;
+  const int made = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kOwnerAlone);
+  if (made < 0) return;
+  ::fchmod(made, kOwnerAlone);  // a umask may take even the owner's rights
+  ::close(made);
+#endif
+}
+
 SqliteHandle openFile(const std::string& file, int flags) {
   sqlite3* opened = nullptr;
-  const int code = sqlite3_open_v2(file.c_str(), &opened,
+  const int code = sqlite3_open_v2(plainName(file).c_str(), &opened,
                                    flags | SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   SqliteHandle database(opened);
   if (code != SQLITE_OK) raiseCannotOpen(opened, code, file);
@@ -91,7 +124,13 @@ std::unique_ptr<Session> openSqlite(const ConnectionString& where, std::string_v
 }
 
 void createSqlite(const ConnectionString& where) {
-  openFile(databaseFile(where), SQLITE_OPEN_CREATE);
+  const std::string file = databaseFile(where);
+  makeOwnFile(file);
+#ifdef _WIN32
+  openFile(file, SQLITE_OPEN_CREATE);
+#else
+  openFile(file, 0);
+#endif
 }
 
 }  // namespace kt7::data
