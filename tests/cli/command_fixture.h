@@ -54,6 +54,11 @@ class Commands : public testing::Test {
     std::ofstream(path(name)) << text;
     return path(name);
   }
+  /// One that only its owner reads.
+  std::string secretFile(const std::string& name, const std::string& text) const {
+    std::filesystem::permissions(written(name, text), std::filesystem::perms::owner_all);
+    return path(name);
+  }
 
   std::filesystem::path folder_;
 };

@@ -140,7 +140,7 @@ TEST_F(Commands, ImportAddsAllRowsOrNone) {
 
 TEST_F(Commands, NeverShowAPassword) {
   const std::string secret = "s3cret;}word";
-  const std::string file = written("password.txt", secret + "\n");
+  const std::string file = secretFile("password.txt", secret + "\n");
   for (const std::string& given : {"PwdFile=" + file, std::string("Pwd={s3cret;}}word}")}) {
     const std::string name = given.starts_with("PwdFile") ? "a.db" : "b.db";
     const std::string db = database(name) + ";" + given;
@@ -158,11 +158,45 @@ TEST_F(Commands, NeverShowAPassword) {
 
 TEST_F(Commands, TakeThePasswordOutOfItsFile) {
   DatabaseOptions options;
-  options.database =
-      "Driver=MySQL;pwdfile=" + written("password.txt", "s3cret;}word\r\n") + ";Uid=u";
-  EXPECT_EQ(options.connectionString(), "Pwd={s3cret;}}word};Driver=MySQL;Uid=u");
+  const auto taken = [&](const std::string& file) {
+    options.database = "Driver=MySQL;pwdfile=" + file + ";Uid=u";
+    return options.connectionString();
+  };
+  const std::string wanted = "Pwd={s3cret;}}word};Driver=MySQL;Uid=u";
+  for (const char* content :
+       {"s3cret;}word", "s3cret;}word\r\n", "\xEF\xBB\xBFs3cret;}word\nnot this"}) {
+    EXPECT_EQ(taken(secretFile("password.txt", content)), wanted) << content;
+    EXPECT_EQ(taken("{" + secretFile("pass;word.txt", content) + "}"), wanted);
+  }
   options.database = "Driver=MySQL;Pwd=p";
   EXPECT_EQ(options.connectionString(), options.database);
+  using std::filesystem::perms;
+  std::filesystem::permissions(written("open.txt", "s3cret"),
+                               perms::owner_all | perms::others_read);
+  struct Case {
+    std::string file;
+    const char* words;
+  };
+  const Case refused[] = {
+      {path("none.txt"), "cannot be read"},
+      {secretFile("empty.txt", ""), "empty line"},
+      {secretFile("blank.txt", "\ns3cret"), "empty line"},
+      {secretFile("mark.txt", "\xEF\xBB\xBF\n"), "empty line"},
+      {secretFile("wide.txt", "\xFF\xFEs"), "UTF-8"},
+      {secretFile("zero.txt", std::string("s3c\0ret", 7)), "UTF-8"},
+      {secretFile("long.txt", std::string(5000, 's')), "too long"},
+      {"/dev/zero", "a device"},
+      {path("."), "a folder"},
+      {path("open.txt"), "chmod o-rwx"},
+  };
+  for (const Case& c : refused) {
+    try {
+      ADD_FAILURE() << c.file << " gave " << taken(c.file);
+    } catch (const std::runtime_error& error) {
+      EXPECT_NE(std::string(error.what()).find(c.words), std::string::npos) << error.what();
+      EXPECT_EQ(std::string(error.what()).find("s3c"), std::string::npos) << error.what();
+    }
+  }
 }
 
 using Call = SampleCompany;

@@ -1,11 +1,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <fstream>
 #include <ostream>
 
 #include <kt7/error.h>
 #include "base/text.h"
 #include "fronts/cli/commands/command.h"
+#include "fronts/cli/commands/password_file.h"
 #include "fronts/cli/rpc/session.h"
 #include "host/data/session/connection_string.h"
 
@@ -15,26 +15,12 @@ namespace {
 
 constexpr std::string_view kPasswordFile = "PwdFile";
 
-std::string firstLineOf(const std::string& path) {
-  std::ifstream file(path);
-  std::string line;
-  if (!std::getline(file, line) && !file.eof()) {
-    throw std::runtime_error("cannot read the password file '" + path + "' that PwdFile names");
-  }
-  if (!line.empty() && line.back() == '\r') line.pop_back();
-  return line;
-}
-
-std::string passwordFileOf(const std::string& connectionString) {
+data::ConnectionString readConnectionString(const std::string& given) {
   try {
-    return std::string(data::ConnectionString(connectionString).value(kPasswordFile));
+    return data::ConnectionString(given);
   } catch (const Error& error) {
     throw WrongUse(error.what());
   }
-}
-
-bool isPasswordFile(std::string_view part) {
-  return equalNoCase(trimmedBlanks(part.substr(0, part.find('='))), kPasswordFile);
 }
 
 }  // namespace
@@ -57,13 +43,11 @@ std::string connectionStringOf(const std::string& given, const std::string& opti
     throw WrongUse("'" + given + "' is no connection string; use " + option +
                    " 'Driver=SQLite;Database=" + given + "'");
   }
-  const std::string path = passwordFileOf(given);
+  const data::ConnectionString where = readConnectionString(given);
+  const std::string path(where.value(kPasswordFile));
   if (path.empty()) return given;
-  std::string resolved = "Pwd={" + replaceAll(firstLineOf(path), "}", "}}") + "}";
-  for (const std::string& part : split(given, ';')) {
-    if (!isPasswordFile(part)) resolved.append(";").append(part);
-  }
-  return resolved;
+  return "Pwd={" + replaceAll(passwordIn(path), "}", "}}") + "};" +
+         where.textWithout(kPasswordFile, path);
 }
 
 void DatabaseOptions::addTo(CLI::App& command) {
