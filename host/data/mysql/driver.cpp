@@ -1,5 +1,6 @@
 #include "host/data/mysql/driver.h"
 
+#include <mariadb/errmsg.h>
 #include <mariadb/mysqld_error.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -14,6 +15,7 @@
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
 #include "base/text.h"
+#include "host/data/loopback.h"
 #include "host/data/mysql/session.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/engine_settings.h"
@@ -42,24 +44,43 @@ std::string firstOf(const ConnectionString& where, std::string_view one, std::st
 
 const char* orNull(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
 
-/// SslMode=disable|require|verify, SslCa, SslCert, SslKey: passed to the client library.
-void setTls(MYSQL* connection, const ConnectionString& where) {
-  const std::string mode(where.value("SslMode"));
+enum class Tls { Off, Required, Verified };
+
+Tls tlsIn(const ConnectionString& where) {
+  const std::string_view mode = where.value("SslMode");
+  if (equalNoCase(mode, "disable")) return Tls::Off;
+  if (equalNoCase(mode, "require")) return Tls::Required;
+  if (equalNoCase(mode, "verify") || equalNoCase(mode, "verify-full")) return Tls::Verified;
+  if (!mode.empty()) {
+    raiseConnectionFailed("'" + std::string(mode) +
+                          "' is no SslMode; write disable, require or verify-full");
+  }
+  if (!where.value("SslCa").empty()) return Tls::Verified;
+  const bool ownCertificate = !where.value("SslCert").empty() || !where.value("SslKey").empty();
+  return ownCertificate ? Tls::Required : Tls::Off;
+}
+
+void setTls(MYSQL* connection, const ConnectionString& where, Tls tls, bool bySocket) {
+  if (tls == Tls::Off) return;
   const std::string authority(where.value("SslCa"));
   const std::string certificate(where.value("SslCert"));
   const std::string key(where.value("SslKey"));
-  const bool verify = equalNoCase(mode, "verify") || (mode.empty() && !authority.empty());
-  if (!mode.empty() && !equalNoCase(mode, "verify") && !equalNoCase(mode, "require") &&
-      !equalNoCase(mode, "disable")) {
-    raiseConnectionFailed("'" + mode + "' is no SslMode; write disable, require or verify");
-  }
-  if (equalNoCase(mode, "disable")) return;
-  if (mode.empty() && authority.empty() && certificate.empty() && key.empty()) return;
   mysql_ssl_set(connection, orNull(key), orNull(certificate), orNull(authority), nullptr, nullptr);
   const my_bool on = 1;
-  const my_bool checked = verify ? 1 : 0;
+  const my_bool checked = tls == Tls::Verified ? 1 : 0;
   mysql_options(connection, MYSQL_OPT_SSL_ENFORCE, &on);
   mysql_options(connection, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &checked);
+  // "Enforce" alone means "where the server offers it". Asked for a fingerprint, even an empty one
+  // that is compared with nothing, the library refuses the others before it sends the login.
+  if (!bySocket) mysql_options(connection, MARIADB_OPT_TLS_PEER_FP, "");
+  // The plugin that the server names would run before that, and may ask a person for passwords.
+  mysql_options(connection, MYSQL_DEFAULT_AUTH, "mysql_native_password");
+}
+
+/// Without encryption a server that is anywhere gets no password from which it could be read: as
+/// text, or encrypted with a key that the server itself names. The oldest scramble is no better.
+void restrictLogin(MYSQL* connection) {
+  mysql_options(connection, MARIADB_OPT_RESTRICTED_AUTH, "mysql_native_password,client_ed25519");
 }
 
 /// Only where the system can be told so: elsewhere its own times go. A socket file has none.
@@ -88,6 +109,11 @@ void setKeepAlive(MYSQL* connection, const std::optional<KeepAlive>& wanted) {
                      (database.empty() ? "" : " '" + database + "'") + " at " + server + ": " +
                      mysql_error(connection);
   if (code == ER_BAD_DB_ERROR) text += "; run \"kt7hr init\" to create it";
+  if (code == CR_PLUGIN_NOT_ALLOWED) {
+    text +=
+        "; over a network that is not encrypted it could read the password from that; write "
+        "SslMode=verify-full";
+  }
   raiseConnectionFailed(text, {{}, code, state});
 }
 
@@ -118,12 +144,17 @@ MysqlHandle connectTo(const std::string& server, const ConnectionString& where,
   // A server could ask for any file of this machine.
   constexpr unsigned kOff = 0;
   mysql_options(connection, MYSQL_OPT_LOCAL_INFILE, &kOff);
-  setTls(connection, where);
   const std::string socket(where.value("Socket"));
   const Server at = socket.empty() ? serverIn(server, where) : Server{"localhost"};
+  const Tls tls = tlsIn(where);
+  setTls(connection, where, tls, at.host == "localhost");
+  if (tls == Tls::Off && !isLoopback(at.host)) restrictLogin(connection);
   if (mysql_real_connect(connection, at.host.c_str(), user.c_str(), password.c_str(),
                          orNull(database), at.port, orNull(socket), CLIENT_FOUND_ROWS) == nullptr) {
     raiseCannotConnect(connection, socket.empty() ? server : socket, database);
+  }
+  if (tls != Tls::Off && at.host != "localhost" && mysql_get_ssl_cipher(connection) == nullptr) {
+    raiseConnectionFailed("the connection to " + server + " is not encrypted");
   }
   setKeepAlive(connection, keepAlive);
   const char* const settings = settingsOf(isMariadb(mysql_get_server_info(connection)));

@@ -8,6 +8,8 @@
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
 #include "base/text.h"
+#include "host/data/loopback.h"
+#include "host/data/postgresql/guarded_login.h"
 #include "host/data/postgresql/session.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/keep_alive.h"
@@ -24,22 +26,26 @@ constexpr const char* kSettings =
     "-c default_transaction_isolation=read\\ committed";
 
 /// Our keyword, and the client library's for the same.
-constexpr std::array<std::pair<std::string_view, const char*>, 11> kKeywords{{
-    {"Server", "host"},
-    {"Socket", "host"},
-    {"Port", "port"},
+constexpr std::array<std::pair<std::string_view, const char*>, 9> kKeywords{{
     {"SslMode", "sslmode"},
     {"SslCa", "sslrootcert"},
     {"SslRootCert", "sslrootcert"},
     {"SslCert", "sslcert"},
     {"SslKey", "sslkey"},
     {"SslCrl", "sslcrl"},
+    {"ChannelBinding", "channel_binding"},
     {"TargetSessionAttrs", "target_session_attrs"},
     {"ApplicationName", "application_name"},
 }};
 
 std::string firstOf(const ConnectionString& where, std::string_view one, std::string_view other) {
   return std::string(where.value(one).empty() ? where.value(other) : where.value(one));
+}
+
+std::string joined(const std::vector<std::string>& parts) {
+  std::string whole;
+  for (const std::string& part : parts) whole.append(&part == parts.data() ? "" : ",").append(part);
+  return whole;
 }
 
 struct Login {
@@ -68,13 +74,17 @@ constexpr std::string_view kBeforeServersWords = ":  ";
 /// The SQLSTATE behind a refused connection, "" where no server spoke. A connection that failed
 /// tells it in no field, only in its text and only where that was asked for, which the library
 /// allows from the second attempt on. The words themselves may be in any language.
-std::string stateOfRefusal(PGconn* connection) {
+std::string stateOfRefusal(PGconn* connection, bool guarded) {
   if (std::string_view(PQerrorMessage(connection)).find(kBeforeServersWords) ==
       std::string_view::npos) {
     return {};
   }
   PQsetErrorVerbosity(connection, PQERRORS_SQLSTATE);
-  PQreset(connection);
+  if (!guarded) {
+    PQreset(connection);
+  } else if (PQresetStart(connection) == 1 && endGuarded(connection) != LoginEnd::Told) {
+    return {};
+  }
   PQsetErrorVerbosity(connection, PQERRORS_DEFAULT);
   const std::string_view text = PQerrorMessage(connection);
   const std::size_t at = text.rfind(kBeforeServersWords);
@@ -87,14 +97,57 @@ std::string stateOfRefusal(PGconn* connection) {
   return isState ? std::string(state) : std::string();
 }
 
-PostgresqlHandle connect(const ConnectionString& where, const Login& login,
-                         const std::string& database) {
-  std::vector<std::pair<const char*, std::string>> given;
+/// What the client library takes where the connection string is silent: the environment's.
+std::string librarysOwn(std::string_view keyword) {
+  struct Free {
+    void operator()(PQconninfoOption* options) const { PQconninfoFree(options); }
+  };
+  const std::unique_ptr<PQconninfoOption, Free> options(PQconndefaults());
+  for (const PQconninfoOption* each = options.get(); each != nullptr && each->keyword; ++each) {
+    if (each->keyword == keyword && each->val != nullptr) return each->val;
+  }
+  return {};
+}
+
+/// The servers to try in turn, and their ports: one for all, or each its own.
+struct Servers {
+  std::vector<std::string> hosts;
+  std::vector<std::string> ports;
+
+  /// Those behind the first of that name.
+  void goPast(std::string_view host) {
+    const auto at = std::ranges::find(hosts, host);
+    const auto count = std::min(at - hosts.begin() + 1, std::ssize(hosts));
+    hosts.erase(hosts.begin(), hosts.begin() + count);
+    if (ports.size() > 1)
+      ports.erase(ports.begin(), ports.begin() + std::min(count, std::ssize(ports)));
+  }
+};
+
+Servers serversIn(const ConnectionString& where) {
+  const std::string given = firstOf(where, "Socket", "Server");
+  return {.hosts = split(given.empty() ? "127.0.0.1" : given, ','),
+          .ports = split(where.value("Port"), ',')};
+}
+
+/// Whether the password could be read on its way, were it sent as text: neither encryption is
+/// demanded nor does everything stay on this machine.
+bool needsGuard(const ConnectionString& where, const Servers& servers) {
+  const std::string mode =
+      where.value("SslMode").empty() ? librarysOwn("sslmode") : std::string(where.value("SslMode"));
+  if (mode == "require" || mode == "verify-ca" || mode == "verify-full") return false;
+  const auto staysHere = [](const std::string& host) {
+    return host.empty() || host.front() == '/' || host.front() == '@' || isLoopback(host);
+  };
+  return !librarysOwn("hostaddr").empty() || !std::ranges::all_of(servers.hosts, staysHere);
+}
+
+using Options = std::vector<std::pair<const char*, std::string>>;
+
+Options optionsOf(const ConnectionString& where, const Login& login, const std::string& database) {
+  Options given;
   for (const auto& [keyword, theirs] : kKeywords) {
     if (!where.value(keyword).empty()) given.emplace_back(theirs, where.value(keyword));
-  }
-  if (where.value("Server").empty() && where.value("Socket").empty()) {
-    given.emplace_back("host", "127.0.0.1");
   }
   given.emplace_back("dbname", database);
   given.emplace_back("user", login.user);
@@ -103,18 +156,61 @@ PostgresqlHandle connect(const ConnectionString& where, const Login& login,
   given.emplace_back("client_encoding", "UTF8");
   given.emplace_back("options", kSettings);
   for (auto& option : keepAliveOptions(where)) given.push_back(std::move(option));
-  std::vector<const char*> keywords, values;
+  return given;
+}
+
+PGconn* begin(PGconn* (*how)(const char* const*, const char* const*, int), const Options& given,
+              const Servers& servers) {
+  const std::string hosts = joined(servers.hosts), ports = joined(servers.ports);
+  std::vector<const char*> keywords{"host", "port"}, values{hosts.c_str(), ports.c_str()};
   for (const auto& [keyword, value] : given) {
     keywords.push_back(keyword);
     values.push_back(value.c_str());
   }
   keywords.push_back(nullptr);
   values.push_back(nullptr);
-  PostgresqlHandle handle(PQconnectdbParams(keywords.data(), values.data(), 0));
+  return how(keywords.data(), values.data(), 0);
+}
+
+/// The library's own login in steps. Without its clock, which only the whole has: a server that is
+/// silent for too long is left out.
+PostgresqlHandle connectGuarded(const Options& given, Servers servers,
+                                const std::string& database) {
+  for (;;) {
+    PostgresqlHandle handle(begin(PQconnectStartParams, given, servers));
+    const LoginEnd end = endGuarded(handle.get());
+    if (end == LoginEnd::Told) return handle;
+    const std::string host = PQhost(handle.get());
+    const std::string cannot = "cannot connect to the database '" + database + "' at " + host;
+    if (end == LoginEnd::AskedForText) {
+      raiseConnectionFailed(
+          cannot +
+              ": the server asks for the password as text, and it was not sent, because others "
+              "could read it; write SslMode=verify-full, or let the server ask for scram-sha-256",
+          {{}, 0, "28000"});
+    }
+    if (end == LoginEnd::Garbled) {
+      raiseConnectionFailed(cannot + ": what answers there does not speak PostgreSQL's protocol",
+                            {{}, 0, "08P01"});
+    }
+    servers.goPast(host);
+    if (servers.hosts.empty()) {
+      raiseConnectionFailed(cannot + ": timeout expired", {{}, 0, "08001"});
+    }
+  }
+}
+
+PostgresqlHandle connect(const ConnectionString& where, const Login& login,
+                         const std::string& database) {
+  const Options given = optionsOf(where, login, database);
+  const Servers servers = serversIn(where);
+  const bool guarded = needsGuard(where, servers);
+  PostgresqlHandle handle = guarded ? connectGuarded(given, servers, database)
+                                    : PostgresqlHandle(begin(PQconnectdbParams, given, servers));
   if (PQstatus(handle.get()) == CONNECTION_OK) return handle;
   std::string text(trimmedBlanks(PQerrorMessage(handle.get())));
   while (!text.empty() && text.back() == '\n') text.pop_back();
-  const std::string state = stateOfRefusal(handle.get());
+  const std::string state = stateOfRefusal(handle.get(), guarded);
   if (PQstatus(handle.get()) == CONNECTION_OK) return handle;
   if (state == kNoSuchDatabase) text += "; run \"kt7hr init\" to create it";
   raiseConnectionFailed("cannot connect to the database '" + database + "': " + text,
