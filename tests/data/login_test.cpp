@@ -167,14 +167,14 @@ class TlsTest : public DataTest {
     try {
       const auto connection = createConnection();
       connection->Open(options + ";" + where);  // the first of a keyword counts
-      encrypted_ =
-          askOne(*connection,
-                 postgresql() ? "SELECT CASE WHEN ssl THEN 'x' ELSE '' END FROM pg_stat_ssl "
-                                "WHERE pid = pg_backend_pid()"
-                              : "SELECT VARIABLE_VALUE FROM information_schema.session_status "
-                                "WHERE VARIABLE_NAME='SSL_CIPHER'",
-                 {})
-              .joinedText() != "";
+      encrypted_ = !askOne(*connection,
+                           postgresql() ? "SELECT CASE WHEN ssl THEN 'x' END FROM pg_stat_ssl "
+                                          "WHERE pid = pg_backend_pid()"
+                                        : "SELECT NULLIF(VARIABLE_VALUE,'') FROM "
+                                          "information_schema.session_status WHERE "
+                                          "VARIABLE_NAME='SSL_CIPHER'",
+                           {})
+                        .isNull();
     } catch (const Error& error) {
       return error.what();
     }

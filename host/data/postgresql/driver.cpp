@@ -181,7 +181,8 @@ PostgresqlHandle connectGuarded(const Options& given, Servers servers,
     const LoginEnd end = endGuarded(handle.get());
     if (end == LoginEnd::Told) return handle;
     const std::string host = PQhost(handle.get());
-    const std::string cannot = "cannot connect to the database '" + database + "' at " + host;
+    std::string cannot = "cannot connect to the database '";
+    cannot.append(database).append("' at ").append(host);
     if (end == LoginEnd::AskedForText) {
       raiseConnectionFailed(
           cannot +

@@ -73,13 +73,18 @@ class GuardedLogin {
   /// Waits until the library may go on. Anything but Told: it may not.
   LoginEnd allowStep(bool reads) {
     if (between_) return passOn(reads);
-    if (reads && PQstatus(connection_) == CONNECTION_AWAITING_RESPONSE &&
-        PQsslInUse(connection_) != 0) {
-      return lookAhead();
+    if (reads && PQsslInUse(connection_) != 0) {
+      if (PQstatus(connection_) == CONNECTION_AWAITING_RESPONSE) return lookAhead();
+      if (const SSL* const own = tls(); own != nullptr && SSL_pending(own) > 0) {
+        return LoginEnd::Told;  // no longer on the network
+      }
     }
     return waitFor(PQsocket(connection_), reads ? POLLIN : POLLOUT, until_) ? LoginEnd::Told
                                                                             : LoginEnd::TimedOut;
   }
+
+  /// Null where the library encrypts by another one than OpenSSL.
+  SSL* tls() const { return static_cast<SSL*>(PQsslStruct(connection_, "OpenSSL")); }
 
   LoginEnd passOn(bool reads) {
     if (!between_->sendOn(until_)) between_->close();
@@ -114,14 +119,14 @@ class GuardedLogin {
     // As much as the library surely has room for: what it reads is what was looked at.
     constexpr std::size_t kMost = 8192;
     std::array<char, kMost + 1> record;
-    auto* const tls = static_cast<SSL*>(PQsslStruct(connection_, "OpenSSL"));
-    if (tls == nullptr) return LoginEnd::AskedForText;  // nobody knows what it asks for
+    SSL* const own = tls();
+    if (own == nullptr) return LoginEnd::AskedForText;  // nobody knows what it asks for
     for (;;) {
       ERR_clear_error();
-      const int got = SSL_peek(tls, record.data(), static_cast<int>(record.size()));
+      const int got = SSL_peek(own, record.data(), static_cast<int>(record.size()));
       if (got > static_cast<int>(kMost)) return LoginEnd::Garbled;
       if (got > 0) return toldBy(words_.hear({record.data(), static_cast<std::size_t>(got)}));
-      if (SSL_get_error(tls, got) != SSL_ERROR_WANT_READ) return LoginEnd::Told;
+      if (SSL_get_error(own, got) != SSL_ERROR_WANT_READ) return LoginEnd::Told;
       if (!waitFor(PQsocket(connection_), POLLIN, until_)) return LoginEnd::TimedOut;
     }
   }
