@@ -1,10 +1,10 @@
 #include "json_values.h"
 
-#include <charconv>
 #include <cmath>
 #include <limits>
 
 #include <kt7/error.h>
+#include "base/number_text.h"
 #include "base/text.h"
 #include "protocol_error.h"
 
@@ -121,13 +121,7 @@ Json toJson(Date date) {
   return text;
 }
 
-Json toJson(float number) {
-  char digits[64];
-  const auto written = std::to_chars(digits, digits + sizeof digits, number);
-  double readBack = 0;
-  std::from_chars(digits, written.ptr, readBack);
-  return readBack;
-}
+Json toJson(float number) { return widened(number); }
 
 std::string jsonText(const Json& json, bool indented) {
   return json.dump(indented ? 2 : -1, ' ', false, Json::error_handler_t::replace);

@@ -1,8 +1,6 @@
 #include "payroll/rules/input.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <optional>
 #include <set>
 #include <stdexcept>
@@ -10,6 +8,7 @@
 
 #include <kt7/error.h>
 #include <kt7/payroll/slip.h>
+#include "base/number_text.h"
 #include "base/text.h"
 #include "payroll/facts/satang.h"
 #include "payroll/facts/slip_period.h"
@@ -33,9 +32,7 @@ std::optional<double> numberIn(const std::string& text, const char* column) {
   const std::string_view trimmed = trimmedBlanks(text);
   if (trimmed.empty()) return std::nullopt;
   double number = 0;
-  const char* end = trimmed.data() + trimmed.size();
-  const auto [read, error] = std::from_chars(trimmed.data(), end, number, std::chars_format::fixed);
-  if (error != std::errc() || read != end || !std::isfinite(number)) {
+  if (!readPlainNumber(trimmed, number, std::chars_format::fixed)) {
     throw BadRow(std::string(column) + " '" + text + "' is not a number");
   }
   return number;

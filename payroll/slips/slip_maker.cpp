@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/arithmetic.h"
+#include "base/number_text.h"
 #include "payroll/facts/pay_sums.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/rules/deductions.h"
@@ -171,8 +172,7 @@ void SlipMaker::addTax(const SlipOrder& order, Slip& slip) {
                              slip.payDate, before.socialSecurity + month.socialSecurity);
   // Too much withheld earlier in the year is not paid back by the slip.
   slip.add(kind::kTax, Counts::Deduction,
-           stillDue(rounded(static_cast<double>(tax), services_.utility),
-                    order.closing->restOfMonth.tax));
+           stillDue(rounded(widened(tax), services_.utility), order.closing->restOfMonth.tax));
 }
 
 }  // namespace kt7::payroll

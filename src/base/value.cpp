@@ -1,10 +1,8 @@
 #include <kt7/value.h>
 
-#include <charconv>
-#include <cmath>
-
 #include <kt7/error.h>
 #include "base/arithmetic.h"
+#include "base/number_text.h"
 #include "base/text.h"
 
 namespace kt7 {
@@ -19,18 +17,6 @@ template <class... Ts>
 Overloaded(Ts...) -> Overloaded<Ts...>;
 
 [[noreturn]] void raiseNullUsed() { raiseTypeMismatch("a null where a value is needed"); }
-
-double numberOfText(const std::string& text) {
-  std::string_view digits = trimmedBlanks(text);
-  if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
-  double number = 0;
-  const auto [end, code] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (code == std::errc::result_out_of_range) raiseOverflow();
-  if (code != std::errc{} || end != digits.data() + digits.size() || !std::isfinite(number)) {
-    raiseTypeMismatch("'" + text + "' is not a number");
-  }
-  return number;
-}
 
 Date dateOfText(const std::string& text) {
   Date date;
@@ -52,7 +38,7 @@ double Value::toDouble() const {
                                [](bool value) { return value ? -1.0 : 0.0; },
                                [](Currency value) { return value.toDouble(); },
                                [](Date value) { return value.serial(); },
-                               [](const std::string& value) { return numberOfText(value); },
+                               [](const std::string& value) { return automationNumber(value); },
                                [](auto number) { return static_cast<double>(number); }},
                     storage_);
 }
@@ -71,6 +57,7 @@ std::int32_t Value::toInt32() const { return kt7::toInt32(toDouble()); }
 Currency Value::toCurrency() const {
   if (const auto* money = std::get_if<Currency>(&storage_)) return *money;
   if (const auto* whole = std::get_if<std::int64_t>(&storage_)) return Currency::fromWhole(*whole);
+  if (const auto* text = std::get_if<std::string>(&storage_)) return automationAmount(*text);
   return Currency::fromDouble(toDouble());
 }
 
@@ -83,7 +70,7 @@ Date Value::toDate() const {
 std::string Value::toText() const {
   return std::visit(Overloaded{[](Null) -> std::string { raiseNullUsed(); },
                                [](bool value) { return std::string(value ? "True" : "False"); },
-                               [](double value) { return shortestText(value); },
+                               [](double value) { return kt7::joinedText(value); },
                                [](Currency value) {
                                  std::string text = value.toText();
                                  text.erase(text.find_last_not_of('0') + 1);

@@ -7,6 +7,7 @@
 #include <kt7/error.h>
 #include <kt7/value.h>
 #include "base/arithmetic.h"
+#include "base/number_text.h"
 #include "base/text.h"
 #include "support/raises.h"
 
@@ -128,26 +129,61 @@ TEST(Value, ConvertsByTheAutomationRules) {
   EXPECT_EQ(Value("  7.5 ").toInt16(), 8);
   EXPECT_EQ(Value(true).toDouble(), -1);
   EXPECT_EQ(Value(Currency::fromText("12.3400")).joinedText(), "12.34");
-  EXPECT_EQ(Value(0.1).joinedText(), "0.1");
-  EXPECT_EQ(Value(1e20).joinedText(), "100000000000000000000");
   EXPECT_EQ(Value(Date::fromIsoText("2026-03-01")).joinedText(), "1/3/2026");
   EXPECT_EQ(Value("2026-03-01").toDate(), Date::fromYmd(2026, 3, 1));
   EXPECT_EQ(Value("1/3/2026").toDate(), Date::fromYmd(2026, 3, 1));
   EXPECT_EQ(Value(std::int64_t{922337203685477}).toCurrency().toText(), "922337203685477.0000");
+  EXPECT_EQ(Value("-922,337,203,685,477.58075").toCurrency().toText(), "-922337203685477.5808");
+  EXPECT_EQ(Value("(1.5e2)").toCurrency().toText(), "-150.0000");
   EXPECT_EQ(Value().joinedText(), "");
-  const struct {
-    Value value;
-    const char* asNumber;
-  } failures[] = {{Value(), "type mismatch"},
-                  {Value("x"), "type mismatch"},
-                  {Value(""), "type mismatch"},
-                  {Value("nan"), "type mismatch"},
-                  {Value(40000.0), "overflow"}};
-  for (const auto& [value, kind] : failures) {
-    EXPECT_EQ(raised([&] { value.toInt16(); }), kind);
-  }
+  EXPECT_EQ(raised([] { Value().toInt16(); }), "type mismatch");
+  EXPECT_EQ(raised([] { Value(40000.0).toInt16(); }), "overflow");
   EXPECT_EQ(raised([] { Value().toText(); }), "type mismatch");
   EXPECT_EQ(raised([] { Value("soon").toDate(); }), "type mismatch");
+}
+
+TEST(Value, ReadsATextAsANumber) {
+  const std::pair<const char*, double> cases[] = {{"1,000", 1000},
+                                                  {"-1,234,567.89", -1234567.89},
+                                                  {" +3\t", 3},
+                                                  {"- 3", -3},
+                                                  {"3 -", -3},
+                                                  {"( 3 )", -3},
+                                                  {"1.5E+2", 150},
+                                                  {".5", 0.5},
+                                                  {"&H1f", 31},
+                                                  {"-&hFF", -255},
+                                                  {"&O17", 15},
+                                                  {"1e-400", 0},
+                                                  {"&HFFFFFFFF", 4294967295.0}};
+  for (const auto& [text, number] : cases) EXPECT_EQ(Value(text).toDouble(), number) << text;
+  for (const char* text :
+       {"",    " ",  "x",    "nan", "inf", "1 2", "1,",  ",1",   "1.2,3", "--3",
+        "-3-", "()", "(-3)", "&",   "&H",  "&HG", "&O8", "& H1", "0x10",  "1e"}) {
+    EXPECT_EQ(raised([&] { Value(text).toDouble(); }), "type mismatch") << text;
+    EXPECT_EQ(raised([&] { Value(text).toCurrency(); }), "type mismatch") << text;
+  }
+  for (const char* text : {"1e400", "&H10000000000000000"}) {
+    EXPECT_EQ(raised([&] { Value(text).toDouble(); }), "overflow") << text;
+  }
+}
+
+TEST(Value, JoinsADoubleWithItsFifteenDigits) {
+  const std::pair<double, const char*> cases[] = {{0.1 + 0.2, "0.3"},
+                                                  {1.0 / 3, "0.333333333333333"},
+                                                  {123456789012345, "123456789012345"},
+                                                  {1e20, "1E+20"},
+                                                  {-2.5e-7, "-2.5E-07"},
+                                                  {-0.0, "0"},
+                                                  {100000.0, "100000"},
+                                                  {0.0001, "0.0001"}};
+  for (const auto& [value, text] : cases) EXPECT_EQ(Value(value).joinedText(), text);
+}
+
+TEST(NumberText, ASingleWidensToTheNumberItShows) {
+  for (const double shown : {104.3, -0.1, 16777216.0, 0.0, 3.4e38, 1e-45}) {
+    EXPECT_EQ(widened(static_cast<float>(shown)), shown);
+  }
 }
 
 TEST(Text, CutsByCharactersOfSixteenBitsAndNeverThroughOne) {

@@ -1,10 +1,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <iostream>
 
-#include "base/text.h"
+#include "base/number_text.h"
 #include "command.h"
 #include "fronts/cli/line/open_company.h"
 #include "fronts/common/nearest_name.h"
@@ -23,10 +22,7 @@ struct SettingOptions {
 /// The number that the whole text writes in plain decimals; null for any other text.
 Value numberIn(const std::string& text) {
   double number = 0;
-  const auto [end, code] =
-      std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-  const bool plain = text.find_first_not_of("-.0123456789") == std::string::npos;
-  return plain && code == std::errc{} && end == text.data() + text.size() ? Value(number) : Value();
+  return readPlainNumber(text, number, std::chars_format::fixed) ? Value(number) : Value();
 }
 
 /// On the row of that key, or on a new one. The key is compared here, so that it may hold any

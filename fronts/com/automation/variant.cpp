@@ -4,6 +4,7 @@
 
 #include <kt7/error.h>
 #include "base/arithmetic.h"
+#include "base/number_text.h"
 #include "fronts/com/automation/text.h"
 
 namespace kt7::automation {
@@ -198,7 +199,7 @@ Value toValue(const VARIANT& variant) {
     case VT_UI8:
       return fromUnsigned(variant.ullVal);
     case VT_R4:
-      return static_cast<double>(variant.fltVal);
+      return widened(variant.fltVal);
     case VT_R8:
       return variant.dblVal;
     case VT_CY:

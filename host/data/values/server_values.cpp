@@ -1,9 +1,9 @@
 #include "host/data/values/server_values.h"
 
-#include <charconv>
 #include <cmath>
 
 #include <kt7/error.h>
+#include "base/number_text.h"
 
 namespace kt7::data {
 
@@ -12,20 +12,10 @@ namespace {
 constexpr std::size_t kMoneyDecimals = 4;
 constexpr std::size_t kPlainLength = 18;  // a longer text may be beyond an amount: read with care
 
-std::string shortest(double number) {
-  char buffer[32];
-  const auto result = std::to_chars(std::begin(buffer), std::end(buffer), number);
-  return {std::begin(buffer), result.ptr};
-}
-
 template <typename Number>
 Number parsed(std::string_view text) {
   Number number{};
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size() ||
-      !std::isfinite(static_cast<double>(number))) {
-    raiseNoNumber(text);
-  }
+  if (!readPlainNumber(text, number)) raiseNoNumber(text);
   return number;
 }
 
@@ -89,7 +79,7 @@ Stored storedAsDouble(const Value& value, ColumnKind kind) {
 
 std::string serverText(const Stored& value) {
   if (const auto* whole = std::get_if<std::int64_t>(&value)) return std::to_string(*whole);
-  if (const auto* number = std::get_if<double>(&value)) return shortest(*number);
+  if (const auto* number = std::get_if<double>(&value)) return compactText(*number);
   if (const auto* money = std::get_if<Currency>(&value)) return money->toText();
   if (const auto* text = std::get_if<std::string>(&value)) return *text;
   return {};
@@ -157,17 +147,14 @@ void setReal(Cell& cell, std::string_view text) {
 }
 
 bool setNumber(Cell& cell, std::string_view text) {
-  const char* const end = text.data() + text.size();
   std::int64_t whole = 0;
-  if (const auto read = std::from_chars(text.data(), end, whole);
-      read.ec == std::errc() && read.ptr == end) {
+  if (readPlainNumber(text, whole)) {
     cell.storage = Cell::Storage::Integer;
     cell.integer = whole;
     return true;
   }
   double number = 0;
-  const auto read = std::from_chars(text.data(), end, number);
-  if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) return false;
+  if (!readPlainNumber(text, number)) return false;
   cell.storage = Cell::Storage::Real;
   cell.real = number;
   return true;

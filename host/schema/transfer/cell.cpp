@@ -1,11 +1,10 @@
 #include "host/schema/transfer/cell.h"
 
-#include <charconv>
-#include <cmath>
 #include <cstdint>
 #include <limits>
 
 #include <kt7/error.h>
+#include "base/number_text.h"
 #include "base/text.h"
 #include "host/csv/reader.h"
 
@@ -17,13 +16,6 @@ using Cell = std::variant<Value, CellProblem>;
 constexpr std::size_t kMostShown = 40;
 constexpr std::size_t kDecimalsOfMoney = 4;
 constexpr std::size_t kDateTextLength = 10;  // yyyy-mm-dd
-
-template <typename Number>
-bool parsed(const std::string& cell, Number& out) {
-  const char* end = cell.data() + cell.size();
-  const auto [stop, error] = std::from_chars(cell.data(), end, out);
-  return error == std::errc() && stop == end;
-}
 
 Cell readText(const Column& column, const std::string& cell) {
   if (!csv::isValidText(cell)) return CellProblem{"is not UTF-8 text"};
@@ -39,7 +31,7 @@ Cell readText(const Column& column, const std::string& cell) {
 template <typename Number>
 Cell readWhole(const std::string& cell) {
   Number number = 0;
-  if (parsed(cell, number)) return Value(number);
+  if (readPlainNumber(cell, number)) return Value(number);
   return CellProblem{"is not a whole number from " +
                      std::to_string(std::numeric_limits<Number>::min()) + " to " +
                      std::to_string(std::numeric_limits<Number>::max())};
@@ -47,7 +39,7 @@ Cell readWhole(const std::string& cell) {
 
 Cell readNumber(const std::string& cell) {
   double number = 0;
-  if (parsed(cell, number) && std::isfinite(number)) return Value(number);
+  if (readPlainNumber(cell, number)) return Value(number);
   return CellProblem{"is not a number"};
 }
 

@@ -1,9 +1,7 @@
 #include "host/schema/transfer/dump.h"
 
-#include <array>
-#include <charconv>
-
 #include <kt7/error.h>
+#include "base/number_text.h"
 #include "host/schema/transfer/sha256.h"
 #include "host/schema/transfer/table_reader.h"
 
@@ -12,13 +10,8 @@ namespace {
 
 constexpr std::string_view kNull = "\\N";
 
-std::string numberText(double number) {
-  std::array<char, 32> buffer{};
-  // A zero has no sign here.
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), number == 0 ? 0.0 : number).ptr;
-  return {buffer.data(), end};
-}
+// A zero has no sign here.
+std::string numberText(double number) { return compactText(number == 0 ? 0.0 : number); }
 
 std::string escaped(const std::string& text) {
   std::string result;
