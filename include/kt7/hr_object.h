@@ -1,8 +1,6 @@
 #pragma once
 
-#include <memory>
-
-#include <kt7/contract/platform.h>
+#include <kt7/contract/collaborators.h>
 #include <kt7/export.h>
 #include <kt7/hr_interface.h>
 
@@ -163,15 +161,13 @@ class KT7_API HRObject : public _HRObject {
 
  private:
   _HRObject& self() { return outer_ != nullptr ? *outer_ : *this; }
-  UtilityObject& utility();
-  DataTool& dataTool();
-  SettingStore& settings();
+  UtilityObject& utility() { return collaborators_.utility(); }
+  DataTool& dataTool() { return collaborators_.dataTool(); }
+  SettingStore& settings() { return collaborators_.settings(); }
 
   Platform& platform_;
   _HRObject* outer_;
-  std::unique_ptr<UtilityObject> utility_;
-  std::unique_ptr<DataTool> dataTool_;
-  std::unique_ptr<SettingStore> settings_;
+  Collaborators collaborators_{platform_};
 };
 
 }  // namespace kt7

@@ -28,7 +28,12 @@ const char* tokenColumn(KT7HRAccessLevel level) {
 }
 
 std::string visibleTypes(int32_t userID, const std::string& connectionString,
-                         const char* neededToken, Platform& platform, UtilityObject& utility) {
+                         const char* neededToken, Platform& platform, Collaborators& with) {
+  const auto counts = [&](ado::Recordset& row, const std::string& typeCode) {
+    if (neededToken == nullptr) return true;
+    const std::string token = row.get(neededToken).joinedText();
+    return token == permissionToken(userID, typeCode, with.utility());
+  };
   std::string list = " TEmTCode=''";  // never true: a user without rows sees nothing
   OpenRecordset rows(
       platform,
@@ -38,10 +43,7 @@ std::string visibleTypes(int32_t userID, const std::string& connectionString,
       connectionString);
   for (; !rows->Eof(); rows->MoveNext()) {
     const std::string typeCode = rows->get("TUETTEmTCode").joinedText();
-    if (neededToken == nullptr ||
-        rows->get(neededToken).joinedText() == permissionToken(userID, typeCode, utility)) {
-      orElse(list, " TEmTCode='" + typeCode + "'");
-    }
+    if (counts(*rows, typeCode)) orElse(list, " TEmTCode='" + typeCode + "'");
   }
   rows.close();
   return list;
@@ -102,7 +104,8 @@ std::string HRObject::HRFilterAccessLevel4(int32_t UserID, const std::string& /*
   std::string filter;
   const char* neededToken = tokenColumn(CheckAdminLevel);
   if (!hasRight("HRMASTERALLTYPE") || neededToken != nullptr) {
-    also(filter, visibleTypes(UserID, DataconnectionString, neededToken, platform_, utility()));
+    also(filter,
+         visibleTypes(UserID, DataconnectionString, neededToken, platform_, collaborators_));
   }
   const std::string typeColumn = upperCase(FieldTypeName);
   if (!typeColumn.empty()) filter = replaceAll(filter, "TEmTCode", typeColumn);

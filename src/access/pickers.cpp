@@ -76,9 +76,12 @@ std::string HRObject::SelectEmployee4(DataObj& dataObj, AppObj& appObj, ClientOb
                                       const std::string& AdditionFilter) {
   std::string where;
   if (DoFilterPermission) {
-    const std::string allowed = self().HRFilterAccessLevel2(
-        clientObj.CurrentUserID(), clientObj.CurrentBranchCode(), dataObj.ConnectionString(),
-        appObj.AppDatabaseConnectionString(), FieldTypeName, CheckAdminLevel);
+    const int32_t user = clientObj.CurrentUserID();
+    const std::string branch = clientObj.CurrentBranchCode();
+    const std::string data = dataObj.ConnectionString();
+    const std::string application = appObj.AppDatabaseConnectionString();
+    const std::string allowed = self().HRFilterAccessLevel2(user, branch, data, application,
+                                                            FieldTypeName, CheckAdminLevel);
     if (!allowed.empty()) where = " AND " + allowed;
   }
   if (ShowActiveOnly) {

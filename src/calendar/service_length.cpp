@@ -27,10 +27,10 @@ namespace {
 constexpr int16_t kMonthsPerYear = 12;
 constexpr const char* kNoService = "0-0-0";
 
-int16_t serviceNumber(const std::string& service, std::size_t piece, UtilityObject& utility) {
+int16_t serviceNumber(const std::string& service, std::size_t piece, Collaborators& with) {
   const std::vector<std::string> pieces = split(service, '-');
   if (piece >= pieces.size()) raiseSubscript();
-  return utility.TextToInteger(pieces[piece], true);
+  return with.utility().TextToInteger(pieces[piece], true);
 }
 
 }  // namespace
@@ -49,13 +49,15 @@ std::string HRObject::CountWorkDayString(DataObj& dataObj, const std::string& Em
                                 EmployeeCode + "' ORDER BY TEmpCode",
                             dataObj.DatabaseType());
   dataObj.OpenConnection();
+  ado::Connection& connection = dataObj.Connection();
   const std::unique_ptr<ado::Recordset> employee = platform_.createRecordset();
-  employee->Open(sql, dataObj.Connection(), ado::kStatic, ado::kReadOnly, ado::kUnspecified);
+  employee->Open(sql, connection, ado::kStatic, ado::kReadOnly, ado::kUnspecified);
   std::string service = kNoService;
   if (!employee->Eof()) {
-    const Value signDate = employee->get("TEmpSignDate");
-    if (!signDate.isNull() && !utility().IsBlankDate(signDate.toDate())) {
-      service = self().DateDifText(signDate.toDate(), iDate);
+    const Value stored = employee->get("TEmpSignDate");
+    if (!stored.isNull()) {
+      const Date signDate = stored.toDate();
+      if (!utility().IsBlankDate(signDate)) service = self().DateDifText(signDate, iDate);
     }
   }
   dataObj.CloseConnection();
@@ -65,15 +67,15 @@ std::string HRObject::CountWorkDayString(DataObj& dataObj, const std::string& Em
 int16_t HRObject::CountWorkCompletedMonth(DataObj& dataObj, const std::string& EmployeeCode,
                                           Date iDate) {
   const std::string service = self().CountWorkDayString(dataObj, EmployeeCode, iDate);
-  const int16_t years = serviceNumber(service, 0, utility());
-  const int16_t months = serviceNumber(service, 1, utility());
+  const int16_t years = serviceNumber(service, 0, collaborators_);
+  const int16_t months = serviceNumber(service, 1, collaborators_);
   return add16(multiply16(years, kMonthsPerYear), months);
 }
 
 int16_t HRObject::CountWorkCompletedYear(DataObj& dataObj, const std::string& EmployeeCode,
                                          Date iDate) {
   const std::string service = self().CountWorkDayString(dataObj, EmployeeCode, iDate);
-  return serviceNumber(service, 0, utility());
+  return serviceNumber(service, 0, collaborators_);
 }
 
 }  // namespace kt7

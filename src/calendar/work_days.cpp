@@ -20,15 +20,15 @@ bool marksWeekday(std::string_view pattern, int weekday) {
 
 namespace {
 
-std::string branchCode(const std::string& branch, SettingStore& settings, DataObj& dataObj) {
+std::string branchCode(const std::string& branch, Collaborators& with, DataObj& dataObj) {
   if (branch != "HEADOFFICE" && !branch.empty()) return branch;
-  return settings.GetHeadOfficeBranchCode(dataObj);
+  return with.settings().GetHeadOfficeBranchCode(dataObj);
 }
 
 }  // namespace
 
 bool HRObject::ISWorkDay(Date iDate, DataObj& dataObj, const std::string& Branhcode) {
-  const std::string branch = branchCode(Branhcode, settings(), dataObj);
+  const std::string branch = branchCode(Branhcode, collaborators_, dataObj);
   const std::string pattern = dataTool().LookupText("", 0, 0, "TBraCode", branch, "TBraHolidayList",
                                                     "KT7TBranch", dataObj.ConnectionString());
   // Intended: a weekday that the pattern marks answers true, although the name says work day.
@@ -36,10 +36,11 @@ bool HRObject::ISWorkDay(Date iDate, DataObj& dataObj, const std::string& Branhc
 }
 
 bool HRObject::ISOfficeHoliday2(Date iDate, DataObj& dataObj, const std::string& Branhcode) {
-  const std::string branch = branchCode(Branhcode, settings(), dataObj);
+  const std::string branch = branchCode(Branhcode, collaborators_, dataObj);
+  const std::string date = dateLiteral(utility().SqlDateText(iDate));
   const std::string sql = dataTool().PrepareSql(
       "SELECT COUNT(TEHdHolidayDate) as TEHdHolidayDate FROM KT7TEmpHoliday WHERE TEhdTBraCode='" +
-          branch + "' AND TEHdHolidayDate=" + dateLiteral(utility().SqlDateText(iDate)),
+          branch + "' AND TEHdHolidayDate=" + date,
       dataObj.DatabaseType());
   return dataTool().QueryNumber("TEHdHolidayDate", sql, dataObj.ConnectionString()) > 0;
 }

@@ -10,8 +10,9 @@ namespace kt7 {
 namespace {
 
 std::string listItem(ado::Recordset& leaveType, bool nameOnly) {
-  const std::string name = leaveType.get("TLvtName").joinedText();
-  return nameOnly ? name : "Leave" + leaveType.get("TLvtCode").joinedText() + ";" + name;
+  if (nameOnly) return leaveType.get("TLvtName").joinedText();
+  const std::string code = leaveType.get("TLvtCode").joinedText();
+  return "Leave" + code + ";" + leaveType.get("TLvtName").joinedText();
 }
 
 /// Intended: a leave type that cannot be read is left out and the list goes on.
@@ -41,11 +42,12 @@ std::string HRObject::GetLeaveName(const std::string& ConnectionString, bool Nam
 }
 
 int16_t HRObject::GetEmployeeLeaveYear(DataObj& dataObj, Date iDate) {
-  const std::string date = dateLiteral(utility().SqlDateText(iDate));
-  const std::string sql =
-      dataTool().PrepareSql("SELECT TLPDID FROM KT7TEmpLeavePeriod WHERE TLPDStartDate<=" + date +
-                                " AND TLPDEndDate >=" + date,
-                            dataObj.DatabaseType());
+  const std::string startsBy = dateLiteral(utility().SqlDateText(iDate));
+  const std::string endsFrom = dateLiteral(utility().SqlDateText(iDate));
+  const std::string sql = dataTool().PrepareSql(
+      "SELECT TLPDID FROM KT7TEmpLeavePeriod WHERE TLPDStartDate<=" + startsBy +
+          " AND TLPDEndDate >=" + endsFrom,
+      dataObj.DatabaseType());
   return toInt16(dataTool().QueryDouble("TLPDID", sql, dataObj.ConnectionString()));
 }
 

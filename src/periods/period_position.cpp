@@ -32,7 +32,8 @@ int16_t HRObject::IsFirstPeriodOfMonthTR(const std::string& TSAPTEmTCode, Date T
   OpenRecordset periods(platform_, sql, dataObj.Connection());
   int16_t answer = kYes;
   if (!periods->Eof()) {
-    const int16_t number = utility().TextToInteger(periods->get("TSaPPeriodNo").joinedText(), true);
+    const std::string text = periods->get("TSaPPeriodNo").joinedText();
+    const int16_t number = utility().TextToInteger(text, true);
     answer = number <= 1 ? kYes : kNo;
   }
   periods.close();
@@ -49,10 +50,10 @@ int16_t HRObject::IsFirstPeriodOfYear(const std::string& TSAPTEmTCode, Date TSAP
 
 int16_t HRObject::IsFirstPeriodOfYearTR(const std::string& TSAPTEmTCode, Date TSAPDate,
                                         DataObj& dataObj) {
-  const std::string sql =
-      dataTool().PrepareSql("SELECT TSAPDate" + ofTypeAndYear(TSAPTEmTCode, TSAPDate) +
-                                " AND TSAPDate<" + dateLiteral(utility().SqlDateText(TSAPDate)),
-                            dataObj.DatabaseType());
+  const std::string date = dateLiteral(utility().SqlDateText(TSAPDate));
+  const std::string sql = dataTool().PrepareSql(
+      "SELECT TSAPDate" + ofTypeAndYear(TSAPTEmTCode, TSAPDate) + " AND TSAPDate<" + date,
+      dataObj.DatabaseType());
   OpenRecordset earlier(platform_, sql, dataObj.Connection());
   const int16_t answer = earlier->Eof() ? kYes : kNo;
   earlier.close();

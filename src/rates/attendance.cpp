@@ -74,9 +74,8 @@ int16_t HRObject::UpdateEmpActiveAmassTR(int16_t Status, int16_t IsActive,
   const std::string ofPeriod = verdictsOf(typeCode, EmployeeCode) + "=" + dateLiteral(dateText);
   int16_t run = 0;
   if (Status != 0) {
-    OpenRecordset verdict(platform_,
-                          dataTool().PrepareSql("SELECT *" + ofPeriod, dataObj.DatabaseType()),
-                          dataObj.Connection(), ado::kOptimistic);
+    const std::string sql = dataTool().PrepareSql("SELECT *" + ofPeriod, dataObj.DatabaseType());
+    OpenRecordset verdict(platform_, sql, dataObj.Connection(), ado::kOptimistic);
     if (verdict->Eof()) verdict->AddNew();
     verdict->set("TEAATSAPTEmTCode", typeCode);
     verdict->set("TEAATSaPDate", PeriodDate);

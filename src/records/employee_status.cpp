@@ -12,28 +12,25 @@ constexpr double kNotToBeAssigned = 1;
 /// The statements of one status run, on its own connection.
 class StatusRun {
  public:
-  StatusRun(Platform& platform, DataTool& dataTool, UtilityObject& utility, DataObj& dataObj,
-            ado::Connection& connection)
-      : platform_(platform),
-        dataTool_(dataTool),
-        utility_(utility),
-        dataObj_(dataObj),
-        connection_(connection) {}
+  StatusRun(Platform& platform, Collaborators& with, DataObj& dataObj, ado::Connection& connection)
+      : platform_(platform), with_(with), dataObj_(dataObj), connection_(connection) {}
 
   void moveStatuses() {
-    execute("UPDATE KT7TEmployee set TEmpFlag3=" + now() + ",TempStatus=4 WHERE TEmpResignDate<" +
-            today() + " and TEmpStatus=3");
-    execute("UPDATE KT7TEmployee set TEmpFlag3=" + now() +
-            ",TempStatus=3 WHERE TEmpResignDate>=" + today() + " and TEmpStatus=4");
+    std::string moment = now();
+    std::string day = today();
+    execute("UPDATE KT7TEmployee set TEmpFlag3=" + moment + ",TempStatus=4 WHERE TEmpResignDate<" +
+            day + " and TEmpStatus=3");
+    moment = now();
+    day = today();
+    execute("UPDATE KT7TEmployee set TEmpFlag3=" + moment +
+            ",TempStatus=3 WHERE TEmpResignDate>=" + day + " and TEmpStatus=4");
   }
 
   void refreshGroups() {
-    OpenRecordset employees(
-        platform_,
-        prepared("SELECT * FROM Kt7TEmployee WHERE (TEmpStatus <=3 or (TEmpStatus>3 AND "
-                 "TEmpResignDate>" +
-                 today() + ")) ORDER BY TEmpCode"),
-        connection_);
+    const std::string sql = prepared(
+        "SELECT * FROM Kt7TEmployee WHERE (TEmpStatus <=3 or (TEmpStatus>3 AND TEmpResignDate>" +
+        today() + ")) ORDER BY TEmpCode");
+    OpenRecordset employees(platform_, sql, connection_);
     for (; !employees->Eof(); employees->MoveNext()) {
       refreshGroup(employees->get("TEmpCode").joinedText());
     }
@@ -42,32 +39,39 @@ class StatusRun {
 
  private:
   void refreshGroup(const std::string& employee) {
-    std::string group = dataTool_.LookupFieldText("", 0, 0, "TEmpCode", employee, "TEmGCode",
-                                                  assignments(), connection_);
-    if (dataTool_.LookupNumber("", 0, 0, "TEmpCode", employee, "TEgmStatus", assignments(),
-                               connection_) == kNotToBeAssigned) {
-      group.clear();
-    }
+    const std::string groups = assignments();
+    std::string group = with_.dataTool().LookupFieldText("", 0, 0, "TEmpCode", employee, "TEmGCode",
+                                                         groups, connection_);
+    const std::string groupsAgain = assignments();
+    const double status = with_.dataTool().LookupNumber("", 0, 0, "TEmpCode", employee,
+                                                        "TEgmStatus", groupsAgain, connection_);
+    if (status == kNotToBeAssigned) group.clear();
     execute("UPDATE KT7TEmployee Set TEmpFlag3=" + now() + ",TEmpTEMGCode='" + group +
             "'  WHERE TEmpCode='" + employee + "'");
   }
 
   std::string assignments() {
-    return prepared("KT7VEmployeeGroup WHERE TEGdDate<=" +
-                    dateLiteral(utility_.SqlShortDateText(platform_.now().datePart())) +
-                    " AND TEgdApproveStatus=1 AND TEgdCancelStatus=0 ORDER BY TEgdTime DESC");
+    const Date day = platform_.now().datePart();
+    return prepared(
+        "KT7VEmployeeGroup WHERE TEGdDate<=" + dateLiteral(with_.utility().SqlShortDateText(day)) +
+        " AND TEgdApproveStatus=1 AND TEgdCancelStatus=0 ORDER BY TEgdTime DESC");
   }
 
-  std::string now() { return dateLiteral(utility_.SqlDateTimeText(platform_.now(), 0)); }
-  std::string today() { return dateLiteral(utility_.SqlDateText(platform_.now().datePart())); }
+  std::string now() {
+    const Date moment = platform_.now();
+    return dateLiteral(with_.utility().SqlDateTimeText(moment, 0));
+  }
+  std::string today() {
+    const Date day = platform_.now().datePart();
+    return dateLiteral(with_.utility().SqlDateText(day));
+  }
   std::string prepared(const std::string& sql) {
-    return dataTool_.PrepareSql(sql, dataObj_.DatabaseType());
+    return with_.dataTool().PrepareSql(sql, dataObj_.DatabaseType());
   }
   void execute(const std::string& sql) { connection_.Execute(prepared(sql)); }
 
   Platform& platform_;
-  DataTool& dataTool_;
-  UtilityObject& utility_;
+  Collaborators& with_;
   DataObj& dataObj_;
   ado::Connection& connection_;
 };
@@ -76,7 +80,7 @@ class StatusRun {
 
 void HRObject::UpdateEmployeeStatus(DataObj& dataObj) {
   inOwnTransaction(platform_, dataObj, [&](ado::Connection& connection) {
-    StatusRun run(platform_, dataTool(), utility(), dataObj, connection);
+    StatusRun run(platform_, collaborators_, dataObj, connection);
     run.moveStatuses();
     run.refreshGroups();
   });

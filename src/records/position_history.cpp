@@ -36,21 +36,36 @@ class EmployeeLookups {
   const std::string& employee_;
 };
 
-void writeOrganisation(ado::Recordset& history, EmployeeLookups& employee) {
+/// Column by column: each is looked up and written before the next.
+void copyOrganisation(ado::Recordset& history, EmployeeLookups& employee) {
   history.set("TEHPBranch", employee.viewText("TBraName"));
   history.set("TEHPDivision", employee.viewText("TDivName"));
   history.set("TEHPDepartment", employee.viewText("TDepName"));
   history.set("TEHPSection", employee.viewText("TSecName"));
 }
 
-void writeEnd(ado::Recordset& history, double salary, double custom, Date now) {
-  history.set("TEHPSalary", salary);
-  history.set("TEHPCustom", custom);
+void writeEnd(ado::Recordset& history, Platform& platform) {
   history.set("TEHPDependCode", "");
   history.set("TEHPDependOn", "");
   history.set("TEHPFlag1", kInUse);
-  history.set("TEHPFlag3", now);
+  history.set("TEHPFlag3", platform.now());
   history.Update();
+}
+
+/// The snapshot of one employee: all of it is looked up before the first column is written.
+void writeSnapshot(ado::Recordset& history, EmployeeLookups& employee) {
+  const std::string position = employee.viewText("TPstName");
+  const std::string positionCode = employee.viewText("TEmpTPstCode");
+  const std::string branch = employee.viewText("TBraName");
+  const std::string division = employee.viewText("TDivName");
+  const std::string department = employee.viewText("TDepName");
+  const std::string section = employee.viewText("TSecName");
+  history.set("TEHPTPstCode", positionCode);
+  history.set("TEHPPosition", position);
+  history.set("TEHPBranch", branch);
+  history.set("TEHPDivision", division);
+  history.set("TEHPDepartment", department);
+  history.set("TEHPSection", section);
 }
 
 int32_t nextLine(double highest) {
@@ -77,9 +92,10 @@ int16_t HRObject::BackupBlankPostionTR(DataObj& dataObj, const std::string& TEmp
   history->set("TEHPLn", kFirstLine);
   history->set("TEHPPosition", employee.viewText("TPstName"));
   history->set("TEHPTPstCode", employee.viewText("TEmpTPstCode"));
-  writeOrganisation(*history, employee);
-  const double salary = employee.number("TEmpSalary");
-  writeEnd(*history, salary, employee.number("TEmpCustom"), platform_.now());
+  copyOrganisation(*history, employee);
+  history->set("TEHPSalary", employee.number("TEmpSalary"));
+  history->set("TEHPCustom", employee.number("TEmpCustom"));
+  writeEnd(*history, platform_);
   history.close();
   return kFirstLine;
 }
@@ -92,10 +108,11 @@ int16_t HRObject::UpdatePostionTR(DataObj& dataObj, const std::string& TEmpCode,
   const int32_t line = nextLine(dataTool().QueryValue(
       "A", "SELECT MAX(TEHPLn) as A FROM Kt7TEmpHisPosition WHERE TEHPTEmpCode='" + TEmpCode + "'",
       dataObj.Connection()));
-  const std::string sql = dataTool().PrepareSql(
-      "SELECT * FROM KT7TEmpHisPosition WHERE TEHPTEmpCode='" + TEmpCode +
-          "' AND TEHPStartDate=" + dateLiteral(utility().SqlDateText(StartDate)),
-      dataObj.DatabaseType());
+  const std::string startDate = dateLiteral(utility().SqlDateText(StartDate));
+  const std::string sql =
+      dataTool().PrepareSql("SELECT * FROM KT7TEmpHisPosition WHERE TEHPTEmpCode='" + TEmpCode +
+                                "' AND TEHPStartDate=" + startDate,
+                            dataObj.DatabaseType());
   OpenRecordset history(platform_, sql, dataObj.Connection(), ado::kOptimistic);
   if (history->Eof()) {
     history->AddNew();
@@ -105,11 +122,10 @@ int16_t HRObject::UpdatePostionTR(DataObj& dataObj, const std::string& TEmpCode,
   history->set("TEHPStartDate", StartDate);
   // Intended: the snapshot is the employee's stored record; the text arguments have no effect.
   EmployeeLookups employee(dataTool(), dataObj, TEmpCode);
-  const std::string position = employee.viewText("TPstName");
-  history->set("TEHPTPstCode", employee.viewText("TEmpTPstCode"));
-  history->set("TEHPPosition", position);
-  writeOrganisation(*history, employee);
-  writeEnd(*history, Salary, Custom, platform_.now());
+  writeSnapshot(*history, employee);
+  history->set("TEHPSalary", Salary);
+  history->set("TEHPCustom", Custom);
+  writeEnd(*history, platform_);
   history.close();
   return narrow16(line);
 }

@@ -27,8 +27,7 @@ constexpr Level kSection{"KT7TSection", "TSecCode", "TSecCode",
 
 struct Records {
   Platform& platform;
-  DataTool& dataTool;
-  SettingStore& settings;
+  Collaborators& collaborators;
   DataObj& dataObj;
 };
 
@@ -42,8 +41,8 @@ void fillBranch(ado::Recordset& row, const records::OrganisationText& text, cons
   row.set("TBraName", text.name2);  // Intended: a branch keeps its second name as its name.
   row.set("TBraDoccode", text.docCode);
   row.set("TBraTBrTAlias", "BRANCH");
-  row.set("TBraTCmpCode",
-          with.settings.ReadSettingText("CompanyCode", with.dataObj.Connection(), 0));
+  row.set("TBraTCmpCode", with.collaborators.settings().ReadSettingText(
+                              "CompanyCode", with.dataObj.Connection(), 0));
   row.set("TBraFlag1", kInUse);
   row.set("TBraFlag3", with.platform.now());
   row.set("TBraTCouCode", "TH");
@@ -87,8 +86,9 @@ std::string build(const Level& level, const std::string& levelText, const std::s
                   Fill fill, Records& with) {
   if (levelText.empty()) return "";
   const records::OrganisationText text = records::parseOrganisationText(levelText);
-  if (with.dataTool.RecordExists(level.key, 0, text.code, level.table, with.dataObj.Connection(),
-                                 level.answer, "", true)) {
+  if (with.collaborators.dataTool().RecordExists(level.key, 0, text.code, level.table,
+                                                 with.dataObj.Connection(), level.answer, "",
+                                                 true)) {
     return text.code;
   }
   OpenRecordset row(with.platform, level.select + text.code + "'", with.dataObj.Connection(),
@@ -105,7 +105,7 @@ std::string build(const Level& level, const std::string& levelText, const std::s
 std::string HRObject::BUILTSECTIONTR(DataObj& dataObj, const std::string& Branch,
                                      const std::string& Division, const std::string& Department,
                                      const std::string& Section) {
-  Records with{platform_, dataTool(), settings(), dataObj};
+  Records with{.platform = platform_, .collaborators = collaborators_, .dataObj = dataObj};
   const std::string branch = build(kBranch, Branch.empty() ? "HEAD" : Branch, "", fillBranch, with);
   const std::string division =
       build(kDivision, Division.empty() ? Section : Division, branch, fillDivision, with);

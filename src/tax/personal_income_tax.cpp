@@ -11,18 +11,21 @@ namespace {
 constexpr int16_t kTaxDigits = 2;
 constexpr int16_t kTaxRounding = 1;
 
-tax::Allowances readAllowances(SettingStore& settings, DataObj& dataObj) {
+void readExpenseAllowance(tax::Allowances& allowances, SettingStore& settings, DataObj& dataObj) {
+  allowances.expensePercent =
+      settings.GetNumberSetting("MoneyExpendses", dataObj.ConnectionString());
+  allowances.expenseCeiling =
+      settings.GetNumberSetting("MoneyExpensesNotOver", dataObj.ConnectionString());
+}
+
+void readSocialSecurity(tax::Allowances& allowances, SettingStore& settings, DataObj& dataObj) {
   const auto setting = [&](const char* key) {
     return settings.GetNumberSetting(key, dataObj.ConnectionString());
   };
-  tax::Allowances allowances;
-  allowances.expensePercent = setting("MoneyExpendses");
-  allowances.expenseCeiling = setting("MoneyExpensesNotOver");
   setting("MoneySale");  // Intended: read and without effect.
   allowances.socialSecurityMinPay = setting("STAXMinRate");
   allowances.socialSecurityMaxPay = setting("STAXMaxRate");
   allowances.socialSecurityPercent = setting("STAXSelfRate");
-  return allowances;
 }
 
 std::vector<tax::Bracket> readBrackets(Platform& platform, DataTool& dataTool, DataObj& dataObj,
@@ -79,8 +82,10 @@ float HRObject::CalcPTAX4(DataObj& dataObj, Currency iTaxBase, Currency iBonus, 
   const tax::MonthlyIncome income{iTaxBase, iBonus, tax::monthsToCome(iMoreMonth, PayDate),
                                   LastSalary};
   const double yearIncome = tax::projectedIncome(income).toDouble();
-  const tax::Allowances allowances = readAllowances(settings(), dataObj);
+  tax::Allowances allowances;
+  readExpenseAllowance(allowances, settings(), dataObj);
   const double expenses = tax::expenseAllowance(yearIncome, allowances);
+  readSocialSecurity(allowances, settings(), dataObj);
   const double contribution = tax::projectedContribution(income, allowances);
   Donation = Currency();  // Intended: a donation never reduces the tax.
   const Currency net = tax::netIncome(yearIncome, expenses, contribution,
@@ -95,9 +100,9 @@ float HRObject::CalcPTAX4(DataObj& dataObj, Currency iTaxBase, Currency iBonus, 
   const double taxWithoutBonus = taxOn(net - iBonus);
   connection.close();
 
-  double tax = utility().RoundValue(
-      tax::monthlyTax(taxWithBonus, taxWithoutBonus, LastPTAX, income.monthsToCome), kTaxDigits,
-      kTaxRounding);
+  const double monthly =
+      tax::monthlyTax(taxWithBonus, taxWithoutBonus, LastPTAX, income.monthsToCome);
+  double tax = utility().RoundValue(monthly, kTaxDigits, kTaxRounding);
   if (FixtoTen) tax = tax::trimmedByLastDigit(tax);
   return toSingle(tax);
 }

@@ -1,0 +1,169 @@
+// When an operation makes its collaborators and in which order it asks them and the data object:
+// hosts see both, and neither may hang on how a compiler orders operands.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include <kt7/host/picker.h>
+#include "host/roles/host_data_tool.h"
+#include "host/roles/host_setting_store.h"
+#include "host/roles/host_utility_object.h"
+#include "support/company.h"
+
+namespace kt7 {
+namespace {
+
+using Calls = std::vector<std::string>;
+
+struct Utility : host::HostUtilityObject {
+  Utility(Platform& platform, Calls& calls) : HostUtilityObject(platform), calls_(calls) {}
+  std::string SqlDateText(Date date) override {
+    calls_.push_back("SqlDateText");
+    return HostUtilityObject::SqlDateText(date);
+  }
+  std::string SqlDateTimeText(Date date, int16_t form) override {
+    calls_.push_back("SqlDateTimeText");
+    return HostUtilityObject::SqlDateTimeText(date, form);
+  }
+  Calls& calls_;
+};
+
+struct Tool : host::HostDataTool {
+  Tool(const host::Picker& picker, Calls& calls) : HostDataTool(picker), calls_(calls) {}
+  std::string PrepareSql(const std::string& sql, const std::string& databaseType) override {
+    calls_.push_back("PrepareSql");
+    return HostDataTool::PrepareSql(sql, databaseType);
+  }
+  Calls& calls_;
+};
+
+struct RecordingPlatform : host::HostPlatform {
+  explicit RecordingPlatform(Calls& calls) : calls_(calls) {}
+  std::unique_ptr<UtilityObject> createUtilityObject() override {
+    calls_.push_back("new UtilityObject");
+    return std::make_unique<Utility>(*this, calls_);
+  }
+  std::unique_ptr<DataTool> createDataTool() override {
+    calls_.push_back("new DataTool");
+    return std::make_unique<Tool>(picker_, calls_);
+  }
+  std::unique_ptr<SettingStore> createSettingStore() override {
+    calls_.push_back("new SettingStore");
+    return HostPlatform::createSettingStore();
+  }
+  Calls& calls_;
+  host::Picker picker_ = [](const PickerRequest&, const std::string&, bool) { return ""; };
+};
+
+/// The host's data object, and who works where.
+struct Caller : host::HostDataObj, ClientObj, AppObj {
+  Caller(const std::string& where, Calls& calls) : HostDataObj(where), calls_(calls) {}
+  ado::Connection& Connection() override {
+    calls_.push_back("Connection");
+    return HostDataObj::Connection();
+  }
+  std::string DatabaseType() override { return noted("DatabaseType", HostDataObj::DatabaseType()); }
+  std::string ConnectionString() override {
+    return noted("ConnectionString", HostDataObj::ConnectionString());
+  }
+  int32_t CurrentUserID() override {
+    calls_.push_back("CurrentUserID");
+    return 7;
+  }
+  std::string CurrentBranchCode() override { return noted("CurrentBranchCode", "B1"); }
+  std::string AppDatabaseConnectionString() override {
+    return noted("AppDatabaseConnectionString", HostDataObj::ConnectionString());
+  }
+  std::string noted(const char* call, std::string answer) {
+    calls_.push_back(call);
+    return answer;
+  }
+  Calls& calls_;
+};
+
+struct Asking {
+  const char* operation;
+  std::function<void(HRObject&, Caller&)> call;
+  Calls expected;
+};
+
+class CollaboratorCalls : public testing::TestWithParam<Asking> {};
+
+TEST_P(CollaboratorCalls, ComeInOrderAndOnFirstUse) {
+  test::Company company;
+  company.run("INSERT INTO KT7TBranch (TBraCode) VALUES ('B1')");
+  company.run(
+      "INSERT INTO KT7TUserEmpType (TUETTUsrID, TUETTCmGAlias, TUETTEmTCode) VALUES "
+      "(7, 'HR', 'M')");
+  Calls calls;
+  RecordingPlatform platform(calls);
+  Caller caller(company.connectionString(), calls);
+  caller.OpenConnection();
+  HRObject hr(platform);
+  GetParam().call(hr, caller);
+  EXPECT_EQ(calls, GetParam().expected);
+}
+
+const Date kDay = Date::fromYmd(2026, 1, 31);
+
+std::string filter(HRObject& hr, Caller& c, KT7HRAccessLevel level) {
+  const std::string where = c.HostDataObj::ConnectionString();
+  return hr.HRFilterAccessLevel4(7, "", where, where, "", level);
+}
+
+const Asking kAsking[] = {
+    {"ISWorkDay",
+     [](auto& hr, auto& c) { hr.ISWorkDay(kDay, c, "B1"); },
+     {"new DataTool", "ConnectionString"}},
+    {"ISOfficeHoliday2",
+     [](auto& hr, auto& c) { hr.ISOfficeHoliday2(kDay, c, "B1"); },
+     {"new UtilityObject", "SqlDateText", "new DataTool", "DatabaseType", "PrepareSql",
+      "ConnectionString"}},
+    {"GetEmployeeLeaveYear",
+     [](auto& hr, auto& c) { hr.GetEmployeeLeaveYear(c, kDay); },
+     {"new UtilityObject", "SqlDateText", "SqlDateText", "new DataTool", "DatabaseType",
+      "PrepareSql", "ConnectionString"}},
+    {"IsFirstPeriodOfYearTR",
+     [](auto& hr, auto& c) { hr.IsFirstPeriodOfYearTR("M", kDay, c); },
+     {"new UtilityObject", "SqlDateText", "new DataTool", "DatabaseType", "PrepareSql",
+      "Connection"}},
+    {"UpdatePeriodStatus",
+     [](auto& hr, auto& c) { hr.UpdatePeriodStatus(c, false); },
+     {"ConnectionString"}},
+    {"UpdateEmployeeStatus",
+     [](auto& hr, auto& c) { hr.UpdateEmployeeStatus(c); },
+     {"ConnectionString", "new UtilityObject", "SqlDateTimeText", "SqlDateText", "new DataTool",
+      "DatabaseType", "PrepareSql", "SqlDateTimeText", "SqlDateText", "DatabaseType", "PrepareSql",
+      "SqlDateText", "DatabaseType", "PrepareSql"}},
+    {"UpdateEmpActiveAmassTR",
+     [](auto& hr, auto& c) { hr.UpdateEmpActiveAmassTR(1, 0, "E1", kDay, c); },
+     {"new DataTool", "Connection", "new UtilityObject", "SqlDateText", "DatabaseType",
+      "PrepareSql", "Connection", "Connection"}},
+    {"UpdatePostionTR",
+     [](auto& hr, auto& c) {
+       std::string department;
+       hr.UpdatePostionTR(c, "E1", kDay, "", "", "", "", department, "", 1, 2);
+     },
+     {"new DataTool", "Connection", "new UtilityObject", "SqlDateText", "DatabaseType",
+      "PrepareSql", "Connection", "Connection", "Connection", "Connection", "Connection",
+      "Connection", "Connection"}},
+    {"BUILTSECTIONTR",
+     [](auto& hr, auto& c) { hr.BUILTSECTIONTR(c, "B1", "", "", ""); },
+     {"new DataTool", "Connection"}},
+    {"HRFilterOfTypes",
+     [](auto& hr, auto& c) { filter(hr, c, KT7HRAccessLevelUser); },
+     {"new SettingStore"}},
+    {"HRFilterOfSalaries",
+     [](auto& hr, auto& c) { filter(hr, c, KT7HRAccessLevelAdmin); },
+     {"new SettingStore", "new UtilityObject"}},
+    {"SelectEmployee4",
+     [](auto& hr, auto& c) { hr.SelectEmployee4(c, c, c, false, true, true); },
+     {"CurrentUserID", "CurrentBranchCode", "ConnectionString", "AppDatabaseConnectionString",
+      "new SettingStore", "new UtilityObject", "SqlDateText", "new DataTool", "ConnectionString"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Operations, CollaboratorCalls, testing::ValuesIn(kAsking),
+                         [](const auto& info) { return std::string(info.param.operation); });
+
+}  // namespace
+}  // namespace kt7
