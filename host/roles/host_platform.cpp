@@ -1,13 +1,13 @@
 #include <kt7/host/platform.h>
 
 #include <algorithm>
-#include <cstdio>
 
 #include "host/data/contract/database.h"
 #include "host/machine/local_time.h"
 #include "host/roles/host_data_tool.h"
 #include "host/roles/host_setting_store.h"
 #include "host/roles/host_utility_object.h"
+#include "support/unseen_message.h"
 
 namespace kt7::host {
 
@@ -18,13 +18,6 @@ Date localTime() {
   constexpr int kFirstTmYear = 1900;
   return Date::fromYmdHms(local.tm_year + kFirstTmYear, local.tm_mon + 1, local.tm_mday,
                           local.tm_hour, local.tm_min, std::min(local.tm_sec, 59));
-}
-
-void writeOneLine(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  text += '\n';
-  std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
 }  // namespace
@@ -47,10 +40,13 @@ Date HostPlatform::now() { return fixedNow_ ? *fixedNow_ : localTime(); }
 
 void HostPlatform::showMessage(const std::string& text) {
   if (messageView_) {
-    messageView_(text);
-  } else {
-    writeOneLine(text);
+    try {
+      messageView_(text);
+      return;
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a terminal may be gone, the line below tells
+    }
   }
+  writeUnseenMessage(text);
 }
 
 }  // namespace kt7::host

@@ -13,7 +13,10 @@ void FaultInjector::failAt(int step, When when) {
 
 void FaultInjector::before(const Step& step) {
   lines_.push_back(lineOf(step));
-  if (when_ == When::Before && steps() == failAt_) fail(step);
+  const bool lost = when_ == When::FromThere && failAt_ > 0 && steps() >= failAt_;
+  if (lost ? step.kind != StepKind::Message : when_ == When::Before && steps() == failAt_) {
+    fail(step);
+  }
 }
 
 void FaultInjector::after(const Step& step) {

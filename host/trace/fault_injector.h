@@ -7,13 +7,15 @@
 
 namespace kt7::trace {
 
-/// Counts steps, keeps their lines, and fails one of them on request: an
+/// Counts steps, keeps their lines, and fails one of them on request, or it and all that follow: an
 /// opening as a lost connection, any other as a failed statement.
 class FaultInjector : public StepObserver {
  public:
-  enum class When { Before, After };
+  /// Before or after it took effect; or not at all, and nothing that follows reaches the database
+  /// either, as on a lost connection; messages are still seen.
+  enum class When { Before, After, FromThere };
 
-  /// Fails the n-th step from now, counted from 1, before or after it took effect; 0 for none.
+  /// Fails the n-th step from now, counted from 1; 0 for none.
   void failAt(int step, When when);
   /// Steps that began since failAt, or since it was made; the failed one counts.
   int steps() const { return static_cast<int>(lines_.size()); }

@@ -4,6 +4,7 @@
 #include <typeinfo>
 
 #include <kt7/error.h>
+#include "support/unseen_message.h"
 
 namespace kt7 {
 
@@ -15,7 +16,7 @@ constexpr const char* kCannotSaveNow =
 
 /// Where there is nothing to roll back that is the error, with what led to it for people to read.
 /// An error of a host's own kind may carry more than this one knows: it travels as it is.
-void rollBack(ado::Connection& connection, const std::string& cause) {
+void rollBackWhatNeverBegan(ado::Connection& connection, const std::string& cause) {
   try {
     connection.RollbackTrans();
   } catch (const Error& error) {
@@ -25,23 +26,49 @@ void rollBack(ado::Connection& connection, const std::string& cause) {
   }
 }
 
+/// Lets a connection go that may be lost: what fails now changes nothing any more, the engine has
+/// taken the transaction back or kept it.
+template <typename Act>
+void ignoringFailure(Act act) noexcept {
+  try {
+    act();
+  } catch (...) {  // NOLINT(bugprone-empty-catch): see above
+  }
+}
+
+/// A message that the host cannot show is no error of the call.
+void show(Platform& platform, const std::string& text) {
+  try {
+    platform.showMessage(text);
+  } catch (...) {
+    writeUnseenMessage(text);
+  }
+}
+
 }  // namespace
 
 void inOwnTransaction(Platform& platform, DataObj& dataObj,
                       const std::function<void(ado::Connection&)>& work) {
   const std::unique_ptr<ado::Connection> connection = platform.createConnection();
+  bool begun = false;
   try {
     connection->CursorLocation(ado::kClientSide);
     connection->Open(dataObj.ConnectionString(), "", "", ado::kUnspecified);
     connection->BeginTrans();
+    begun = true;
     work(*connection);
     connection->CommitTrans();
-    connection->Close();
   } catch (const std::exception& error) {
-    rollBack(*connection, error.what());
-    connection->Close();
-    platform.showMessage(kCannotSaveNow + std::string(error.what()));
+    if (begun) {
+      ignoringFailure([&] { connection->RollbackTrans(); });
+    } else {
+      rollBackWhatNeverBegan(*connection, error.what());
+    }
+    ignoringFailure([&] { connection->Close(); });
+    show(platform, kCannotSaveNow + std::string(error.what()));
+    return;
   }
+  ignoringFailure([&] { connection->Close(); });
 }
 
 }  // namespace kt7

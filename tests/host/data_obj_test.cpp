@@ -144,6 +144,10 @@ TEST_F(DataObjTest, MessagesGoToTheViewOrToOneLineOnStandardError) {
   platform.setMessageView([&](const std::string& text) { shown = text; });
   platform.showMessage("a\nb");
   EXPECT_EQ(shown, "a\nb");
+  platform.setMessageView([](const std::string&) { raiseOverflow(); });
+  ::testing::internal::CaptureStderr();
+  platform.showMessage("c\rd");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "c d\n");
 }
 
 }  // namespace

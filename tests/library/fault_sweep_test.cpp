@@ -14,6 +14,7 @@ using test::Company;
 using Lines = std::vector<std::string>;
 
 enum class Told { Success, Failure, Message };
+using When = trace::FaultInjector::When;
 
 struct Writing {
   const char* operation;
@@ -72,32 +73,48 @@ Told call(Company& company, const Writing& writing) {
   return company.messages().empty() ? Told::Success : Told::Message;
 }
 
+struct Outcome {
+  Told told;
+  bool kept;
+};
+
+/// Before a transaction of its own stands, the roll-back of nothing fails and the caller gets that
+/// error; once it stands, the first error is the message, also where the connection is lost and the
+/// roll-back and the close fail too; after the commit there is nothing to tell.
+Outcome outcomeOf(const Writing& writing, const std::string& step, When when) {
+  if (!writing.ownTransaction) return {Told::Failure, false};
+  if (step.starts_with("open")) return {Told::Failure, false};
+  if (step.starts_with("begin") && when != When::After) return {Told::Failure, false};
+  if (step.starts_with("close")) return {Told::Success, true};
+  return {Told::Message, step.starts_with("commit") && when == When::After};
+}
+
 TEST_P(FaultSweep, WhatTheCallerIsToldHolds) {
   const Writing& writing = GetParam();
   Company untouched;
   fill(untouched);
   const Lines before = state(untouched);
-  untouched.steps().failAt(0, trace::FaultInjector::When::Before);
+  untouched.steps().failAt(0, When::Before);
   ASSERT_EQ(call(untouched, writing), Told::Success);
   const int steps = untouched.steps().steps();
   const Lines done = state(untouched);
   ASSERT_NE(before, done);
 
   for (int step = 1; step <= steps; ++step) {
-    for (const auto when :
-         {trace::FaultInjector::When::Before, trace::FaultInjector::When::After}) {
+    for (const When when : {When::Before, When::After, When::FromThere}) {
       Company company;
       fill(company);
       company.steps().failAt(step, when);
       const Told told = call(company, writing);
       const std::string where = company.steps().lines().at(static_cast<std::size_t>(step) - 1);
       EXPECT_TRUE(company.steps().failed()) << where;
-      const Lines after = state(company);
-      // Only what fails once the work is committed leaves the new state with a failure.
-      const bool committed = writing.ownTransaction && step >= steps - 1 &&
-                             !(step == steps - 1 && when == trace::FaultInjector::When::Before);
-      EXPECT_EQ(after, committed ? done : before) << where;
-      EXPECT_NE(told, Told::Success) << where;
+      const Outcome expected = outcomeOf(writing, where, when);
+      EXPECT_EQ(told, expected.told) << where;
+      EXPECT_EQ(state(company), expected.kept ? done : before) << where;
+      ASSERT_EQ(company.messages().size(), expected.told == Told::Message ? 1u : 0u) << where;
+      if (expected.told == Told::Message) {
+        EXPECT_TRUE(company.messages()[0].ends_with("step " + std::to_string(step) + ": " + where));
+      }
       // Nothing stays open or locked: another connection can write at once.
       EXPECT_NO_THROW(company.run("UPDATE KT7TEmployee SET TEmpNo = 'free'")) << where;
       EXPECT_EQ(company.hostData().opens(), 1) << where;

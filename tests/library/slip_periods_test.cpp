@@ -128,6 +128,32 @@ TEST(SlipPeriods, AConnectionThatCannotOpenReachesTheCaller) {
   EXPECT_TRUE(company.messages().empty());
 }
 
+TEST(SlipPeriods, TheNumberInTheYearIsReckonedInSixteenBits) {
+  Company company("2026-12-10");
+  addType(company, "A", {});
+  company.run("UPDATE KT7TEmployeeType SET TEMTTotalPeriod = 2979");
+  company.hr().UpdatePeriodStatus(company.data(), false);
+  ASSERT_EQ(company.messages().size(), 1u);
+  EXPECT_TRUE(company.messages()[0].ends_with(" - Overflow")) << company.messages()[0];
+}
+
+class WindowlessPlatform : public host::HostPlatform {
+ public:
+  void showMessage(const std::string&) override { raiseCollaborator(440, "no window"); }
+};
+
+TEST(SlipPeriods, AMessageThatNobodyCanSeeIsALineOnStandardError) {
+  Company company;
+  addType(company, "A", {"31", "31", "NULL"});
+  WindowlessPlatform platform;
+  HRObject hr(platform);
+  testing::internal::CaptureStderr();
+  EXPECT_NO_THROW(hr.UpdatePeriodStatus(company.hostData(), false));
+  const std::string line = testing::internal::GetCapturedStderr();
+  EXPECT_NE(line.find("ผู้ดูแลระบบ - "), std::string::npos) << line;
+  EXPECT_EQ(line.find('\n'), line.size() - 1) << line;
+}
+
 TEST(SlipPeriods, ALockThatTheCallerHoldsIsNamedAsTheCause) {
   if (!test::engine().embedded) GTEST_SKIP() << "only there is it known who holds the lock";
   Company company;
