@@ -16,6 +16,7 @@ using std::chrono::milliseconds;
 
 constexpr std::string_view kOutcomeUnknown = "08007";
 constexpr std::string_view kConnectionClass = "08";
+constexpr std::int32_t kFileMoved = 1032;  // of the embedded engine
 constexpr std::int32_t kMysqlLockWait = 1205;
 constexpr std::int32_t kMysqlDeadlock = 1213;
 constexpr std::int32_t kMysqlDuringCommit = 1180;
@@ -70,7 +71,9 @@ Failure failureOf(const Error& error) {
   if (error.kind() != ErrorKind::Database) return Failure::Final;
   const std::string_view state = error.cause().sqlState;
   const std::int32_t code = error.cause().nativeCode;
-  if (state == kOutcomeUnknown) return Failure::OutcomeUnknown;
+  if (state == kOutcomeUnknown) {
+    return code == kFileMoved ? Failure::Moved : Failure::OutcomeUnknown;
+  }
   if (error.number() == error_number::kConnectionFailed) return Failure::Lost;
   if (state.empty()) {
     const auto row = std::find_if(kEmbeddedCodes.begin(), kEmbeddedCodes.end(),

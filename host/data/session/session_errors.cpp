@@ -22,6 +22,13 @@ void raiseConnectionLost(const std::string& text, const std::string& sql, std::i
       {sql, nativeCode, std::string(kOutcomeUnknown)});
 }
 
+void raiseDatabaseMoved(const std::string& sql) {
+  raiseConnectionFailed(
+      "the database file was moved, replaced or deleted while it was in use, and it is not known "
+      "whether the work was kept; look which file is the company's before repeating it",
+      {sql, kDatabaseMoved, std::string(kOutcomeUnknown)});
+}
+
 void raiseAnswersNoRows(const std::string& sql) {
   raiseStatementFailed("the statement answers no rows", {sql, 0, {}});
 }

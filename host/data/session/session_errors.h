@@ -16,6 +16,11 @@ inline constexpr std::string_view kOutcomeUnknown = "08007";
 [[noreturn]] void raiseConnectionLost(const std::string& text, const std::string& sql,
                                       std::int32_t nativeCode, bool outcomeUnknown);
 
+/// The code, SQLite's own, of an error after which the connection string no longer leads to the
+/// database that the work was done in. Its SQLSTATE is kOutcomeUnknown.
+inline constexpr std::int32_t kDatabaseMoved = 1032;
+[[noreturn]] void raiseDatabaseMoved(const std::string& sql);
+
 [[noreturn]] void raiseAnswersNoRows(const std::string& sql);
 /// Another transaction held a lock for longer than anybody waits.
 [[noreturn]] void raiseRowsLocked(const std::string& text, const DatabaseCause& cause);

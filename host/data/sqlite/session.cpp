@@ -24,7 +24,21 @@ SqliteSession::SqliteSession(SqliteHandle database, std::shared_ptr<WriteLock> l
       asked_(kKeptStatements),
       fixed_(kKeptStatements) {}
 
-SqliteSession::~SqliteSession() { lock_->release(this); }
+SqliteSession::~SqliteSession() {
+  if (!usable()) leaveMovedFile();
+  lock_->release(this);
+}
+
+/// What was committed is still in the log beside the former name. It goes into the file itself,
+/// wherever that lies now: SQLite would take a log that is left behind for one of the next file of
+/// that name, and damage it.
+void SqliteSession::leaveMovedFile() noexcept {
+  sqlite3* const database = database_.get();
+  if (!commitsByItself()) sqlite3_exec(database, "ROLLBACK", nullptr, nullptr, nullptr);
+  // While another session is still at work the log is its to empty.
+  sqlite3_busy_timeout(database, 0);
+  sqlite3_wal_checkpoint_v2(database, "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+}
 
 SqliteStatement& SqliteSession::prepared(const std::string& sql) {
   if (Asked* const same = asked_.find(sql)) {
@@ -92,11 +106,18 @@ auto SqliteSession::standing(const std::string& sql, Work work) {
 }
 
 void SqliteSession::run(SqliteStatement& statement, const std::string& sql) {
+  const bool inOwn = commitsByItself() && statement.writes();
   standing(sql, [&] {
     const Watched watched(*this, statement, sql);
     statement.run(sql);
   });
   if (begun_) begun_ = !commitsByItself();  // it may have ended by its text
+  if (inOwn && commitsByItself()) requireInPlace(sql);
+}
+
+/// SQLite goes on with a file that nobody finds by its name any more.
+void SqliteSession::requireInPlace(const std::string& sql) {
+  if (!usable()) raiseDatabaseMoved(sql);
 }
 
 // SQLite itself is asked whether the lock is still needed: a transaction may also begin by a
@@ -178,7 +199,11 @@ void SqliteSession::commit() {
     refused_ = true;
     raiseCannotCommit(cause);
   }
+  // Before, so that as little as possible goes where nobody looks for it; after, as it may have
+  // been moved meanwhile.
+  requireInPlace("COMMIT");
   control("COMMIT");
+  requireInPlace("COMMIT");
 }
 
 void SqliteSession::rollback() {
@@ -197,7 +222,8 @@ void SqliteSession::rollback() {
 bool SqliteSession::usable() {
   int moved = 0;
   const int code = sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-  moved_ = code != SQLITE_OK || moved != 0;
+  // Systems on which an open file cannot be moved do not know the question.
+  moved_ = moved != 0 || (code != SQLITE_OK && code != SQLITE_NOTFOUND);
   return !moved_;
 }
 

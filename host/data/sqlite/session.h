@@ -60,6 +60,8 @@ class SqliteSession final : public Session {
   template <class Work>
   auto standing(const std::string& sql, Work work);
   void noteTransaction();
+  void requireInPlace(const std::string& sql);
+  void leaveMovedFile() noexcept;
   void control(const char* statement);
 
   SqliteHandle database_;

@@ -1,5 +1,6 @@
 #include "host/data/sqlite/statement.h"
 
+#include <cerrno>
 #include <new>
 
 #include <kt7/error.h>
@@ -25,12 +26,30 @@ void bindText(sqlite3_stmt* statement, int place, std::string_view text) {
   sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
 }
 
+/// Whether the log or the file itself met the limit of its size.
+bool mayNotGrow(sqlite3* database) {
+  for (const int which : {SQLITE_FCNTL_JOURNAL_POINTER, SQLITE_FCNTL_FILE_POINTER}) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(database, "main", which, &file);
+    if (file == nullptr || file->pMethods == nullptr) continue;
+    int reason = 0;
+    file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &reason);
+    if (reason == EFBIG) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 void raiseSqlite(sqlite3* database, int code, const std::string& sql) {
   const int native = database != nullptr ? sqlite3_extended_errcode(database) : code;
   const std::string text = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(code);
   const DatabaseCause cause{sql, native, {}};
+  // A file at the limit of its size: for SQLite a device's error, which another connection may not
+  // meet; this one goes on as long as the limit does.
+  if ((code & 0xff) == SQLITE_IOERR && database != nullptr && mayNotGrow(database)) {
+    raiseStatementFailed("the database file may not grow: " + text, {sql, SQLITE_FULL, {}});
+  }
   switch (code & 0xff) {
     case SQLITE_CANTOPEN:
     case SQLITE_NOTADB:
