@@ -4,10 +4,11 @@
 
 namespace kt7::trace {
 
-void FaultInjector::failAt(int step, When when) {
+void FaultInjector::failAt(int step, When when, As as) {
   lines_.clear();
   failAt_ = step;
   when_ = when;
+  as_ = as;
   failed_ = false;
 }
 
@@ -27,6 +28,7 @@ void FaultInjector::fail(const Step& step) {
   failed_ = true;
   const std::string text =
       "injected fault at step " + std::to_string(failAt_) + ": " + lines_.back();
+  if (as_ == As::LostConnection) raiseConnectionFailed(text, {std::string(step.sql), 0, "08006"});
   if (step.kind == StepKind::Open) raiseConnectionFailed(text);
   raiseStatementFailed(text);
 }

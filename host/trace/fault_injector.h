@@ -14,9 +14,10 @@ class FaultInjector : public StepObserver {
   /// Before or after it took effect; or not at all, and nothing that follows reaches the database
   /// either, as on a lost connection; messages are still seen.
   enum class When { Before, After, FromThere };
+  enum class As { FailedStatement, LostConnection };
 
   /// Fails the n-th step from now, counted from 1; 0 for none.
-  void failAt(int step, When when);
+  void failAt(int step, When when, As as = As::FailedStatement);
   /// Steps that began since failAt, or since it was made; the failed one counts.
   int steps() const { return static_cast<int>(lines_.size()); }
   /// Whether the fault was reached.
@@ -33,6 +34,7 @@ class FaultInjector : public StepObserver {
   std::vector<std::string> lines_;
   int failAt_ = 0;
   When when_ = When::Before;
+  As as_ = As::FailedStatement;
   bool failed_ = false;
 };
 

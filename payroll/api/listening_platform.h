@@ -1,13 +1,14 @@
 #pragma once
 
-#include <utility>
+#include <functional>
+#include <vector>
 
 #include <kt7/contract/platform.h>
 
 namespace kt7::payroll {
 
-/// A host's platform that remembers whether a message was shown. Updates that trap their errors
-/// tell of them by nothing but a message.
+/// A host's platform that can keep messages back. Updates that trap their errors tell of them by
+/// nothing but a message.
 class ListeningPlatform : public Platform {
  public:
   explicit ListeningPlatform(Platform& host) : host_(host) {}
@@ -21,16 +22,34 @@ class ListeningPlatform : public Platform {
   std::unique_ptr<SettingStore> createSettingStore() override { return host_.createSettingStore(); }
   Date now() override { return host_.now(); }
   void showMessage(const std::string& text) override {
-    messageShown_ = true;
-    host_.showMessage(text);
+    if (kept_ != nullptr) {
+      kept_->push_back(text);
+    } else {
+      host_.showMessage(text);
+    }
   }
 
-  /// Whether a message was shown since the last time it was asked.
-  bool takeMessageShown() { return std::exchange(messageShown_, false); }
+  /// The messages that `work` would show.
+  std::vector<std::string> messagesOf(const std::function<void()>& work) {
+    std::vector<std::string> messages;
+    const Keeping keeping(kept_, messages);
+    work();
+    return messages;
+  }
 
  private:
+  struct Keeping {
+    Keeping(std::vector<std::string>*& kept, std::vector<std::string>& messages) : kept_(kept) {
+      kept_ = &messages;
+    }
+    ~Keeping() { kept_ = nullptr; }
+    Keeping(const Keeping&) = delete;
+    Keeping& operator=(const Keeping&) = delete;
+    std::vector<std::string>*& kept_;
+  };
+
   Platform& host_;
-  bool messageShown_ = false;
+  std::vector<std::string>* kept_ = nullptr;
 };
 
 }  // namespace kt7::payroll

@@ -23,7 +23,8 @@ StoreWorker::StoreWorker(Platform& platform, DataObj& dataObj,
                 leases_,
                 [this] { return std::make_unique<EmployeeObject>(platform_); },
                 [this] { return platform_.now(); },
-                [this] { return platform_.takeMessageShown(); },
+                [this](const auto& work) { return platform_.messagesOf(work); },
+                [this](const std::string& text) { platform_.showMessage(text); },
                 [&dataObj] {
                   dataObj.CloseConnection();
                   dataObj.OpenConnection();

@@ -8,6 +8,7 @@
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_request.h>
 #include "payroll/facts/slip_period.h"
+#include "payroll/month/month_updates.h"
 #include "payroll/ports/company.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/rules/period_plan.h"
@@ -120,25 +121,6 @@ void takeInput(const RunRequest& request, RunServices& services, RunListener& li
   }
 }
 
-/// Nobody's pay depends on a status: what keeps them from being brought up to date is told, and the
-/// month is paid all the same.
-void updateStatuses(RunServices& services, RunListener& listener) {
-  services.messageShown();
-  services.hr.UpdateEmployeeStatus(services.dataObj);
-  if (!services.messageShown()) return;
-  listener.note("the statuses of the employees could not be brought up to date");
-}
-
-void generatePeriods(const MonthPlan& plan, RunServices& services) {
-  constexpr bool kAllTypes = false;
-  services.messageShown();
-  services.hr.UpdatePeriodStatus(services.dataObj, kAllTypes);
-  if (services.messageShown()) {
-    throw RunStopped(RunStopped::Cause::Refused,
-                     {"the slip periods of " + plan.month.text() + " could not be generated"});
-  }
-}
-
 /// The generated rows must be those that the checks were made for.
 void requireGenerated(const MonthPlan& plan, const std::vector<SlipPeriod>& existing) {
   Reasons reasons;
@@ -181,7 +163,7 @@ DaySpan neighbourhood(const Month& month) {
 }
 
 MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener,
-                    Preparation preparation) {
+                    RunOutcome& outcome, Preparation preparation) {
   requireClockIn(request.month, services.now());
   Company& company = services.company;
   MonthPlan plan{
@@ -192,8 +174,8 @@ MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListene
   setPeriods(plan, before);
   takeInput(request, services, listener, plan);
   if (preparation == Preparation::ToDo) {
-    updateStatuses(services, listener);
-    generatePeriods(plan, services);
+    updateStatuses(services, listener, outcome);
+    generatePeriods(plan.month, services, outcome);
     services.catchUp();  // they were written on a connection of the operation's own
   }
   requireGenerated(plan, company.slipPeriods(request.month.days()));

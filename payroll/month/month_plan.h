@@ -32,8 +32,9 @@ DaySpan neighbourhood(const Month& month);
 enum class Preparation { Done, ToDo };
 
 /// Checks clock, types, spans and input, generates the slip periods, and answers what there is to
-/// pay. RunStopped where something is wrong; only the slip periods are written.
+/// pay. Counts what had to be repeated of the two updates; everything else may be repeated by the
+/// caller. RunStopped where something is wrong; only statuses and slip periods are written.
 MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener,
-                    Preparation preparation = Preparation::ToDo);
+                    RunOutcome& outcome, Preparation preparation = Preparation::ToDo);
 
 }  // namespace kt7::payroll

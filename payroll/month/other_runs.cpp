@@ -4,6 +4,7 @@
 #include <kt7/payroll/run_request.h>
 #include "payroll/ports/run_names.h"
 #include "payroll/ports/run_services.h"
+#include "payroll/share/lease_length.h"
 
 namespace kt7::payroll {
 
@@ -22,10 +23,28 @@ bool giveUp(const PartRow& head, RunLeases& leases) {
 
 }  // namespace
 
-bool isUnderWay(const PartRow& head, RunLeases& leases) {
+std::optional<PartRow> signOfLife(const PartRow& head, RunLeases& leases) {
   const Date now = leases.now();
-  if (head.state != PartState::Done) return now < head.until;  // somebody plans
-  return leases.countAllUndone(head.part.run) > 0 && now < leases.lastUntil(head.part.run);
+  std::optional<PartRow> latest = head;  // somebody plans
+  if (head.state == PartState::Done) {
+    if (leases.countAllUndone(head.part.run) == 0) return std::nullopt;
+    latest = leases.latestPart(head.part.run, now);
+  }
+  return latest && isHeld(latest->until, now) ? latest : std::nullopt;
+}
+
+std::string whoHas(const PartRow& row) {
+  // Behind the last blank stands what tells workers of one process apart.
+  const std::string process = row.worker.substr(0, row.worker.rfind(' '));
+  return (process.empty() ? "a process that is about to begin" : process) + ", who has until " +
+         row.until.isoDateTimeText() + " (UTC)";
+}
+
+std::string whoHasPart(const std::string& run, const std::string& parts, RunLeases& leases) {
+  for (const PartRow& row : leases.parts(run)) {
+    if (row.part.run == parts && row.state == PartState::Taken) return whoHas(row);
+  }
+  return {};
 }
 
 void endOtherRuns(const RunRequest& request, RunServices& services) {
@@ -37,10 +56,12 @@ void endOtherRuns(const RunRequest& request, RunServices& services) {
     const std::string& other = head.part.run;
     if (other == own ? request.sharing.has_value() : other != all && own != all) continue;
     const bool ended = head.state == PartState::Done && leases.countAllUndone(other) == 0;
-    if (ended || (!isUnderWay(head, leases) && giveUp(head, leases))) continue;
+    const auto working = signOfLife(head, leases);
+    if (ended || (!working && giveUp(head, leases))) continue;
     throw RunStopped(RunStopped::Cause::Refused,
                      {"a shared run of " + other +
-                      " is under way: wait for its end, or take part in it with --share"});
+                      " is under way: wait for its end, or take part in it with --share" +
+                      (working ? "; at work is " + whoHas(*working) : "")});
   }
 }
 

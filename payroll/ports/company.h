@@ -62,6 +62,8 @@ class Company {
   virtual int countEmployees(const std::string& type, const DaySpan& span) = 0;
   virtual std::vector<Employee> employees(const EmployeeQuery& query) = 0;
   virtual std::vector<Employee> employees(const std::vector<std::string>& codes) = 0;
+  /// Those of the query who have no slip of the run on that pay date.
+  virtual std::vector<Employee> employeesWithoutSlip(const EmployeeQuery& query, Date payDate) = 0;
   /// The codes of employees (at most `limit`) who were employed in the span and whose type is none
   /// of those in use.
   virtual std::vector<std::string> employeesWithoutType(const DaySpan& span, int limit) = 0;

@@ -52,10 +52,10 @@ class RunLeases {
   /// All parts of the run, those of a name together and in the order of their codes.
   virtual std::vector<PartRow> parts(const std::string& run) = 0;
   virtual int countUndone(const std::string& run) = 0;
-  /// How many parts of the run are not done, whatever their name; and the latest sign of life of
-  /// those who work on it.
+  /// How many parts of the run are not done, whatever their name; and the part with the latest sign
+  /// of life that one may have given at `now`.
   virtual int countAllUndone(const std::string& run) = 0;
-  virtual Date lastUntil(const std::string& run) = 0;
+  virtual std::optional<PartRow> latestPart(const std::string& run, Date now) = 0;
   /// Makes the row, as it was read, the worker's. False where somebody was quicker.
   virtual bool take(const PartRow& row, const std::string& worker, Date until) = 0;
   /// Prolongs or ends what the worker has. False where it has been taken over.

@@ -3,6 +3,8 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <kt7/contract/data_obj.h>
 #include <kt7/contract/setting_store.h>
@@ -26,8 +28,9 @@ struct RunServices {
   RunLeases& leases;
   std::function<std::unique_ptr<_EmployeeObject>()> newProfile;
   std::function<Date()> now;
-  /// Whether a message was shown to the user since the last time it was asked.
-  std::function<bool()> messageShown;
+  /// The messages of `work` to the user, which are kept back.
+  std::function<std::vector<std::string>(const std::function<void()>& work)> messagesOf;
+  std::function<void(const std::string& text)> showMessage;
   /// Takes another connection in place of one that was lost.
   std::function<void()> reconnect;
   /// From here on the connection sees what was kept anywhere in a cluster before; nothing where a

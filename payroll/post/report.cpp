@@ -28,6 +28,13 @@ void Report::countFailed(const std::string& employee, Date payDate, const std::s
          quote ? cause + "; the code holds a quote: give the employee another one" : cause);
 }
 
+void Report::addUnpaidTo(UnpaidSlips& unpaid) const {
+  for (const auto& told : told_) {
+    const auto* const slip = std::get_if<Unpaid>(&told);
+    if (slip != nullptr) unpaid.emplace(slip->employee, slip->payDate.dayNumber());
+  }
+}
+
 void Report::append(const Report& other) {
   told_.insert(told_.end(), other.told_.begin(), other.told_.end());
   outcome += other.outcome;

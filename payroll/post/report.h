@@ -1,11 +1,15 @@
 #pragma once
 
+#include <set>
 #include <variant>
 
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_outcome.h>
 
 namespace kt7::payroll {
+
+/// Employees who were not paid, with the day number of the pay date.
+using UnpaidSlips = std::set<std::pair<std::string, std::int32_t>>;
 
 /// What is to be told of a part of the run, kept until its turn comes.
 class Report : public RunListener {
@@ -21,6 +25,7 @@ class Report : public RunListener {
   void countFailed(const std::string& employee, Date payDate, const std::string& cause);
   /// Tells what `other` tells after its own, and counts both.
   void append(const Report& other);
+  void addUnpaidTo(UnpaidSlips& unpaid) const;
   /// Passes all of it on, in the order in which it came.
   void tellTo(RunListener& listener) const;
 

@@ -24,14 +24,14 @@ bool SlipGroupWriter::write(std::vector<SlipChange> changes) {
     return true;
   }
   if (changes.size() == 1) {
-    tellFailure(changes.front(), *problem);
+    tellProblem(changes.front(), *problem);
     return false;
   }
   bool allHold = true;
   for (std::size_t i = 0; i < changes.size(); ++i) {
     const auto ownProblem = writeTogether(all.subspan(i, 1));
     if (ownProblem) {
-      tellFailure(changes[i], *ownProblem);
+      tellProblem(changes[i], *ownProblem);
       allHold = false;
     } else {
       tell(all.subspan(i, 1));
@@ -40,7 +40,7 @@ bool SlipGroupWriter::write(std::vector<SlipChange> changes) {
   return allHold;
 }
 
-std::optional<std::string> SlipGroupWriter::writeTogether(Group group) {
+std::optional<SlipGroupWriter::Problem> SlipGroupWriter::writeTogether(Group group) {
   Patience patience;
   bool unknown = false;  // whether an attempt took effect
   bool taken = false;    // whether a key of it stood already
@@ -63,9 +63,12 @@ std::optional<std::string> SlipGroupWriter::writeTogether(Group group) {
       unknown = unknown || failure == Failure::OutcomeUnknown;
       taken = taken || failure == Failure::Duplicate;
       if (!recovery_.triesAgainAfter(failure, patience)) {
-        if (!begun || unknown || failure == Failure::Lost) throw;
-        return causeOf(error);
+        if (!begun || unknown || isLoss(failure)) throw;
+        return Problem{causeOf(error)};
       }
+    } catch (const EmployeeChanged& changed) {
+      services_.book.rollback();
+      return Problem{changed.what(), true};
     } catch (...) {
       if (begun) services_.book.rollback();
       throw;
@@ -145,8 +148,12 @@ void SlipGroupWriter::tell(Group group) {
   }
 }
 
-void SlipGroupWriter::tellFailure(const SlipChange& change, const std::string& cause) {
-  if (change.slip) {
+/// Who was changed may have been paid since, and is looked for when the month ends.
+void SlipGroupWriter::tellProblem(const SlipChange& change, const Problem& problem) {
+  const std::string& cause = problem.cause;
+  if (problem.changed) {
+    report_.note(cause);
+  } else if (change.slip) {
     report_.countFailed(change.slip->employee, change.slip->payDate, cause);
   } else {
     const KnownSlip& slip = change.removals.front();

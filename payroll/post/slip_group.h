@@ -34,15 +34,20 @@ class SlipGroupWriter {
  private:
   using Group = std::span<SlipChange>;
 
+  struct Problem {
+    std::string cause;
+    bool changed = false;  // the employee, under whom nobody is to be paid any more
+  };
+
   /// What went wrong; empty where all of it now holds.
-  std::optional<std::string> writeTogether(Group group);
+  std::optional<Problem> writeTogether(Group group);
   void writeAll(Group group, bool again);
   void writeOne(const SlipChange& change);
   void readHistoriesNow(Group group);
   bool standsAlready(Group group);
   bool standsAlready(const SlipChange& change);
   void tell(Group group);
-  void tellFailure(const SlipChange& change, const std::string& cause);
+  void tellProblem(const SlipChange& change, const Problem& problem);
 
   RunServices& services_;
   Attendance& attendance_;

@@ -27,6 +27,7 @@ class MonthInput {
   MonthInput() = default;
   explicit MonthInput(std::vector<InputEntry> entries);
   std::span<const InputEntry> of(const std::string& employee, Date payDate) const;
+  const std::vector<InputEntry>& entries() const { return entries_; }
 
  private:
   std::vector<InputEntry> entries_;

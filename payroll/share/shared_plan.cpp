@@ -13,6 +13,7 @@
 #include "payroll/ports/run_names.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/post/slip_numbers.h"
+#include "payroll/retry/waiting.h"
 #include "payroll/share/agreement.h"
 #include "payroll/share/part_lease.h"
 #include "payroll/work/month_end.h"
@@ -46,13 +47,15 @@ class Joining {
       services_.leases.makeHead(head_, held_.worker(), held_.until());
       return planAsFirst();
     }
-    const bool underWay = isUnderWay(*head, services_.leases);
+    const bool underWay = signOfLife(*head, services_.leases).has_value();
     if (head->state == PartState::Done) {
       if (underWay) return join(*head);
       if (begun_ && isPlanned(*head) && services_.leases.countAllUndone(head_.run) == 0) {
         return Step::Paid;
       }
     } else if (underWay && head->worker != held_.worker()) {
+      waiting_.on([&] { return whoHas(*head); },
+                  [this](const std::string& text) { listener_.note(text); });
       return Step::LookAgain;
     }
     PartRow mine = *head;
@@ -78,7 +81,7 @@ class Joining {
                     " with another input or type is under way: wait for its end");
     }
     joined_ = SharedPlan{head.part, head.worker,
-                         planMonth(request_, services_, listener_, Preparation::Done)};
+                         planMonth(request_, services_, listener_, repeated_, Preparation::Done)};
     if (head.part.to != agreedPlan(head_.to, joined_->plan)) {
       throw refused("employee types or slip periods have changed since the shared run of " +
                     request_.month.text() +
@@ -110,7 +113,7 @@ class Joining {
   /// The head is kept alive on the way, so that nobody else begins with the same.
   SharedPlan planned() {
     endOtherRuns(request_, services_);
-    SharedPlan shared{head_, held_.worker(), planMonth(request_, services_, listener_)};
+    SharedPlan shared{head_, held_.worker(), planMonth(request_, services_, listener_, repeated_)};
     shared.head.to = agreedPlan(head_.to, shared.plan);
     held_.renew();
     noteUntypedEmployees(shared.plan, services_, listener_);
@@ -160,6 +163,8 @@ class Joining {
   HeldPart held_;
   RunPart head_;  // as long as it has not been planned
   bool begun_;    // the run may have been paid, or changed, by others since this process began
+  RunOutcome repeated_;  // of the planning
+  Waiting waiting_;      // for who plans the month
   std::optional<SharedPlan> joined_;
 };
 
@@ -182,6 +187,7 @@ std::optional<SharedPlan> joinRun(const RunRequest& request, RunServices& servic
       const Joining::Step step = joining.attempt();
       if (step == Joining::Step::Paid) return std::nullopt;
       if (step == Joining::Step::Joined) return joining.takePlan();
+      if (listener.wantsToStop()) throw RunInterrupted();
       pauseUpTo(kLongestPause);
     } catch (const Error& error) {
       if (!recovery.triesAgainAfter(failureOf(error), patience)) throw;

@@ -25,24 +25,34 @@ std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunReques
   });
 }
 
-/// Passes the reports on until the last worker has ended.
+/// Passes the reports on until the last worker has ended, and whatever was paid when one cannot go
+/// on.
 void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told,
-             SharedProgress& progress) {
+             SharedProgress& progress, const RunListener& listener) {
+  const auto stopWhereAsked = [&] {
+    if (listener.wantsToStop()) throw RunInterrupted();
+  };
+  const auto meanwhile = [&] {
+    progress.look();
+    stopWhereAsked();
+  };
   try {
-    while (const auto report = reports.next([&] { progress.look(); })) {
+    while (const auto report = reports.next(meanwhile)) {
       told(*report);
       progress.count(*report);
+      stopWhereAsked();
     }
   } catch (...) {
     reports.stop(std::current_exception());
   }
   threads.join();
+  while (const auto report = reports.next([] {})) told(*report);
   reports.raiseReason();
 }
 
 /// Pays what there is to pay by the process's workers. False where the run was begun anew.
 bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWorker& newWorker,
-              const TakeReport& told, SharedProgress& progress) {
+              const TakeReport& told, SharedProgress& progress, const RunListener& listener) {
   ReportQueue reports(request.jobs);
   std::atomic<bool> finished = true;
   Threads threads;
@@ -60,7 +70,7 @@ bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWork
     }
     reports.workerEnds();
   });
-  tellAll(reports, threads, told, progress);
+  tellAll(reports, threads, told, progress, listener);
   return finished;
 }
 
@@ -71,16 +81,18 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
   const OpenData open(services.dataObj);
   const std::string name = workerName(*request.sharing, 0);
   RunOutcome outcome;
+  UnpaidSlips unpaid;
   const TakeReport told = [&](const Report& report) {
     report.tellTo(listener);
     outcome += report.outcome;
+    report.addUnpaidTo(unpaid);
   };
   for (bool rejoins = false;; rejoins = true) {
     const auto shared = joinRun(request, services, listener, name, rejoins);
     if (!shared) return outcome;
     auto progress = madeOn(services, [&] { return SharedProgress(*shared, services, listener); });
-    if (!payParts(*shared, request, newWorker, told, progress)) continue;
-    if (memberOf(*shared, request, services, name)->end(listener, told)) return outcome;
+    if (!payParts(*shared, request, newWorker, told, progress, listener)) continue;
+    if (memberOf(*shared, request, services, name)->end(listener, unpaid, told)) return outcome;
   }
 }
 

@@ -6,6 +6,7 @@
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_request.h>
 #include "payroll/facts/slip_period.h"
+#include "payroll/month/other_runs.h"
 #include "payroll/ports/company.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/post/slip_change.h"
@@ -75,6 +76,7 @@ SharedWorker::Look SharedWorker::takeOne(const std::string& parts) {
     return Look::Wait;
   }
   held_.begin(chosen.part);
+  waiting_.ends();
   return Look::Taken;
 }
 
@@ -92,7 +94,7 @@ bool SharedWorker::payPeriod(std::size_t period, ReportQueue& reports) {
         if (!payPart(shared_.plan.periods[period], reports)) reports.put(reportOfLost());
         break;
       case Look::Wait:
-        pauseUpTo(kLongestPause);
+        waitFor(shared_.partsOf(period), [&](const Report& report) { reports.put(report); });
         break;
       case Look::AllDone:
         return true;
@@ -141,11 +143,25 @@ Report SharedWorker::reportOfLost() {
   return report;
 }
 
-bool SharedWorker::end(RunListener& listener, const TakeReport& told) {
+void SharedWorker::waitFor(const std::string& parts, const TakeReport& told) {
+  waiting_.on(
+      [&] {
+        return payer_.repeating(
+            [&] { return whoHasPart(shared_.head.run, parts, services_.leases); });
+      },
+      [&](const std::string& text) {
+        Report report;
+        report.note(text);
+        told(report);
+      });
+  pauseUpTo(kLongestPause);
+}
+
+bool SharedWorker::end(RunListener& listener, const UnpaidSlips& named, const TakeReport& told) {
   for (;;) {
     switch (payer_.repeating([&] { return takeOne(shared_.end().run); })) {
       case Look::Taken:
-        if (!endMonth(told)) {
+        if (!endMonth(named, told)) {
           told(reportOfLost());
           break;
         }
@@ -153,7 +169,8 @@ bool SharedWorker::end(RunListener& listener, const TakeReport& told) {
         told(payer_.takeReport());
         return true;
       case Look::Wait:
-        pauseUpTo(kLongestPause);
+        if (listener.wantsToStop()) throw RunInterrupted();
+        waitFor(shared_.end().run, told);
         break;
       case Look::AllDone:
         told(payer_.takeReport());
@@ -166,9 +183,10 @@ bool SharedWorker::end(RunListener& listener, const TakeReport& told) {
 }
 
 /// False where another one ends the month, or has begun it anew.
-bool SharedWorker::endMonth(const TakeReport& told) {
+bool SharedWorker::endMonth(const UnpaidSlips& named, const TakeReport& told) {
   try {
     removeUndueSlips(shared_.plan, services_, payer_, told);
+    nameLeftOut(shared_.plan, services_, payer_, named, told);
   } catch (const ClaimLost&) {
     return false;
   }

@@ -6,6 +6,7 @@
 #include "payroll/ports/run_services.h"
 #include "payroll/post/slip_change.h"
 #include "payroll/post/slip_numbers.h"
+#include "payroll/retry/waiting.h"
 #include "payroll/share/part_lease.h"
 #include "payroll/share/shared_plan.h"
 #include "payroll/work/report_queue.h"
@@ -34,7 +35,8 @@ class SharedWorker {
   /// Pays until everybody is paid, by whomever. False where the run was begun anew.
   bool payParts(ReportQueue& reports);
   /// Ends the run or waits until another one has. False where the run was begun anew.
-  bool end(RunListener& listener, const TakeReport& told);
+  /// `named`: who has been told as not paid by this process.
+  bool end(RunListener& listener, const UnpaidSlips& named, const TakeReport& told);
 
  private:
   enum class Look { Taken, Wait, AllDone, BegunAnew };
@@ -43,15 +45,18 @@ class SharedWorker {
   bool payPeriod(std::size_t period, ReportQueue& reports);
   /// False where the part was taken over.
   bool payPart(const SlipPeriod& period, ReportQueue& reports);
-  bool endMonth(const TakeReport& told);
+  bool endMonth(const UnpaidSlips& named, const TakeReport& told);
   bool markDone();
   Report reportOfLost();
+  /// A pause before the next look at the parts of that name.
+  void waitFor(const std::string& parts, const TakeReport& told);
 
   const SharedPlan& shared_;
   RunServices& services_;
   HeldPart held_;
   PartNumbers numbers_;
   PagePayer payer_;
+  Waiting waiting_;
 };
 
 }  // namespace kt7::payroll

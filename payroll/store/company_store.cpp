@@ -66,11 +66,24 @@ std::vector<Employee> CompanyStore::readEmployees(const std::string& sql) {
 }
 
 std::vector<Employee> CompanyStore::employees(const EmployeeQuery& query) {
+  return employees(query, "");
+}
+
+std::vector<Employee> CompanyStore::employeesWithoutSlip(const EmployeeQuery& query, Date payDate) {
+  return employees(query,
+                   " AND NOT EXISTS (SELECT TEPSNo FROM KT7TEmpSlipDoc WHERE TEpSTEmpCode=TEmpCode "
+                   "AND TEpsTSaPDate=" +
+                       records_.dateText(payDate) + " AND TEPSTEmTCode=" +
+                       records_.quoted(query.type) + " AND " + ofRun("TEPS") + ")");
+}
+
+std::vector<Employee> CompanyStore::employees(const EmployeeQuery& query,
+                                              const std::string& condition) {
   return readEmployees(
       top(query.limit) + kEmployeeColumns + kEmployeeTables + " WHERE " +
       paidFor(query.type, query.span) + " AND TEmpCode>" + records_.quoted(query.afterCode) +
       (query.lastCode.empty() ? "" : " AND TEmpCode<=" + records_.quoted(query.lastCode)) +
-      " ORDER BY TEmpCode");
+      condition + " ORDER BY TEmpCode");
 }
 
 std::vector<Employee> CompanyStore::employees(const std::vector<std::string>& codes) {

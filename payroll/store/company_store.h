@@ -17,6 +17,7 @@ class CompanyStore : public Company {
   int countEmployees(const std::string& type, const DaySpan& span) override;
   std::vector<Employee> employees(const EmployeeQuery& query) override;
   std::vector<Employee> employees(const std::vector<std::string>& codes) override;
+  std::vector<Employee> employeesWithoutSlip(const EmployeeQuery& query, Date payDate) override;
   std::vector<std::string> employeesWithoutType(const DaySpan& span, int limit) override;
   std::vector<KnownSlip> slips(const std::vector<std::string>& employees,
                                const DaySpan& payDates) override;
@@ -34,6 +35,7 @@ class CompanyStore : public Company {
  private:
   std::string employedIn(const DaySpan& span) const;
   std::string paidFor(const std::string& type, const DaySpan& span) const;
+  std::vector<Employee> employees(const EmployeeQuery& query, const std::string& condition);
   std::vector<Employee> readEmployees(const std::string& sql);
   std::vector<KnownSlip> readSlips(const std::string& sql);
   void readItems(std::vector<Slip>& slips);

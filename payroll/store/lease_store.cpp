@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "payroll/ports/run_names.h"
+#include "payroll/share/lease_length.h"
 #include "payroll/store/unit_of_work.h"
 #include "support/sql_text.h"
 
@@ -112,6 +113,7 @@ std::vector<PartRow> LeaseStore::freeParts(const std::string& run, const std::st
   return read("SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
               "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" + number(PartState::Open) +
               " OR (TRLeState=" + number(PartState::Taken) + " AND (TRLeUntil<" + moment(now) +
+              " OR TRLeUntil>=" + moment(latestUntil(now)) +
               " OR TRLeWorker=" + records_.quoted(worker) + "))) ORDER BY TRLeFrom");
 }
 
@@ -138,10 +140,12 @@ int LeaseStore::countUndone(const std::string& run) {
 
 int LeaseStore::countAllUndone(const std::string& run) { return count(partsOf(run)); }
 
-Date LeaseStore::lastUntil(const std::string& run) {
-  auto rows = records_.open("SELECT TOP 1 " + std::string(kColumns) + partsOf(run) +
-                            " ORDER BY TRLeUntil DESC");
-  return rows->Eof() ? Date() : rowIn(*rows).until;
+std::optional<PartRow> LeaseStore::latestPart(const std::string& run, Date now) {
+  auto rows =
+      records_.open("SELECT TOP 1 " + std::string(kColumns) + partsOf(run) + " AND TRLeUntil<" +
+                    moment(latestUntil(now)) + " ORDER BY TRLeUntil DESC");
+  if (rows->Eof()) return std::nullopt;
+  return rowIn(*rows);
 }
 
 bool LeaseStore::take(const PartRow& row, const std::string& worker, Date until) {

@@ -22,7 +22,7 @@ class LeaseStore : public RunLeases {
   std::vector<PartRow> parts(const std::string& run) override;
   int countUndone(const std::string& run) override;
   int countAllUndone(const std::string& run) override;
-  Date lastUntil(const std::string& run) override;
+  std::optional<PartRow> latestPart(const std::string& run, Date now) override;
   bool take(const PartRow& row, const std::string& worker, Date until) override;
   bool mark(const RunPart& part, const std::string& worker, PartState state, Date until) override;
   bool hold(const RunPart& part, const std::string& worker, Date until) override;

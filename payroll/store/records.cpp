@@ -21,6 +21,12 @@ void Records::execute(const std::string& sql) {
   dataObj_.ExecuteSql(dataTool_->PrepareSql(sql, dataObj_.DatabaseType()));
 }
 
+OpenRecordset Records::openLocked(const std::string& sql) {
+  const std::string engine = dataObj_.DatabaseType();
+  const bool locksRows = equalNoCase(engine, "MYSQL") || equalNoCase(engine, "POSTGRESQL");
+  return open(locksRows ? sql + " FOR UPDATE" : sql);
+}
+
 std::string Records::quoted(std::string_view text) const {
   return "'" + replaceAll(std::string(text), "'", "''") + "'";
 }

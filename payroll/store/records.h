@@ -17,6 +17,9 @@ class Records {
 
   OpenRecordset open(const std::string& sql, int lockType = ado::kReadOnly);
   void execute(const std::string& sql);
+  /// The rows, which nobody else changes until the transaction ends. On an engine that is not known
+  /// to lock rows that are read they are only read.
+  OpenRecordset openLocked(const std::string& sql);
 
   /// A text between quotes, whatever stands in it. A backslash is a character like any other: the
   /// drivers see to that on every engine.

@@ -42,7 +42,27 @@ void setItem(ado::Recordset& row, const Slip& slip, std::int32_t line, const Sli
 
 }  // namespace
 
+/// The posting that follows looks the type up by the code, and would write a balance that nobody
+/// finds where a rename came in between.
+void SlipStore::requireEmployee(const Slip& slip) {
+  auto employee = records_.openLocked("SELECT TEmpTEmTCode FROM KT7TEmployee WHERE TEmpCode=" +
+                                      records_.quoted(slip.employee));
+  if (!employee->Eof() && textIn(*employee, "TEmpTEmTCode") == slip.type) return;
+  throw EmployeeChanged(slip.employee + " is no employee of type " + slip.type +
+                        " any more: the code or the type was changed while the month was paid");
+}
+
+/// The balance goes by the employee's code.
+void SlipStore::requireOwner(const KnownSlip& slip) {
+  auto document = records_.openLocked("SELECT TEpSTEmpCode FROM KT7TEmpSlipDoc WHERE TEPSNo=" +
+                                      records_.quoted(slip.number));
+  if (document->Eof() || textIn(*document, "TEpSTEmpCode") == slip.employee) return;
+  throw EmployeeChanged("slip " + slip.number + " is not that of " + slip.employee +
+                        " any more: the code was changed while the month was paid");
+}
+
 void SlipStore::save(const Slip& slip) {
+  requireEmployee(slip);
   saveDocument(slip);
   saveItems(slip);
 }
@@ -93,11 +113,14 @@ void SlipStore::saveItems(const Slip& slip) {
 }
 
 void SlipStore::remove(const KnownSlip& slip) {
+  requireOwner(slip);
   records_.execute("DELETE FROM KT7TEmpSlipItem WHERE TSmbTEPSNo=" + records_.quoted(slip.number));
   records_.execute("DELETE FROM KT7TEmpSlipDoc WHERE TEPSNo=" + records_.quoted(slip.number));
   records_.execute("DELETE FROM KT7TEmpAmassType WHERE TEATBalanceFlag=0 AND TEATTEmpCode=" +
-                   records_.quoted(slip.employee) + " AND TEATCheckGroup=" +
-                   std::to_string(kCheckGroup) + " AND TEATTEmTCode=" + records_.quoted(slip.type) +
+                   records_.quoted(slip.employee) +
+                   " AND TEATCheckGroup=" + std::to_string(kCheckGroup) + " AND TEATTEmTCode IN " +
+                   // Posted for an employee whose code had just been changed it has no type.
+                   records_.listOf({slip.type, ""}) +
                    " AND TEATPaymentDate=" + records_.dateText(slip.payDate));
 }
 

@@ -19,6 +19,8 @@ class SlipStore : public SlipBook {
   void rollback() noexcept override;
 
  private:
+  void requireEmployee(const Slip& slip);
+  void requireOwner(const KnownSlip& slip);
   void saveDocument(const Slip& slip);
   void saveItems(const Slip& slip);
 

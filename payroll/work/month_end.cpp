@@ -12,6 +12,13 @@ namespace {
 constexpr int kSlipsAtOnce = 200;
 constexpr int kCodesShown = 5;
 
+constexpr const char* kLeftOut =
+    "there is no slip: the code or the type was changed while the month was paid, or another "
+    "process could not pay; run the month again";
+constexpr const char* kInputLost =
+    "the input names the employee, whose code was changed while the month was paid; write the new "
+    "code in the input and run the month again";
+
 void removeUndueSlips(UndueQuery query, RunServices& services, PagePayer& payer,
                       const TakeReport& told) {
   for (;;) {
@@ -20,6 +27,28 @@ void removeUndueSlips(UndueQuery query, RunServices& services, PagePayer& payer,
     query.afterNumber = slips.back().number;
     payer.remove(slips);
     told(payer.takeReport());
+  }
+}
+
+/// Some entries' employees are asked for at a time: the entries are in the order of their codes.
+void nameLostInput(const MonthPlan& plan, RunServices& services, PagePayer& payer,
+                   const TakeReport& told) {
+  UnpaidSlips entered;
+  for (const InputEntry& entry : plan.input.entries()) {
+    entered.emplace(entry.employee, entry.payDate.dayNumber());
+  }
+  for (auto next = entered.begin(); next != entered.end();) {
+    std::map<std::string, std::int32_t> gone;
+    for (; next != entered.end() && gone.size() < kEmployeesAtOnce; ++next) gone.insert(*next);
+    std::vector<std::string> codes;
+    for (const auto& [code, payDate] : gone) codes.push_back(code);
+    const auto standing = payer.doing([&] { return services.company.employees(codes); });
+    for (const Employee& employee : standing) gone.erase(employee.code);
+    Report report;
+    for (const auto& [code, payDate] : gone) {
+      report.countFailed(code, Date::fromSerial(payDate), kInputLost);
+    }
+    told(report);
   }
 }
 
@@ -37,6 +66,29 @@ void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& p
     if (period != nullptr) query.paidDays = period->salary;
     removeUndueSlips(query, services, payer, told);
   }
+}
+
+void nameLeftOut(const MonthPlan& plan, RunServices& services, PagePayer& payer,
+                 const UnpaidSlips& named, const TakeReport& told) {
+  for (const SlipPeriod& period : plan.periods) {
+    if (period.frozen) continue;
+    EmployeeQuery query{period.type, period.salary, "", kEmployeesAtOnce};
+    for (;;) {
+      const auto employees =
+          payer.doing([&] { return services.company.employeesWithoutSlip(query, period.payDate); });
+      if (employees.empty()) break;
+      query.afterCode = employees.back().code;
+      Report report;
+      for (const Employee& employee : employees) {
+        const bool isNamed = named.contains({employee.code, period.payDate.dayNumber()});
+        if (isDue(employee, period) && !isNamed) {
+          report.countFailed(employee.code, period.payDate, kLeftOut);
+        }
+      }
+      told(report);
+    }
+  }
+  nameLostInput(plan, services, payer, told);
 }
 
 void noteUntypedEmployees(const MonthPlan& plan, RunServices& services, RunListener& listener) {

@@ -11,6 +11,12 @@ namespace kt7::payroll {
 void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
                       const TakeReport& told);
 
+/// Names, and counts as failed, who is due a slip and has none, `named` aside: the code or the type
+/// was changed at a moment at which no page met the employee under either, or another process could
+/// not pay. So is who was named by the input and stands under that code no more.
+void nameLeftOut(const MonthPlan& plan, RunServices& services, PagePayer& payer,
+                 const UnpaidSlips& named, const TakeReport& told);
+
 // What the run tells beside its slips.
 void noteUntypedEmployees(const MonthPlan& plan, RunServices& services, RunListener& listener);
 void noteLaterMonths(const MonthPlan& plan, RunServices& services, PagePayer& payer,

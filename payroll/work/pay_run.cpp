@@ -16,27 +16,30 @@ class MonthRun {
         services_(services),
         listener_(listener),
         queue_(plan, 1),
-        payer_(plan, services, queue_) {}
+        payer_(madeOn(services,
+                      [&] { return std::make_unique<PagePayer>(plan, services, queue_); })) {}
 
   RunOutcome run(int jobs, const NewWorker& newWorker) {
-    noteUntypedEmployees(plan_, services_, listener_);
-    countWork();
+    payer_->doing([&] { noteUntypedEmployees(plan_, services_, listener_); });
+    if (listener_.wantsProgress()) countWork();
+    stopWhereAsked();
     if (jobs > 1 && newWorker) {
       payByCrew(plan_, jobs, newWorker, [this](const Report& report) { tell(report); });
     } else {
       payAlone();
     }
-    removeUndueSlips(plan_, services_, payer_, [this](const Report& report) { tell(report); });
-    noteLaterMonths(plan_, services_, payer_, listener_);
+    removeUndueSlips(plan_, services_, *payer_, [this](const Report& report) { tell(report); });
+    nameLeftOut(plan_, services_, *payer_, unpaid_, [this](const Report& report) { tell(report); });
+    noteLaterMonths(plan_, services_, *payer_, listener_);
     return outcome_;
   }
 
  private:
   void payAlone() {
-    while (const auto page = payer_.doing([&] { return queue_.take(services_); })) {
+    while (const auto page = payer_->doing([&] { return queue_.take(services_); })) {
       tellReady();
       try {
-        payPage(payer_, queue_, *page);
+        payPage(*payer_, queue_, *page);
       } catch (...) {
         tellReady();
         throw;
@@ -53,15 +56,25 @@ class MonthRun {
   void tell(const Report& report) {
     report.tellTo(listener_);
     outcome_ += report.outcome;
+    report.addUnpaidTo(unpaid_);
     if (report.employees == 0) return;
     done_ += report.employees;
     if (listener_.wantsProgress()) listener_.progress(done_, total_);
+    stopWhereAsked();
+  }
+
+  /// Once: what others have paid by then is told all the same.
+  void stopWhereAsked() {
+    if (stopping_ || !listener_.wantsToStop()) return;
+    stopping_ = true;
+    throw RunInterrupted();
   }
 
   void countWork() {
-    if (!listener_.wantsProgress()) return;
     for (const SlipPeriod& period : plan_.periods) {
-      if (!period.frozen) total_ += services_.company.countEmployees(period.type, period.salary);
+      if (period.frozen) continue;
+      total_ += payer_->doing(
+          [&] { return services_.company.countEmployees(period.type, period.salary); });
     }
     listener_.progress(0, total_);
   }
@@ -70,20 +83,42 @@ class MonthRun {
   RunServices& services_;
   RunListener& listener_;
   PageQueue queue_;
-  PagePayer payer_;
+  std::unique_ptr<PagePayer> payer_;
   RunOutcome outcome_;
+  UnpaidSlips unpaid_;
   int done_ = 0;
   int total_ = 0;
+  bool stopping_ = false;
 };
+
+/// The notes of an attempt that a lost connection ended are not told twice.
+MonthPlan planned(const RunRequest& request, RunServices& services, RunListener& listener,
+                  RunOutcome& outcome) {
+  Report attempt;
+  const auto plan = [&] {
+    attempt = Report();
+    endOtherRuns(request, services);
+    return planMonth(request, services, attempt, outcome);
+  };
+  try {
+    MonthPlan result = Recovery(services, outcome).repeating(plan);
+    attempt.tellTo(listener);
+    return result;
+  } catch (...) {
+    attempt.tellTo(listener);
+    throw;
+  }
+}
 
 }  // namespace
 
 RunOutcome runMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                     const NewWorker& newWorker) {
   const OpenData open(services.dataObj);
-  endOtherRuns(request, services);
-  const MonthPlan plan = planMonth(request, services, listener);
-  return MonthRun(plan, services, listener).run(request.jobs, newWorker);
+  RunOutcome outcome;
+  const MonthPlan plan = planned(request, services, listener, outcome);
+  outcome += MonthRun(plan, services, listener).run(request.jobs, newWorker);
+  return outcome;
 }
 
 }  // namespace kt7::payroll

@@ -13,7 +13,7 @@ namespace kt7::payroll {
 /// the number of jobs. With more than one, `newWorker` makes each of them its services. The data
 /// object's connection is opened and closed; slips are written some tens at a time, and one by one
 /// where that fails. RunStopped before anything is written, also where a shared run of the same
-/// employees is under way; an Error where the database is lost.
+/// employees is under way; RunInterrupted; an Error where the database is lost.
 RunOutcome runMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                     const NewWorker& newWorker = {});
 

@@ -35,14 +35,15 @@ class FaultyRun : public PaidCompany {
   std::filesystem::path prepared() const { return database_.folder() / "prepared.db"; }
 
   /// A run on a copy of the prepared company; answers whether the step was reached.
-  bool run(int step, FaultInjector::When when, Told& told) {
+  bool run(int step, FaultInjector::When when, Told& told,
+           FaultInjector::As as = FaultInjector::As::FailedStatement) {
     std::filesystem::copy_file(prepared(), copy_.emplace().file());
     FaultInjector faults;
     trace::TracedPlatform platform(platform_, faults);
     host::HostDataObj inner(copy_->connectionString());
     trace::TracedDataObj dataObj(inner, faults);
     platform_.setNow(Month(2026, 1).lastDay());
-    faults.failAt(step, when);
+    faults.failAt(step, when, as);
     try {
       told.outcome = payMonth(platform, dataObj, {Month(2026, 1), "H1", {}}, told);
     } catch (const RunStopped& stopped) {
@@ -50,6 +51,7 @@ class FaultyRun : public PaidCompany {
     } catch (const Error& error) {
       told.reasons = {error.what()};
     }
+    lines_ = faults.lines();
     return faults.failed();
   }
 
@@ -68,6 +70,7 @@ class FaultyRun : public PaidCompany {
   }
 
   std::optional<test::TemporaryDatabase> copy_;
+  std::vector<std::string> lines_;  // of the last run's steps
 };
 
 TEST_F(FaultyRun, PaysNobodyTwiceAndTellsTheTruth) {
@@ -100,6 +103,33 @@ TEST_F(FaultyRun, PaysNobodyTwiceAndTellsTheTruth) {
     host::HostDataObj dataObj(copy_->connectionString());
     Told again;
     payMonth(platform_, dataObj, {Month(2026, 1), "H1", {}}, again);
+    EXPECT_EQ(slips(), expected);
+  }
+}
+
+TEST_F(FaultyRun, ConnectionThatIsLostWhileTheMonthIsPlannedChangesNothing) {
+  Told clean;
+  ASSERT_FALSE(run(0, FaultInjector::When::Before, clean));
+  const auto expected = slips();
+  const std::size_t notes = clean.notes.size();
+  const auto firstUnit = std::ranges::find_if(lines_, [](const std::string& line) {
+    return line.find("INSERT INTO KT7TEmpSlip") != std::string::npos ||
+           line.find("KT7TEmpSlipDoc WHERE TEpSTEmpCode=") != std::string::npos;
+  });
+  const int planning = static_cast<int>(firstUnit - lines_.begin());
+  ASSERT_GT(planning, 60);
+  constexpr int kStride = 5;  // odd: both before and after
+  ASSERT_LT(planning, static_cast<int>(lines_.size()));
+  // The first step opens the connection: where there is none to begin with there is nothing to
+  // mend.
+  for (int step = 2; step <= planning; step += kStride) {
+    SCOPED_TRACE("step " + std::to_string(step));
+    const auto when = step % 2 == 0 ? FaultInjector::When::Before : FaultInjector::When::After;
+    Told told;
+    ASSERT_TRUE(run(step, when, told, FaultInjector::As::LostConnection));
+    EXPECT_EQ(told.reasons, std::vector<std::string>{}) << lines_[std::size_t(step) - 1];
+    EXPECT_EQ(told.outcome.failed, 0);
+    EXPECT_EQ(told.notes.size(), notes);
     EXPECT_EQ(slips(), expected);
   }
 }

@@ -54,10 +54,11 @@ TEST_F(Numbers, EmployeesWhoComeWhileAMonthIsSharedTakeNobodysNumber) {
   });
   Told told;
   share(told, requestFor({}, "M1"), meanwhile);
-  EXPECT_EQ(told.failures, std::vector<std::string>{});
   EXPECT_EQ(amounts().size(), told.slips.size());
-  // One of them may belong to a page that had been read already.
-  EXPECT_GE(count("KT7TEmpSlipDoc WHERE TEpSTEmpCode LIKE 'Z%A'"), 2);
+  // One of them may belong to a page that had been read already, and is named.
+  const int paid = count("KT7TEmpSlipDoc WHERE TEpSTEmpCode LIKE 'Z%A'");
+  EXPECT_GE(paid, 2);
+  EXPECT_EQ(told.failures.size(), 3u - static_cast<std::size_t>(paid));
 }
 
 TEST_F(Numbers, DateWhoseNumbersAreUsedUpIsRefusedClearly) {

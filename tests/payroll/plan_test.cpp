@@ -37,9 +37,9 @@ class Plan2026 : public PaidCompany {
     StoreWorker worker(platform_, dataObj);
     OtherPeriods hr(platform_, change);
     const RunServices& own = worker.services();
-    RunServices services{hr,          own.dataObj,      own.utility,  own.settings,
-                         own.company, own.book,         own.leases,   own.newProfile,
-                         own.now,     own.messageShown, own.reconnect};
+    RunServices services{hr,          own.dataObj,    own.utility,     own.settings,
+                         own.company, own.book,       own.leases,      own.newProfile,
+                         own.now,     own.messagesOf, own.showMessage, own.reconnect};
     try {
       told.outcome = runMonth(request, services, told);
     } catch (const RunStopped& stopped) {

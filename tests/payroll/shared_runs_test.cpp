@@ -92,6 +92,26 @@ TEST_F(SharedRuns, RunsOfTheSameEmployeesExcludeEachOther) {
   }
 }
 
+TEST_F(SharedRuns, LeaseOfAWrongClockHoldsNobodyUpAndARealOneIsNamed) {
+  hire(5);
+  for (const bool shared : {false, true}) {
+    for (const bool planning : {false, true}) {
+      SCOPED_TRACE(std::to_string(shared) + std::to_string(planning));
+      sql("DELETE FROM KT7TRunLease");
+      Dying dying;
+      EXPECT_THROW(share(dying, requestFor()), std::runtime_error);
+      if (planning) sql("UPDATE KT7TRunLease SET TRLeState=1 WHERE TRLeFrom='' AND TRLeTo<>''");
+      Told refused = pay(1);
+      ASSERT_EQ(refused.reasons.size(), 1u);
+      EXPECT_NE(refused.reasons[0].find("at work is test"), std::string::npos);
+      sql("UPDATE KT7TRunLease SET TRLeUntil='2099-01-01 00:00:00'");
+      Told told;
+      EXPECT_EQ((shared ? share(told, requestFor()) : pay(1).outcome).failed, 0);
+      EXPECT_EQ(count("KT7TRunLease WHERE TRLeState<>2"), 0);
+    }
+  }
+}
+
 TEST_F(SharedRuns, PartsAreOnlyForThoseWhoFindTheSamePeriods) {
   hire(200);
   Dying dying;

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <mutex>
 
+#include <kt7/error.h>
 #include <kt7/host/data_obj.h>
 #include <kt7/host/platform.h>
 #include <kt7/payroll/pay_month.h>
@@ -16,9 +17,11 @@
 #include "command.h"
 #include "fronts/cli/line/open_company.h"
 #include "fronts/cli/line/progress_bar.h"
+#include "fronts/cli/line/signals.h"
 #include "fronts/common/payroll_input.h"
 #include "fronts/common/payroll_register.h"
 #include "host/data/contract/database.h"
+#include "payroll/retry/failure.h"
 
 namespace kt7::cli {
 
@@ -59,6 +62,7 @@ class RunView : public payroll::RunListener {
   void failed(const std::string& employee, Date payDate, const std::string& cause) override {
     note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
   }
+  bool wantsToStop() const override { return StopRequest::signal() != 0; }
   bool wantsProgress() const override { return console_.errIsTerminal; }
   void progress(int done, int total) override {
     const std::lock_guard turn(turn_);
@@ -99,13 +103,32 @@ Date clockOf(const PayrollOptions& given, const payroll::Month& month) {
   return now;
 }
 
+/// Whether the slips of the register lie in a file that is not the company's any more.
+bool isMoved(const std::exception& error) {
+  const auto* const database = dynamic_cast<const Error*>(&error);
+  return database != nullptr && payroll::failureOf(*database) == payroll::Failure::Moved;
+}
+
 /// Ends a register in whose middle the run has ended.
-void breakOff(RegisterWriter& slips, const std::string& cause, Console& console) {
-  slips.breakOff(cause);
+void breakOff(RegisterWriter& slips, const std::exception& error, Console& console) {
+  slips.breakOff(error.what());
   if (!slips.begun()) return;
-  say(console,
-      "the run was broken off: the slips of the register are paid; run the month again to pay the "
-      "others");
+  say(console, isMoved(error) ? "the run was broken off: the slips of the register were paid in "
+                                "the file that was there "
+                                "before; run the month again on the file that is the company's"
+                              : "the run was broken off: the slips of the register are paid; run "
+                                "the month again to pay "
+                                "the others");
+}
+
+/// Ends a run that a signal asked to end.
+int endBySignal(const payroll::RunInterrupted& interrupted, RegisterWriter& slips,
+                Console& console) {
+  breakOff(slips, interrupted, console);
+  if (!slips.begun()) {
+    say(console, "the run was interrupted before its register began; run the month again");
+  }
+  return StopRequest::exitCode();
 }
 
 void requireWritten(Console& console) {
@@ -184,14 +207,17 @@ int payMonth(const PayrollOptions& given, Console& console) {
   openCompany(given.database.connectionString());
   // A reader who has seen enough must not end the run in its middle.
   std::signal(SIGPIPE, SIG_IGN);
+  const StopRequest stopRequest;
   payroll::RunOutcome outcome;
   try {
     RunView view(console, *slips);
     outcome = pay(given, now, request, view);
+  } catch (const payroll::RunInterrupted& interrupted) {
+    return endBySignal(interrupted, *slips, console);
   } catch (const std::exception& error) {
     const auto* const stopped = dynamic_cast<const payroll::RunStopped*>(&error);
     if (stopped != nullptr && !slips->begun()) return refuse(*stopped, console);
-    breakOff(*slips, error.what(), console);
+    breakOff(*slips, error, console);
     throw;
   }
   slips->finish();

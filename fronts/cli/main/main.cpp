@@ -3,10 +3,12 @@
 #include <iostream>
 
 #include "fronts/cli/commands/run.h"
+#include "fronts/cli/line/signals.h"
 #include "fronts/cli/screens/terminal.h"
 #include "fronts/cli/screens/windows.h"
 
 int main(int argc, char** argv) {
+  kt7::cli::ignoreFileSizeLimit();
   kt7::cli::Console console{std::cin,
                             std::cout,
                             std::cerr,

@@ -26,6 +26,12 @@ class KT7_API RunStopped : public std::runtime_error {
   std::vector<std::string> reasons_;
 };
 
+/// A listener wanted the run to end. What was told as paid is paid.
+class KT7_API RunInterrupted : public std::runtime_error {
+ public:
+  RunInterrupted() : std::runtime_error("the run was interrupted") {}
+};
+
 /// A shared run went on without a process that had begun to work on it and did not answer for
 /// longer than its lease: it was begun anew with other input, ended otherwise, or given up. What
 /// the process paid until then was kept; what it was about to pay was not.

@@ -22,6 +22,8 @@ class KT7_API RunListener {
   /// Whether progress is worth counting the employees for.
   virtual bool wantsProgress() const { return false; }
   virtual void progress(int /*done*/, int /*total*/) {}
+  /// Whether the run is to end before it is done. Asked between pages and while it waits.
+  virtual bool wantsToStop() const { return false; }
 };
 
 }  // namespace kt7::payroll

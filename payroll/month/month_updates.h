@@ -1,0 +1,14 @@
+#pragma once
+
+#include "payroll/work/pay_run.h"
+
+namespace kt7::payroll {
+
+/// Nobody's pay depends on a status: what keeps them from being brought up to date is told, and the
+/// month is paid all the same. Counts what had to be repeated.
+void updateStatuses(RunServices& services, RunListener& listener, RunOutcome& outcome);
+
+/// RunStopped where they cannot be generated.
+void generatePeriods(const Month& month, RunServices& services, RunOutcome& outcome);
+
+}  // namespace kt7::payroll
