@@ -6,6 +6,7 @@
 #include <kt7/error.h>
 #include "base/number_text.h"
 #include "base/text.h"
+#include "fronts/common/display_text.h"
 #include "protocol_error.h"
 
 namespace kt7::cli {
@@ -124,7 +125,9 @@ Json toJson(Date date) {
 Json toJson(float number) { return widened(number); }
 
 std::string jsonText(const Json& json, bool indented) {
-  return json.dump(indented ? 2 : -1, ' ', false, Json::error_handler_t::replace);
+  std::string text = json.dump(indented ? 2 : -1, ' ', false, Json::error_handler_t::replace);
+  screens::escapeUnprintable(text);
+  return text;
 }
 
 }  // namespace kt7::cli

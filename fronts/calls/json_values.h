@@ -51,8 +51,8 @@ requires(std::is_arithmetic_v<T> || std::same_as<T, std::string>) Json toJson(co
   return Json(value);
 }
 
-/// The JSON text; bytes that are no UTF-8 are shown as replacement characters. Indented over
-/// several lines on request.
+/// The JSON text, which a terminal may show: bytes that are no UTF-8 are replacement characters,
+/// and what a terminal would obey is escaped. Indented over several lines on request.
 std::string jsonText(const Json& json, bool indented = false);
 
 }  // namespace kt7::cli

@@ -3,6 +3,9 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -28,10 +31,27 @@ Character firstOf(std::string_view text) {
   return {code, static_cast<std::size_t>(size)};
 }
 
+/// What a terminal obeys instead of showing it: controls, and what turns the direction of writing.
 bool isControl(utf8proc_int32_t code) {
   const auto category = utf8proc_category(code);
-  return category == UTF8PROC_CATEGORY_CC || category == UTF8PROC_CATEGORY_ZL ||
-         category == UTF8PROC_CATEGORY_ZP;
+  if (category == UTF8PROC_CATEGORY_CC || category == UTF8PROC_CATEGORY_ZL ||
+      category == UTF8PROC_CATEGORY_ZP) {
+    return true;
+  }
+  switch (utf8proc_get_property(code)->bidi_class) {
+    case UTF8PROC_BIDI_CLASS_LRE:
+    case UTF8PROC_BIDI_CLASS_LRO:
+    case UTF8PROC_BIDI_CLASS_RLE:
+    case UTF8PROC_BIDI_CLASS_RLO:
+    case UTF8PROC_BIDI_CLASS_PDF:
+    case UTF8PROC_BIDI_CLASS_LRI:
+    case UTF8PROC_BIDI_CLASS_RLI:
+    case UTF8PROC_BIDI_CLASS_FSI:
+    case UTF8PROC_BIDI_CLASS_PDI:
+      return true;
+    default:
+      return false;
+  }
 }
 
 /// Length in bytes of the characters at the front that fit in the cells, marks with their letter.
@@ -83,6 +103,28 @@ std::string oneLine(std::string_view text) {
     text.remove_prefix(next.size);
   }
   return line;
+}
+
+void escapeUnprintable(std::string& json) {
+  const auto isPlain = [](char c) {
+    return static_cast<unsigned char>(c) < 0x80 && (c == '\n' || std::iscntrl(c) == 0);
+  };
+  if (std::all_of(json.begin(), json.end(), isPlain)) return;
+  std::string escaped;
+  for (std::string_view text = json; !text.empty();) {
+    const Character next = firstOf(text);
+    if (next.code != '\n' && isControl(next.code)) {
+      constexpr std::size_t kLongestEscape = 7;
+      std::array<char, kLongestEscape> form{};
+      // All of them have four hexadecimal digits at most.
+      std::snprintf(form.data(), form.size(), "\\u%04x", static_cast<unsigned>(next.code));
+      escaped += form.data();
+    } else {
+      escaped += text.substr(0, next.size);
+    }
+    text.remove_prefix(next.size);
+  }
+  json = std::move(escaped);
 }
 
 int displayWidth(std::string_view text) {

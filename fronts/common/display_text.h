@@ -8,9 +8,14 @@
 /// takes none, a letter one, a wide character two.
 namespace kt7::screens {
 
-/// The text in one line of well-formed UTF-8: control characters become blanks, broken bytes the
+/// The text in one line of well-formed UTF-8, as it may be written to a terminal: control
+/// characters and those that turn the direction of writing become blanks, broken bytes the
 /// replacement character.
 std::string oneLine(std::string_view text);
+
+/// Escapes for JSON ("\\u009b") what oneLine would make a blank, but for line breaks. Other than in
+/// its texts a JSON text has none of them.
+void escapeUnprintable(std::string& json);
 
 /// Cells that a one-line text takes.
 int displayWidth(std::string_view text);

@@ -8,7 +8,11 @@
 
 #include <kt7/payroll/input_row.h>
 #include "base/text.h"
+#include "fronts/cli/commands/command.h"
+#include "host/csv/header.h"
 #include "host/csv/reader.h"
+#include "host/schema/description/entered_text.h"
+#include "host/schema/description/table_groups.h"
 
 namespace kt7::cli {
 
@@ -27,19 +31,22 @@ constexpr std::array<InputColumn, 5> kColumns{{{"EmployeeCode", &payroll::InputR
 
 using Places = std::array<std::size_t, kColumns.size()>;
 
-Places placesOf(const csv::Row& header, const std::string& file) {
+Places placesOf(const csv::Row& row, const std::string& file) {
+  std::array<std::string_view, kColumns.size()> names;
+  std::ranges::transform(kColumns, names.begin(), &InputColumn::name);
+  const csv::Header header = csv::readHeader(row, "a month's input", names);
+  if (!header.problems.empty()) {
+    throw std::runtime_error("'" + file + "' cannot be used: " + inOneLine(header.problems));
+  }
   Places places{};
   for (std::size_t i = 0; i < kColumns.size(); ++i) {
-    const auto cell =
-        std::find_if(header.cells.begin(), header.cells.end(), [&](const std::string& text) {
-          return equalNoCase(trimmedBlanks(text), kColumns[i].name);
-        });
-    if (cell == header.cells.end()) {
+    const auto cell = std::ranges::find(header.columns, i);
+    if (cell == header.columns.end()) {
       throw std::runtime_error("'" + file + "' has no column " + kColumns[i].name +
                                "; its first line must name EmployeeCode, PayDate, Kind, Quantity "
                                "and Amount");
     }
-    places[i] = static_cast<std::size_t>(cell - header.cells.begin());
+    places[i] = static_cast<std::size_t>(cell - header.columns.begin());
   }
   return places;
 }
@@ -65,6 +72,10 @@ payroll::InputRow rowOf(const csv::Row& row, std::size_t width, const Places& pl
     }
     read.*kColumns[i].text = std::string(trimmedBlanks(cell));
   }
+  // Any kind that is not known is one of the company's own, and kept.
+  auto why = schema::whyUnkept(read.kind, schema::kCodeLength);
+  if (!why && schema::whyNoCode(read.kind) != nullptr) why = schema::whyNoCode(read.kind);
+  if (why) return brokenRow(row.line, "the kind " + csv::shownCell(read.kind) + " " + *why);
   return read;
 }
 
@@ -73,6 +84,10 @@ payroll::InputRow rowOf(const csv::Row& row, std::size_t width, const Places& pl
 std::vector<payroll::InputRow> readPayrollInput(const std::string& file) {
   std::ifstream stream(std::filesystem::path(std::u8string(file.begin(), file.end())));
   if (!stream) throw std::runtime_error("cannot read '" + file + "'");
+  return readPayrollInput(stream, file);
+}
+
+std::vector<payroll::InputRow> readPayrollInput(std::istream& stream, const std::string& file) {
   std::vector<payroll::InputRow> rows;
   try {
     csv::Reader reader(stream);

@@ -64,7 +64,8 @@ std::string right(const std::string& text, int width) {
 }
 
 /// Codes are shown whole, whatever their length.
-std::string left(const std::string& text, int width) {
+std::string left(const std::string& code, int width) {
+  const std::string text = screens::oneLine(code);
   return screens::displayWidth(text) > width ? text : screens::fitted(text, width);
 }
 
@@ -133,7 +134,7 @@ class TableRegister : public RegisterWriter {
 
 class CsvRegister : public RegisterWriter {
  public:
-  explicit CsvRegister(std::ostream& out) : out_(out) {}
+  CsvRegister(std::ostream& out, bool forTerminal) : out_(out), forTerminal_(forTerminal) {}
 
  protected:
   void writeHead() override {
@@ -154,12 +155,14 @@ class CsvRegister : public RegisterWriter {
   void writeBreak(const std::string&) override {}
 
  private:
-  static std::string quoted(const std::string& text) {
+  std::string quoted(const std::string& code) const {
+    const std::string text = forTerminal_ ? screens::oneLine(code) : code;
     if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
     return '"' + replaceAll(text, "\"", "\"\"") + '"';
   }
 
   std::ostream& out_;
+  bool forTerminal_;
 };
 
 class JsonRegister : public RegisterWriter {
@@ -189,7 +192,10 @@ class JsonRegister : public RegisterWriter {
 
  private:
   static std::string quoted(const std::string& text) {
-    return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    std::string json =
+        nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    screens::escapeUnprintable(json);
+    return json;
   }
 
   std::ostream& out_;
@@ -222,8 +228,8 @@ void RegisterWriter::breakOff(const std::string& cause) {
 }
 
 std::unique_ptr<RegisterWriter> registerWriter(const std::string& format, std::ostream& out,
-                                               const std::string& month) {
-  if (format == "csv") return std::make_unique<CsvRegister>(out);
+                                               const std::string& month, bool forTerminal) {
+  if (format == "csv") return std::make_unique<CsvRegister>(out, forTerminal);
   if (format == "json") return std::make_unique<JsonRegister>(out);
   return std::make_unique<TableRegister>(out, month);
 }

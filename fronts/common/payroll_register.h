@@ -45,8 +45,9 @@ class RegisterWriter {
   Totals totals_;
 };
 
-/// "table": for people, with totals by type; "csv" and "json": one record a slip.
+/// "table": for people, with totals by type; "csv" and "json": one record a slip. Codes are data
+/// and stay as they are in a CSV file, but what a terminal would obey becomes a blank on one.
 std::unique_ptr<RegisterWriter> registerWriter(const std::string& format, std::ostream& out,
-                                               const std::string& month);
+                                               const std::string& month, bool forTerminal = false);
 
 }  // namespace kt7::cli

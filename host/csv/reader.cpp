@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t kBlockSize = 64 * 1024;
 constexpr std::size_t kMostCellBytes = 1024 * 1024;
+constexpr std::size_t kMostCells = 4096;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// Blanks belong to the cell: the parser would cut those around an unquoted one.
@@ -29,6 +30,7 @@ struct Reader::Parser {
   std::deque<Row> ready;
   Row open;
   bool inRow = false;
+  bool hasTooMany = false;
   std::size_t line = 1;
   bool atStart = true;
 
@@ -45,12 +47,22 @@ struct Reader::Parser {
   Parser& operator=(const Parser&) = delete;
 
   static void takeCell(void* bytes, std::size_t size, void* self) {
-    static_cast<Parser*>(self)->open.cells.emplace_back(static_cast<const char*>(bytes), size);
+    auto& parser = *static_cast<Parser*>(self);
+    parser.hasTooMany = parser.hasTooMany || parser.open.cells.size() == kMostCells;
+    if (!parser.hasTooMany) {
+      parser.open.cells.emplace_back(static_cast<const char*>(bytes), size);
+    }
   }
   static void takeRow(int, void* self) {
     auto& parser = *static_cast<Parser*>(self);
+    if (parser.hasTooMany) return;
     parser.ready.push_back(std::exchange(parser.open, Row{parser.open.line, {}}));
     parser.inRow = false;
+  }
+
+  /// The parser's callbacks cannot raise through it.
+  void refuseTooMany() const {
+    if (hasTooMany) raise("a row has more than " + std::to_string(kMostCells) + " cells");
   }
 
   [[noreturn]] void raise(const std::string& text) const { throw CsvError(open.line, text); }
@@ -69,6 +81,7 @@ struct Reader::Parser {
                   "and those in it are doubled"
                 : csv_strerror(csv_error(&state)));
     }
+    refuseTooMany();
     if (state.entry_pos > kMostCellBytes)
       raise("a cell is longer than a mebibyte; is a quote open?");
     if (piece.ends_with('\n')) ++line;
@@ -118,6 +131,7 @@ void Reader::finish() {
   if (csv_fini(&parser_->state, Parser::takeCell, Parser::takeRow, parser_.get()) != 0) {
     parser_->raise("a quote is never closed");
   }
+  parser_->refuseTooMany();
 }
 
 bool isValidText(const std::string& text) {

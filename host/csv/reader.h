@@ -37,8 +37,8 @@ class Reader {
   Reader(const Reader&) = delete;
   Reader& operator=(const Reader&) = delete;
 
-  /// False after the last row. CsvError for broken quoting, a cell beyond a mebibyte, or a stream
-  /// that cannot be read.
+  /// False after the last row. CsvError for broken quoting, a cell beyond a mebibyte, a row of more
+  /// cells than any table has columns, or a stream that cannot be read.
   bool next(Row& row);
 
  private:

@@ -1,5 +1,7 @@
 #include "host/roles/date_text.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace kt7::host {
@@ -8,6 +10,29 @@ namespace {
 
 constexpr std::string_view kMarker = "#$";
 constexpr std::size_t kDayWidth = 10;  // yyyy-mm-dd
+
+/// Where a statement stands between quotes, asked from its front to its end. A doubled quote ends a
+/// text and begins the next.
+class QuotedTexts {
+ public:
+  /// The statement must outlive the object. One with a quote too many has no texts that could be
+  /// told from the rest.
+  explicit QuotedTexts(std::string_view sql)
+      : sql_(sql), pair_(std::count(sql.begin(), sql.end(), '\'') % 2 == 0) {}
+
+  bool holds(std::size_t place) {
+    const auto passed = sql_.substr(at_, place - at_);
+    inside_ = inside_ != (std::count(passed.begin(), passed.end(), '\'') % 2 != 0);
+    at_ = place;
+    return pair_ && inside_;
+  }
+
+ private:
+  std::string_view sql_;
+  bool pair_;
+  bool inside_ = false;
+  std::size_t at_ = 0;
+};
 
 /// The literal of what stands between two markers; false where that is no date.
 bool appendDateLiteral(std::string& sql, std::string_view date) {
@@ -54,9 +79,14 @@ std::string resolveDateMarkers(const std::string& sql) {
   if (open == std::string::npos) return sql;
   std::string out;
   out.reserve(sql.size());
+  QuotedTexts quoted(sql);
   std::size_t copied = 0;
   while (open != std::string::npos) {
     const std::size_t inside = open + kMarker.size();
+    if (quoted.holds(open)) {
+      open = sql.find(kMarker, inside);
+      continue;
+    }
     const std::size_t close = sql.find(kMarker, inside);
     if (close == std::string::npos) break;
     out.append(sql, copied, open - copied);

@@ -19,7 +19,7 @@ std::string dayForSql(Date date);
 std::string momentForSql(Date date);
 
 /// Every "#$" date "#$" becomes the quoted date or date and time, "#$#$" becomes NULL. A "#$" that
-/// opens no date stays as it is, like everything else.
+/// opens no date stays as it is, like everything else: a text between quotes may hold anything.
 std::string resolveDateMarkers(const std::string& sql);
 
 }  // namespace kt7::host

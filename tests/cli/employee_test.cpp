@@ -159,6 +159,38 @@ TEST_F(Employees, ARenamingThatFailsLeavesEverything) {
   EXPECT_EQ(rowsOf("E0001"), before);
 }
 
+TEST_F(Employees, ACallWritesAllOrNothingAndTellsAMessage) {
+  const auto rename = [&] {
+    return ask({"call", "RenameEmployeeCodeTR", R"({"FromCode":"E0001","ToCode":"X1"})"});
+  };
+  const std::int64_t before = rowsOf("E0001");
+  execute(
+      "CREATE TRIGGER Refuse BEFORE UPDATE ON KT7TEmployee2 BEGIN SELECT RAISE(ABORT, 'refused'); "
+      "END");
+  EXPECT_EQ(rename().exitCode, kFailed);
+  EXPECT_EQ(rowsOf("X1"), 0);
+  EXPECT_EQ(rowsOf("E0001"), before);
+  execute("DROP TRIGGER Refuse");
+  EXPECT_EQ(rename().exitCode, kDone);
+  EXPECT_GT(rowsOf("X1"), 1);
+
+  execute(
+      "UPDATE KT7TEmployee SET TEmpResignDate='2026-01-01', TEmpStatus=3 WHERE TEmpCode='E0002'");
+  execute(
+      "CREATE TRIGGER Refuse BEFORE UPDATE ON KT7TEmployee BEGIN SELECT RAISE(ABORT, 'refused'); "
+      "END");
+  const Outcome trapped = ask({"call", "UpdateEmployeeStatus", "{}"});
+  EXPECT_EQ(trapped.exitCode, kFailed);
+  EXPECT_NE(trapped.err.find("refused"), std::string::npos) << trapped.err;
+  const Json messages = Json::parse(trapped.out).at("messages");
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_NE(messages[0].get<std::string>().find("refused"), std::string::npos);
+  execute("DROP TRIGGER Refuse");
+  const Outcome silent = ask({"call", "UpdateEmployeeStatus", "{}"});
+  EXPECT_EQ(silent.exitCode, kDone);
+  EXPECT_FALSE(Json::parse(silent.out).contains("messages"));
+}
+
 TEST_F(Employees, ARenamedEmployeeIsPaidOnTheSame) {
   const auto pay = [&](const char* month, const std::string& name) {
     return kt7hr({"payroll", "--month", month, "--format", "csv", "--db", database(name)}).out;

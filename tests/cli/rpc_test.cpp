@@ -64,6 +64,73 @@ TEST_F(Rpc, AnswersMessagesAsTheProtocolSays) {
   }
 }
 
+std::string nested(int levels) {
+  return std::string(static_cast<std::size_t>(levels), '[') +
+         std::string(static_cast<std::size_t>(levels), ']');
+}
+
+TEST_F(Rpc, RefusesWhatItCannotTakeInAndGoesOn) {
+  const std::string sound = request("TrimSFUNDBase", R"({"iBaseAmount":1})");
+  std::string manyRequests = "[0";
+  for (int i = 0; i < 10000; ++i) manyRequests += ",0";
+  const std::vector<std::pair<std::string, const char*>> cases{
+      {nested(60000), "nested deeper"},
+      {request("TrimSFUNDBase", nested(60000)), "nested deeper"},
+      {std::string(1024 * 1024 + 1, ' '), "longer than 1048576 bytes"},
+      {std::string(9 * 1024 * 1024, 'x'), "longer than 1048576 bytes"},
+      {manyRequests + "]", "more than 10000 requests"},
+      {request("TrimSFUNDBase", R"({"iBaseAmount":)" + nested(20) + "}"), "wants a number"},
+  };
+  for (const auto& [line, why] : cases) {
+    const std::vector<Json> answers = rpc({line, sound});
+    ASSERT_EQ(answers.size(), 2u) << why;
+    const std::string told = answers[0].at("error").at("message");
+    EXPECT_NE(told.find(why), std::string::npos) << told.substr(0, 200);
+    EXPECT_EQ(answers[1].at("result").at("value"), 1.0);
+  }
+}
+
+/// Input in pieces; reading goes wrong once behind the first.
+class BrokenInput : public std::streambuf {
+ public:
+  BrokenInput(std::vector<std::string> pieces, std::function<void()> fail)
+      : pieces_(std::move(pieces)), fail_(std::move(fail)) {}
+
+ private:
+  int_type underflow() override {
+    if (at_ == 1 && !std::exchange(failed_, true)) fail_();
+    if (at_ == pieces_.size()) return traits_type::eof();
+    std::string& piece = pieces_[at_++];
+    setg(piece.data(), piece.data(), piece.data() + piece.size());
+    return traits_type::to_int_type(piece.front());
+  }
+
+  std::vector<std::string> pieces_;
+  std::function<void()> fail_;
+  std::size_t at_ = 0;
+  bool failed_ = false;
+};
+
+TEST_F(Rpc, TakesNoFailureForTheEndOfItsInput) {
+  const std::string sound = request("TrimSFUNDBase", R"({"iBaseAmount":1})") + "\n";
+  const auto serve = [&](const std::function<void()>& fail) {
+    BrokenInput buffer({sound + "{", "}\n" + sound}, fail);
+    std::istream in(&buffer);
+    std::ostringstream out, err;
+    Console console{in, out, err};
+    const char* argv[] = {"kt7hr", "rpc", "--db", database().c_str()};
+    const int exitCode = run(std::size(argv), argv, console);
+    return Outcome{exitCode, out.str(), err.str()};
+  };
+  const Outcome scarce = serve([] { throw std::bad_alloc(); });
+  EXPECT_EQ(scarce.exitCode, kDone) << scarce.err;
+  EXPECT_NE(scarce.out.find("not enough memory"), std::string::npos) << scarce.out;
+  EXPECT_EQ(std::count(scarce.out.begin(), scarce.out.end(), '\n'), 3) << scarce.out;
+  const Outcome broken = serve([] { throw std::ios_base::failure("gone"); });
+  EXPECT_EQ(broken.exitCode, kFailed);
+  EXPECT_NE(broken.err.find("could not be read to their end"), std::string::npos) << broken.err;
+}
+
 TEST_F(Rpc, TheCallAfterALostConnectionIsAnswered) {
   if (test::engine().files) GTEST_SKIP() << "no connection to lose";
   Session session(SessionOptions{.connectionString = database()});

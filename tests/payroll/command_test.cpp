@@ -124,6 +124,10 @@ TEST_F(PayrollCommand, SaysWhyItDoesNotPay) {
                                   "x,BONUS,2026-01-31,E0001,\n"
                                   "1,BONUS\n"
                                   "1,BONUS,2026-01-31,E9,\n");
+  const std::string twice =
+      written("twice.csv", "EmployeeCode,PayDate,Kind,Quantity,amount, Amount\n");
+  const std::string unknown =
+      written("more.csv", "Name,EmployeeCode,PayDate,Kind,Quantity,Amount\n");
   const std::string headless = written("headless.csv", "EmployeeCode,PayDate,Kind,Amount\n");
   for (const Case& c : std::vector<Case>{
            {{}, kWrongUse, "--month is required"},
@@ -135,6 +139,10 @@ TEST_F(PayrollCommand, SaysWhyItDoesNotPay) {
            {{"--month", "2026-01", "--lease", "5"}, kWrongUse, "--share"},
            {{"--month", "2026-01", "--format", "xml"}, kWrongUse, "--format"},
            {{"--month", "2026-01", "--input", path("none.csv")}, kFailed, "cannot read"},
+           {{"--month", "2026-01", "--input", twice},
+            kFailed,
+            "line 1: column Amount stands there twice"},
+           {{"--month", "2026-01", "--input", unknown}, kFailed, "has no column \"Name\""},
            {{"--month", "2026-01", "--input", headless}, kFailed, "no column Quantity"},
            {{"--month", "2026-01", "--input", bad}, kFailed, "input line 3: the amount 'x'"},
            {{"--month", "2026-01", "--input", bad}, kFailed, "input line 4: 2 cells"},

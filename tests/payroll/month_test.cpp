@@ -211,6 +211,25 @@ TEST_F(Month2026, NothingRunsOnWrongRecords) {
   EXPECT_EQ(messages_.size(), 1u);
 }
 
+TEST_F(Month2026, WhateverStandsInACodeIsPaidAsAnyOther) {
+  const Told before = pay(1);
+  forgetTheMonth();
+  sql("DELETE FROM KT7TEmpSlipPeriod");
+  for (const std::string table : {"KT7TEmployee SET TEmpCode", "KT7TEmployee2 SET TEm2TEmpCode"}) {
+    const std::string column = table.substr(table.find("SET ") + 4);
+    sql("UPDATE " + table + "='E#$2026-01-31#$' WHERE " + column + "='E0005'");
+    sql("UPDATE " + table + "='E#$#$' WHERE " + column + "='E0007'");
+    sql("UPDATE " + table + "='E\x1b[2J#$' WHERE " + column + "='E0016'");
+  }
+  sql("UPDATE KT7TEmployeeType SET TEmTCode='M#$2026-01-31#$' WHERE TEmTCode='M2'");
+  sql("UPDATE KT7TEmployee SET TEmpTEmTCode='M#$2026-01-31#$' WHERE TEmpTEmTCode='M2'");
+  const Told told = pay(1);
+  EXPECT_TRUE(told.failures.empty() && told.reasons.empty()) << told.failures.size();
+  EXPECT_EQ(told.outcome.paid, before.outcome.paid);
+  EXPECT_EQ(told.amounts("E#$2026-01-31#$").net, before.amounts("E0005").net);
+  EXPECT_EQ(told.amounts("E#$#$").net, before.amounts("E0007").net);
+}
+
 TEST_F(Month2026, OneFailureIsNobodyElses) {
   sql("UPDATE KT7TEmployee SET TEmpSalary=NULL WHERE TEmpCode='E0005'");
   // Posting composes its statements with the code as it stands.

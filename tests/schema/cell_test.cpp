@@ -18,6 +18,7 @@ TEST(Cell, IsReadByTheTypeOfItsColumn) {
   const std::string noSmall = "! is not a whole number from -32768 to 32767";
   const std::string noMoney = "! is not an amount with at most four decimals";
   const std::string noDate = "! is not a date (yyyy-mm-dd)";
+  const Column rowId{"R", ColumnType::RowId};
   const struct {
     Column column;
     std::string cell;
@@ -26,6 +27,11 @@ TEST(Cell, IsReadByTheTypeOfItsColumn) {
       {code("C"), "", "null"},
       {code("C"), " ก-1 ", " ก-1 "},
       {code("C"), "a'b", "! holds a quote or a backslash, which a code cannot"},
+      {code("C"), "a#$b", "! holds \"#$\", the mark of a date, which a code cannot"},
+      {code("C"), "a\nb", "! holds a control character, which a code cannot"},
+      {text("C", 9), "a#$b\n", "a#$b\n"},
+      {rowId, "2147483646", "2147483646"},
+      {rowId, "2147483647", "! is not a whole number from -2147483648 to 2147483646"},
       {code("C"), "a\\b", "! holds a quote or a backslash, which a code cannot"},
       {text("C", 4), "a'\\b", "a'\\b"},
       {text("C", 3), "กขค", "กขค"},

@@ -47,6 +47,7 @@ TEST(CsvReader, ReadsRowsWithTheirLines) {
       {"text after a closing quote", "a\n\"b\"c\n", "1:a/2!"},
       {"quote never closed", "a\nb,\"c\nd\ne\n", "1:a/2!"},
       {"a cell beyond a mebibyte", "a\nb\n\"" + std::string(1100000, 'x'), "1:a/2:b/3!"},
+      {"more cells than any table has columns", "a\n" + std::string(4096, ',') + "\nb\n", "1:a/2!"},
       {"nothing", "", ""},
   };
   for (const auto& row : cases) EXPECT_EQ(readAll(row.text), row.rows) << row.what;

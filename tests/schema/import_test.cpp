@@ -81,6 +81,11 @@ TEST_F(Import, NamesWhatIsWrongAndTakesNothing) {
 }
 
 TEST_F(Import, StopsAfterTheFirstBadRows) {
+  std::string header = "TBraCode";
+  for (int i = 0; i < 100; ++i) header += ",x";
+  EXPECT_EQ(problemsOf(database_, "KT7TBranch", header + "\n").size(), 10u);
+  EXPECT_EQ(problemsOf(database_, "KT7TBranch", std::string(2000000, ',') + "\nB1\n"),
+            Problems{"line 1: a row has more than 4096 cells"});
   std::string csv = "TBraCode,TBraMinWage\n";
   for (int i = 0; i < 1000; ++i) csv += "B,x\n";
   EXPECT_EQ(problemsOf(database_, "KT7TBranch", csv).size(), 10u);

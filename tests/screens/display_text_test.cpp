@@ -32,6 +32,7 @@ TEST(DisplayText, FitsIntoExactlyTheCells) {
 
 TEST(DisplayText, MakesOneLineOfAnything) {
   EXPECT_EQ(oneLine("a\nb\tc\x1B[2J"), "a b c [2J");
+  EXPECT_EQ(oneLine("a\x7F\u009B\u202E\u2067\u2028ก\u200Bข"), "a     ก\u200Bข");
   EXPECT_EQ(oneLine("ก\xE0\xB8"), "ก\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 

@@ -1,7 +1,9 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "base/text.h"
 #include "command.h"
+#include "fronts/calls/json_reading.h"
 #include "fronts/calls/operation_calls.h"
 #include "fronts/calls/protocol_error.h"
 #include "fronts/cli/rpc/session.h"
@@ -27,24 +29,49 @@ void refuseUnknownOperation(const std::string& name) {
 }
 
 Json parsed(const std::string& params) {
+  constexpr std::size_t kMostShown = 60;
   try {
-    return Json::parse(params);
-  } catch (const Json::exception&) {
-    throw WrongUse("'" + params +
-                   R"(' is no JSON; write the parameters as '{"EmployeeCode":"E0001"}')");
+    return parseJson(params);
+  } catch (const UnreadableJson& error) {
+    const std::string start = firstCharacters(params, kMostShown);
+    throw WrongUse("'" + start + (start.size() < params.size() ? "..." : "") +
+                   R"(' is no JSON; write the parameters as '{"EmployeeCode":"E0001"}' ()" +
+                   error.what() + ")");
   }
+}
+
+/// Operations of that name leave the transaction to their caller.
+bool needsTransaction(std::string_view operation) { return operation.ends_with("TR"); }
+
+/// All of what the operation writes, or nothing.
+Json callWhole(Session& session, const std::string& operation, const Json& params) {
+  if (!needsTransaction(operation)) return session.call(operation, params);
+  session.call("DataObj.BeginTransaction", Json::object());
+  // What fails inside leaves with the session, and the transaction with it.
+  Json result = session.call(operation, params);
+  session.call("DataObj.CommitTransaction", Json::object());
+  return result;
 }
 
 int callOnce(const CallOptions& given, Console& console) {
   refuseUnknownOperation(given.operation);
   const Json params = parsed(given.params);
-  Session session(sessionOptions(given.database, given.workplace, console));
+  SessionOptions options = sessionOptions(given.database, given.workplace, console);
+  Json messages = Json::array();
+  options.showMessage = [&messages, show = options.showMessage](const std::string& text) {
+    messages.push_back(text);
+    show(text);
+  };
+  Session session(options);
   try {
-    console.out << jsonText(session.call(given.operation, params), console.outIsTerminal) << '\n';
+    Json result = callWhole(session, given.operation, params);
+    // An operation that shows a message instead of failing has not done its work.
+    if (!messages.empty()) result["messages"] = messages;
+    console.out << jsonText(result, console.outIsTerminal) << '\n';
   } catch (const ProtocolError& error) {
     throw WrongUse(given.operation + ": " + error.what());
   }
-  return kDone;
+  return messages.empty() ? kDone : kFailed;
 }
 
 std::string operationList() {

@@ -41,8 +41,11 @@ struct Console {
   host::HostPlatform::MessageView messageView = {};
 };
 
-/// "kt7hr: text" on the error stream, in one line.
-void say(Console& console, std::string text);
+/// Problems for one message: "this; that".
+std::string inOneLine(const std::vector<std::string>& problems);
+
+/// "kt7hr: text" on the error stream, in one line and printable.
+void say(Console& console, const std::string& text);
 
 /// What reading the command line leaves to do; answers the exit code. Errors leave as exceptions.
 struct CommandLine {

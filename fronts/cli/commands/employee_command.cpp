@@ -48,7 +48,7 @@ std::optional<Date> givenDay(const EmployeeOptions& given) {
 }
 
 int showOne(const EmployeeOptions& given, Console& console) {
-  checkedCode(given.code, "an employee");
+  knownCode(given.code, "an employee");
   const std::optional<Date> day = givenDay(given);
   OpenCompany company(given);
   const Json sheet = employeeSheet(company.platform, company.dataObj, given.code,
@@ -66,7 +66,7 @@ std::int64_t showCounts(const std::vector<CodeRows>& counts, const std::string& 
                         Console& console) {
   constexpr int kTableWidth = 24;
   constexpr int kColumnWidth = 16;
-  console.out << "Rows that hold the code " << code << ":\n";
+  console.out << "Rows that hold the code " << screens::oneLine(code) << ":\n";
   std::int64_t all = 0;
   for (const CodeRows& each : counts) {
     all += each.rows;
@@ -80,16 +80,16 @@ std::int64_t showCounts(const std::vector<CodeRows>& counts, const std::string& 
 
 bool isConfirmed(const EmployeeOptions& given, std::int64_t rows, Console& console) {
   if (given.yes) return true;
-  console.err << "Rename " << given.code << " to " << given.newCode << " in " << rows
-              << " rows? [y/N] " << std::flush;
+  console.err << "Rename " << screens::oneLine(given.code) << " to " << given.newCode << " in "
+              << rows << " rows? [y/N] " << std::flush;
   std::string answer;
   std::getline(console.in, answer);
   return answer == "y" || answer == "Y" || answer == "yes";
 }
 
 int renameOne(const EmployeeOptions& given, Console& console) {
-  checkedCode(given.code, "an employee");
-  checkedCode(given.newCode, "an employee");
+  knownCode(given.code, "an employee");
+  newCode(given.newCode, "an employee");
   if (given.code == given.newCode) throw WrongUse("the old and the new code are the same");
   if (!given.yes && !console.inIsTerminal) {
     throw WrongUse("nobody can be asked here and nothing was changed; give --yes to rename " +
@@ -104,7 +104,7 @@ int renameOne(const EmployeeOptions& given, Console& console) {
     return kFailed;
   }
   renameEmployee(company.hr, company.dataObj, given.code, given.newCode);
-  console.out << given.code << " is now " << given.newCode << ".\n";
+  console.out << screens::oneLine(given.code) << " is now " << given.newCode << ".\n";
   return kDone;
 }
 

@@ -26,14 +26,6 @@ void refuseUnknownTable(const std::string& name) {
   throw WrongUse("no table '" + name + "'" + didYouMean(name, names));
 }
 
-std::string inOneLine(const schema::ImportError& error) {
-  std::string text;
-  for (const std::string& problem : error.problems()) {
-    text += (text.empty() ? "" : "; ") + problem;
-  }
-  return text;
-}
-
 int importFile(const ImportOptions& given, Console& console) {
   refuseUnknownTable(given.table);
   const std::string connectionString = given.database.connectionString();
@@ -46,7 +38,8 @@ int importFile(const ImportOptions& given, Console& console) {
     console.out << result.rows << (result.rows == 1 ? " row" : " rows") << " added to "
                 << result.table << ".\n";
   } catch (const schema::ImportError& error) {
-    throw std::runtime_error("nothing was imported from '" + given.file + "': " + inOneLine(error));
+    throw std::runtime_error("nothing was imported from '" + given.file +
+                             "': " + inOneLine(error.problems()));
   }
   return kDone;
 }

@@ -3,6 +3,7 @@
 
 #include <kt7/error.h>
 #include "command.h"
+#include "fronts/common/display_text.h"
 #include "host/data/contract/database.h"
 #include "host/schema/engine/engine_checks.h"
 #include "host/schema/state/schema.h"
@@ -52,7 +53,7 @@ void lookOver(ado::Connection& connection, schema::Engine engine, bool sample,
 void bringUpToDate(ado::Connection& connection, const InitOptions& given, Console& console) {
   using Kind = schema::SchemaState::Kind;
   const schema::Engine engine = schema::engineOf(data::databaseType(connection));
-  const std::string shown = data::shownConnectionString(given.database.database);
+  const std::string shown = screens::oneLine(data::shownConnectionString(given.database.database));
   try {
     const schema::SchemaState state = schema::schemaState(connection, engine);
     const bool unfinished = state.kind == Kind::Partial && state.version == 0;

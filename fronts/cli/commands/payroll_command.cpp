@@ -203,7 +203,8 @@ int payMonth(const PayrollOptions& given, Console& console) {
   const payroll::Month month = monthOf(given);
   const Date now = clockOf(given, month);
   const payroll::RunRequest request = requestOf(given, month);
-  const auto slips = registerWriter(given.format, console.out, request.month.text());
+  const auto slips =
+      registerWriter(given.format, console.out, request.month.text(), console.outIsTerminal);
   openCompany(given.database.connectionString());
   // A reader who has seen enough must not end the run in its middle.
   std::signal(SIGPIPE, SIG_IGN);
@@ -222,14 +223,13 @@ int payMonth(const PayrollOptions& given, Console& console) {
   }
   slips->finish();
   sayDisturbances(outcome, console);
-  if (outcome.failed == 0) {
-    requireWritten(console);
-    return kDone;
+  if (outcome.failed != 0) {
+    say(console, std::to_string(outcome.failed) +
+                     " failed, the others are paid: correct what is named above and run the month "
+                     "again");
   }
-  say(console, std::to_string(outcome.failed) +
-                   " failed, the others are paid: correct what is named above and run the month "
-                   "again");
-  return kFailed;
+  requireWritten(console);
+  return outcome.failed == 0 ? kDone : kFailed;
 }
 
 }  // namespace

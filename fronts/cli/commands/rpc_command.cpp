@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "command.h"
+#include "fronts/cli/rpc/request_lines.h"
 #include "fronts/cli/rpc/rpc_messages.h"
 #include "fronts/cli/rpc/session.h"
 
@@ -15,6 +16,30 @@ struct RpcOptions {
   bool trace = false;
 };
 
+/// The answer to the next line; false after the last one.
+bool answerNext(RequestLines& lines, RpcMessages& messages, std::string& answer) {
+  answer.clear();
+  try {
+    std::string line;
+    switch (lines.next(line)) {
+      case RequestLines::Next::End:
+        return false;
+      case RequestLines::Next::Line:
+        answer = messages.answer(line);
+        break;
+      case RequestLines::Next::TooLong:
+        answer = RpcMessages::refusal("the line is longer than " +
+                                      std::to_string(RequestLines::kLongest) +
+                                      " bytes; send its requests one by one");
+    }
+  } catch (const std::bad_alloc&) {
+    answer = RpcMessages::refusal("there is not enough memory for the line");
+  } catch (const std::ios_base::failure&) {
+    throw std::runtime_error("the requests could not be read to their end");
+  }
+  return true;
+}
+
 int serve(const RpcOptions& given, Console& console) {
   SessionOptions options = sessionOptions(given.database, given.workplace, console);
   options.trace = given.trace;
@@ -22,8 +47,8 @@ int serve(const RpcOptions& given, Console& console) {
   if (!options.pick) options.pick.emplace();
   Session session(options);
   RpcMessages messages(session);
-  for (std::string line; console.out && std::getline(console.in, line);) {
-    const std::string answer = messages.answer(line);
+  RequestLines lines(console.in);
+  for (std::string answer; console.out && answerNext(lines, messages, answer);) {
     if (!answer.empty()) console.out << answer << std::endl;
   }
   return kDone;

@@ -93,11 +93,14 @@ int explain(const CLI::App& app, const CLI::ParseError& error, Console& console)
   return kWrongUse;
 }
 
-int runChosen(CommandLine& line) {
-  const int exitCode = line.chosen();
-  line.console.out.flush();
-  if (!line.console.out) throw std::runtime_error("the output could not be written");
-  return exitCode;
+/// What nobody could read is not done: neither the output nor what was to be said beside it.
+int afterWriting(int exitCode, Console& console) {
+  console.out.flush();
+  if (!console.out && exitCode == kDone) {
+    say(console, "the output could not be written");
+    return kFailed;
+  }
+  return !console.err && exitCode == kDone ? kFailed : exitCode;
 }
 
 std::string withHint(const Error& error) {
@@ -109,10 +112,7 @@ std::string withHint(const Error& error) {
   return statement.empty() ? text : text + "; the statement was: " + statement;
 }
 
-}  // namespace
-
-int run(int argc, const char* const* argv, Console& console) {
-  data::useBuiltInDrivers();
+int runLine(int argc, const char* const* argv, Console& console) {
   if (argc <= 1) {
     console.out << kFirstSteps;
     return kDone;
@@ -129,7 +129,7 @@ int run(int argc, const char* const* argv, Console& console) {
   try {
     refuseUnknownFirst(app, argv[1]);
     app.parse(argc, argv);
-    return runChosen(line);
+    return line.chosen();
   } catch (const CLI::ParseError& error) {
     return explain(app, error, console);
   } catch (const WrongUse& error) {
@@ -138,10 +138,20 @@ int run(int argc, const char* const* argv, Console& console) {
   } catch (const Error& error) {
     say(console, withHint(error));
     return kFailed;
+  } catch (const std::bad_alloc&) {
+    say(console, "there is not enough memory for this");
+    return kFailed;
   } catch (const std::exception& error) {
     say(console, error.what());
     return kFailed;
   }
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv, Console& console) {
+  data::useBuiltInDrivers();
+  return afterWriting(runLine(argc, argv, console), console);
 }
 
 }  // namespace kt7::cli

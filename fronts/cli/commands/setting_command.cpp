@@ -5,6 +5,7 @@
 
 #include "base/number_text.h"
 #include "command.h"
+#include "fronts/cli/line/code_argument.h"
 #include "fronts/cli/line/open_company.h"
 #include "fronts/common/nearest_name.h"
 #include "host/data/contract/database.h"
@@ -47,6 +48,8 @@ void warnOfUnknownKey(const std::string& key, Console& console) {
 
 int setSetting(const SettingOptions& given, Console& console) {
   if (given.key.empty()) throw WrongUse("a setting needs a key: kt7hr setting set KEY VALUE");
+  newText(given.key, "setting's key", "KT7TSetting", "TSetKey");
+  newText(given.value, "setting's value", "KT7TSetting", "TSetText");
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
   const Value number = numberIn(given.value);

@@ -43,6 +43,7 @@ void inTransaction(const std::string& connectionString, Work work) {
 }
 
 int addOne(const UserOptions& given, Console& console) {
+  if (given.entry.name) newText(*given.entry.name, "user's name", "KT7TUser", "TUsrName");
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
   inTransaction(connectionString,
@@ -59,10 +60,12 @@ bool namesRights(const host::Grant& grant) {
   return !grant.rights.empty() || !grant.types.empty() || !grant.branches.empty();
 }
 
-void checkCodes(const host::Grant& grant) {
-  for (const std::string& key : grant.rights) checkedCode(key, "a right");
-  for (const std::string& type : grant.types) checkedCode(type, "an employee type");
-  for (const std::string& branch : grant.branches) checkedCode(branch, "a branch");
+using Check = const std::string& (*)(const std::string& code, const std::string& what);
+
+void checkCodes(const host::Grant& grant, Check check) {
+  for (const std::string& key : grant.rights) check(key, "a right");
+  for (const std::string& type : grant.types) check(type, "an employee type");
+  for (const std::string& branch : grant.branches) check(branch, "a branch");
 }
 
 /// Hosts may keep rights of their own, but a misspelt key would open nothing in silence.
@@ -78,7 +81,7 @@ int grantAll(const UserOptions& given, Console& console) {
   if (!namesRights(given.grant)) {
     throw WrongUse("nothing to grant; give --right, --type or --branch");
   }
-  checkCodes(given.grant);
+  checkCodes(given.grant, &newCode);
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
   host::HostPlatform platform;
@@ -99,7 +102,7 @@ int revokeAll(const UserOptions& given, Console& console) {
         "nothing to revoke; give --right, --type, --branch, --administrator or "
         "--module-administrator");
   }
-  checkCodes(given.grant);
+  checkCodes(given.grant, &knownCode);
   const std::string connectionString = given.database.connectionString();
   given.database.clock();
   inTransaction(connectionString,

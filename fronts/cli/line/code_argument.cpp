@@ -1,36 +1,54 @@
 #include "code_argument.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "fronts/cli/commands/command.h"
-#include "host/csv/reader.h"
+#include "host/schema/description/entered_text.h"
+#include "host/schema/description/table_groups.h"
 
 namespace kt7::cli {
 
 namespace {
 
-constexpr std::size_t kLongestCode = 60;
-
-/// What keeps a text from being a code; null for a code.
-const char* whyNoCode(const std::string& text) {
+/// What keeps a text from being found as a code; "" for one that can be.
+std::string whyUnknown(const std::string& text) {
   if (text.empty()) return "is empty";
-  if (!csv::isValidText(text)) return "is no UTF-8";
-  if (text.find_first_of("'\"`\\") != std::string::npos) return "holds a quote or a backslash";
-  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
-  if (std::any_of(text.begin(), text.end(), isControl)) return "holds a control character";
+  if (const auto why = schema::whyUnkept(text, schema::kCodeLength)) return *why;
+  const bool isQuoted = text.find_first_of("'\"`\\") != std::string::npos;
+  return isQuoted ? "holds a quote or a backslash" : "";
+}
+
+std::string whyNoCode(const std::string& text) {
+  std::string why = whyUnknown(text);
+  if (!why.empty()) return why;
   if (trimmedBlanks(text) != text) return "has blanks around it";
-  if (firstCharacters(text, kLongestCode) != text) return "is longer than 60 characters";
-  return nullptr;
+  const char* const unplain = schema::whyNoCode(text);
+  return unplain != nullptr ? unplain : "";
+}
+
+const std::string& requireNone(const std::string& why, const std::string& code,
+                               const std::string& what) {
+  if (why.empty()) return code;
+  throw WrongUse("'" + code + "' is no code of " + what + ": it " + why);
 }
 
 }  // namespace
 
-const std::string& checkedCode(const std::string& code, const std::string& what) {
-  if (const char* why = whyNoCode(code)) {
-    throw WrongUse("'" + code + "' is no code of " + what + ": it " + why);
-  }
-  return code;
+const std::string& newCode(const std::string& code, const std::string& what) {
+  return requireNone(whyNoCode(code), code, what);
+}
+
+const std::string& knownCode(const std::string& code, const std::string& what) {
+  return requireNone(whyUnknown(code), code, what);
+}
+
+const std::string& newText(const std::string& text, const std::string& what,
+                           const std::string& table, const std::string& column) {
+  const int length = schema::findColumn(*schema::findTable(table), column)->length;
+  const auto unkept = schema::whyUnkept(text, length);
+  if (unkept) throw WrongUse("the " + what + " " + *unkept);
+  const char* const unplain = schema::whyUnplain(text);
+  if (unplain != nullptr) throw WrongUse("the " + what + " '" + text + "' " + unplain);
+  return text;
 }
 
 }  // namespace kt7::cli

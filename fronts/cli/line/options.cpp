@@ -7,6 +7,7 @@
 #include "fronts/cli/commands/command.h"
 #include "fronts/cli/commands/password_file.h"
 #include "fronts/cli/rpc/session.h"
+#include "fronts/common/display_text.h"
 #include "host/data/session/connection_string.h"
 
 namespace kt7::cli {
@@ -25,10 +26,14 @@ data::ConnectionString readConnectionString(const std::string& given) {
 
 }  // namespace
 
-void say(Console& console, std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-  console.err << "kt7hr: " << text << std::endl;
+std::string inOneLine(const std::vector<std::string>& problems) {
+  std::string text;
+  for (const std::string& problem : problems) text += (text.empty() ? "" : "; ") + problem;
+  return text;
+}
+
+void say(Console& console, const std::string& text) {
+  console.err << "kt7hr: " << screens::oneLine(text) << std::endl;
 }
 
 CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& does,

@@ -1,4 +1,5 @@
 #include <unistd.h>
+#include <ext/stdio_filebuf.h>
 
 #include <iostream>
 
@@ -6,10 +7,16 @@
 #include "fronts/cli/line/signals.h"
 #include "fronts/cli/screens/terminal.h"
 #include "fronts/cli/screens/windows.h"
+#include "standard_streams.h"
 
 int main(int argc, char** argv) {
+  kt7::cli::keepStandardDescriptors();
+  // Unlike that of std::cin, its end is never an input that could not be read.
+  __gnu_cxx::stdio_filebuf<char> inBuffer(STDIN_FILENO, std::ios::in);
+  std::istream in(&inBuffer);
+  if (!inBuffer.is_open()) in.setstate(std::ios::badbit);
   kt7::cli::ignoreFileSizeLimit();
-  kt7::cli::Console console{std::cin,
+  kt7::cli::Console console{in,
                             std::cout,
                             std::cerr,
                             isatty(STDOUT_FILENO) == 1,

@@ -1,5 +1,7 @@
 #include "user_report.h"
 
+#include "fronts/common/display_text.h"
+
 namespace kt7::cli {
 
 namespace {
@@ -12,8 +14,8 @@ std::string listed(const Codes& codes) {
   std::string text;
   for (const host::NamedCode& each : codes) {
     if (!text.empty()) text += ", ";
-    text += each.code;
-    if (!each.name.empty()) text += " (" + each.name + ")";
+    text += screens::oneLine(each.code);
+    if (!each.name.empty()) text += " (" + screens::oneLine(each.name) + ")";
   }
   return text;
 }
@@ -44,11 +46,11 @@ std::string salaryLines(const host::UserView& view) {
 std::string deadTokenLine(const host::UserView& view, const host::DeadToken& dead) {
   std::string line = "Does not hold: the right to " +
                      std::string(dead.ofSalary ? "salaries" : "welfare") + " of type " +
-                     dead.typeCode + "; its token ";
+                     screens::oneLine(dead.typeCode) + "; its token ";
   if (!dead.ownerKnown) return line + "fits no user and type known here\n";
   line += "was made for ";
   line += dead.ownerUser == view.user ? "this user" : "user " + std::to_string(dead.ownerUser);
-  return line + " and type " + dead.ownerType + "\n";
+  return line + " and type " + screens::oneLine(dead.ownerType) + "\n";
 }
 
 std::string restrictedView(const host::UserView& view) {
@@ -65,7 +67,7 @@ std::string restrictedView(const host::UserView& view) {
 
 std::string userReport(const host::UserView& view) {
   std::string text = "User " + std::to_string(view.user);
-  if (!view.name.empty()) text += " (" + view.name + ")";
+  if (!view.name.empty()) text += " (" + screens::oneLine(view.name) + ")";
   if (!view.registered) text += ", who has rights but was never added";
   if (view.moduleAdministrator) text += ", administrator of the module HR";
   if (view.administrator) {
@@ -76,7 +78,8 @@ std::string userReport(const host::UserView& view) {
   } else {
     text += "\n" + restrictedView(view);
   }
-  for (const std::string& key : view.otherRights) text += "Also holds the right " + key + "\n";
+  for (const std::string& key : view.otherRights)
+    text += "Also holds the right " + screens::oneLine(key) + "\n";
   for (const host::DeadToken& dead : view.deadTokens) text += deadTokenLine(view, dead);
   return text;
 }

@@ -2,12 +2,16 @@
 
 #include <kt7/error.h>
 #include "base/text.h"
+#include "fronts/calls/json_reading.h"
 #include "fronts/calls/protocol_error.h"
 #include "session.h"
 
 namespace kt7::cli {
 
 namespace {
+
+/// The answers of a batch are held until its last request is answered.
+constexpr std::size_t kLargestBatch = 10000;
 
 Json message(const Json& id, const char* member, Json content) {
   return Json{{"jsonrpc", "2.0"}, {"id", id}, {member, std::move(content)}};
@@ -54,19 +58,27 @@ std::string RpcMessages::answer(const std::string& line) {
   if (trimmedBlanks(line).empty()) return {};
   Json request;
   try {
-    request = Json::parse(line);
-  } catch (const Json::exception& error) {
-    return jsonText(failure(nullptr, ProtocolError::kParseError,
-                            std::string("the line is no JSON: ") + error.what()));
+    request = parseJson(line);
+  } catch (const UnreadableJson& error) {
+    return refusal(std::string("the line is no JSON: ") + error.what());
   }
   const Json answer = request.is_array() ? answerBatch(request) : answerRequest(request);
   return answer.is_null() ? std::string() : jsonText(answer);
+}
+
+std::string RpcMessages::refusal(const std::string& why) {
+  return jsonText(failure(nullptr, ProtocolError::kParseError, why));
 }
 
 /// Null where every request of the batch is a notification.
 Json RpcMessages::answerBatch(const Json& requests) {
   if (requests.empty()) {
     return failure(nullptr, ProtocolError::kInvalidRequest, "an empty batch");
+  }
+  if (requests.size() > kLargestBatch) {
+    return failure(
+        nullptr, ProtocolError::kInvalidRequest,
+        "a batch of more than " + std::to_string(kLargestBatch) + " requests; send several");
   }
   Json answers;
   for (const Json& request : requests) {
@@ -102,6 +114,9 @@ Json RpcMessages::perform(const Json& id, const Json& request) {
     return failure(id, error.code(), error.what(), traced(Json::object()));
   } catch (const Error& error) {
     return failure(id, error.number(), error.what(), traced(causeOf(error)));
+  } catch (const std::bad_alloc&) {
+    return failure(id, ProtocolError::kInternalError, "there is not enough memory for the call",
+                   traced(Json::object()));
   } catch (const std::exception& error) {
     return failure(id, ProtocolError::kInternalError, error.what(), traced(Json::object()));
   }

@@ -17,6 +17,8 @@ class RpcMessages {
   /// The answer to one line, without its line break; "" where none is due: a notification, or a
   /// blank line. A failure of any kind is an answer.
   std::string answer(const std::string& line);
+  /// The answer to a line that could not be taken in.
+  static std::string refusal(const std::string& why);
 
  private:
   Json answerBatch(const Json& requests);

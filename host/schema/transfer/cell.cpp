@@ -6,35 +6,33 @@
 #include <kt7/error.h>
 #include "base/number_text.h"
 #include "base/text.h"
-#include "host/csv/reader.h"
+#include "host/schema/description/entered_text.h"
 
 namespace kt7::schema {
 namespace {
 
 using Cell = std::variant<Value, CellProblem>;
 
-constexpr std::size_t kMostShown = 40;
 constexpr std::size_t kDecimalsOfMoney = 4;
 constexpr std::size_t kDateTextLength = 10;  // yyyy-mm-dd
 
 Cell readText(const Column& column, const std::string& cell) {
-  if (!csv::isValidText(cell)) return CellProblem{"is not UTF-8 text"};
-  if (csv::characterCount(cell) > static_cast<std::size_t>(column.length)) {
-    return CellProblem{"is longer than " + std::to_string(column.length) + " characters"};
-  }
-  if (column.isCode && cell.find_first_of("'\\") != std::string::npos) {
-    return CellProblem{"holds a quote or a backslash, which a code cannot"};
+  if (const auto problem = whyUnkept(cell, column.length)) return CellProblem{*problem};
+  if (column.isCode) {
+    if (const char* why = whyNoCode(cell)) {
+      return CellProblem{std::string(why) + ", which a code cannot"};
+    }
   }
   return Value(cell);
 }
 
 template <typename Number>
-Cell readWhole(const std::string& cell) {
+Cell readWhole(const std::string& cell, Number highest = std::numeric_limits<Number>::max()) {
   Number number = 0;
-  if (readPlainNumber(cell, number)) return Value(number);
+  if (readPlainNumber(cell, number) && number <= highest) return Value(number);
   return CellProblem{"is not a whole number from " +
                      std::to_string(std::numeric_limits<Number>::min()) + " to " +
-                     std::to_string(std::numeric_limits<Number>::max())};
+                     std::to_string(highest)};
 }
 
 Cell readNumber(const std::string& cell) {
@@ -88,18 +86,12 @@ Cell readCell(const Column& column, const std::string& cell) {
     case ColumnType::Small:
       return readWhole<std::int16_t>(cell);
     case ColumnType::Whole:
-    case ColumnType::RowId:
       return readWhole<std::int32_t>(cell);
+    case ColumnType::RowId:
+      // The database goes on with the number after the highest one.
+      return readWhole<std::int32_t>(cell, std::numeric_limits<std::int32_t>::max() - 1);
   }
   return CellProblem{"stands in a column of an unknown type"};
-}
-
-std::string shownCell(const std::string& cell) {
-  if (!csv::isValidText(cell)) return "the cell";
-  const std::string start = firstCharacters(cell, kMostShown);
-  std::string shown = "\"";
-  for (const char byte : start) shown += byte == '\n' || byte == '\r' ? ' ' : byte;
-  return shown + (start.size() < cell.size() ? "...\"" : "\"");
 }
 
 }  // namespace kt7::schema

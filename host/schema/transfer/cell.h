@@ -4,6 +4,7 @@
 #include <variant>
 
 #include <kt7/value.h>
+#include "host/csv/header.h"
 #include "host/schema/description/table.h"
 
 namespace kt7::schema {
@@ -17,7 +18,6 @@ struct CellProblem {
 /// stays within its range, an amount within four decimals, a text within the column's length.
 std::variant<Value, CellProblem> readCell(const Column& column, const std::string& cell);
 
-/// A cell as it can be shown in a message: in quotes, cut, never broken characters.
-std::string shownCell(const std::string& cell);
+using csv::shownCell;
 
 }  // namespace kt7::schema

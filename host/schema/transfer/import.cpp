@@ -58,17 +58,12 @@ Columns namedColumns(const Table& table, csv::Reader& reader) {
   if (!nextRow(reader, header, problems) && problems.empty()) {
     problems.push_back("the file is empty; its first line names the columns");
   }
-  for (const std::string& name : header.cells) {
-    const Column* column = findColumn(table, name);
-    if (column == nullptr) {
-      problems.push_back(atLine(header.line) + ": " + table.name + " has no column " +
-                         shownCell(name));
-    } else if (std::ranges::find(columns, column) != columns.end()) {
-      problems.push_back(atLine(header.line) + ": column " + column->name + " stands there twice");
-    }
-    columns.push_back(column);
-  }
   if (!problems.empty()) throw ImportError(std::move(problems));
+  std::vector<std::string_view> known;
+  for (const Column& column : table.columns) known.push_back(column.name);
+  csv::Header named = csv::readHeader(header, table.name, known);
+  if (!named.problems.empty()) throw ImportError(std::move(named.problems));
+  for (const std::size_t column : named.columns) columns.push_back(&table.columns[column]);
   return columns;
 }
 

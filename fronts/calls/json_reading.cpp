@@ -1,0 +1,26 @@
+#include "json_reading.h"
+
+namespace kt7::cli {
+
+namespace {
+
+/// A batch of requests with their parameters has three.
+constexpr int kDeepest = 32;
+
+}  // namespace
+
+Json parseJson(std::string_view text) {
+  const auto refuseDeep = [](int depth, Json::parse_event_t, const Json&) {
+    if (depth > kDeepest) {
+      throw UnreadableJson("it is nested deeper than " + std::to_string(kDeepest) + " levels");
+    }
+    return true;
+  };
+  try {
+    return Json::parse(text, refuseDeep);
+  } catch (const Json::exception& error) {
+    throw UnreadableJson(error.what());
+  }
+}
+
+}  // namespace kt7::cli

@@ -1,0 +1,21 @@
+#include "standard_streams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <initializer_list>
+
+namespace kt7::cli {
+
+void keepStandardDescriptors() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
+    // Those below it are open: what is opened gets the lowest free number, this one.
+    const int opened = open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    if (opened != descriptor) std::abort();
+  }
+}
+
+}  // namespace kt7::cli

@@ -1,0 +1,11 @@
+#pragma once
+
+/// Descriptors 0, 1 and 2 as whoever starts the command left them.
+namespace kt7::cli {
+
+/// Puts the null device on each of them that is closed, the wrong way round: reading and writing
+/// fail as they would on a closed one, and no file or database connection that is opened later gets
+/// its number. To be called before anything else opens a file.
+void keepStandardDescriptors();
+
+}  // namespace kt7::cli

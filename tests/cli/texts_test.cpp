@@ -1,0 +1,120 @@
+#include "command_fixture.h"
+#include "host/data/contract/database.h"
+
+namespace kt7::cli {
+namespace {
+
+/// What a terminal would obey: controls of both ranges and turns of the direction of writing.
+bool isPrintable(const std::string& text) {
+  for (const char c : text) {
+    if (c != '\n' && std::iscntrl(static_cast<unsigned char>(c)) != 0) return false;
+  }
+  for (const char* obeyed : {"\xC2\x9B", "\u202E", "\u2066"}) {
+    if (text.find(obeyed) != std::string::npos) return false;
+  }
+  return true;
+}
+
+const std::vector<std::string> kObeyed{"\x1b[2J", "\x7f", "\t", "\u009b2J", "\u202e", "\u2066"};
+
+class Texts : public Commands {
+ protected:
+  Texts() { EXPECT_EQ(ask({"init", "--sample"}).exitCode, kDone); }
+  Outcome ask(std::vector<std::string> words) {
+    words.insert(words.end(), {"--db", database()});
+    return kt7hr(words);
+  }
+  Outcome onTerminal(std::vector<std::string> words) {
+    words.insert(words.begin(), "kt7hr");
+    words.insert(words.end(), {"--db", database()});
+    std::vector<const char*> argv;
+    for (const std::string& word : words) argv.push_back(word.c_str());
+    std::istringstream in;
+    std::ostringstream out, err;
+    Console console{in, out, err, true};
+    const int exitCode = run(static_cast<int>(argv.size()), argv.data(), console);
+    return {exitCode, out.str(), err.str()};
+  }
+  std::string dump() {
+    std::string rows;
+    for (const char* sql :
+         {"SELECT COUNT(*) FROM KT7TBranch", "SELECT COUNT(*) FROM KT7TUser",
+          "SELECT COUNT(*) FROM KT7TUserRight", "SELECT COUNT(*) FROM KT7TSetting",
+          "SELECT COUNT(*) FROM KT7TEmpSlipDoc",
+          "SELECT COUNT(*) FROM KT7TEmployee WHERE TEmpCode='E0001'"}) {
+      rows += data::askOne(database(), sql, {}).joinedText() + " ";
+    }
+    return rows;
+  }
+};
+
+TEST_F(Texts, ThatOneEngineWouldRefuseComeInNowhere) {
+  ASSERT_EQ(ask({"user", "add", "7"}).exitCode, kDone);
+  const std::string before = dump();
+  std::vector<std::string> bad{"X#$2026-01-31#$", "X#$#$", "X\xff", "X\u200b",
+                               std::string(1001, 'x')};
+  for (const std::string& obeyed : kObeyed) bad.push_back("X" + obeyed + "Y");
+  for (const std::string& text : bad) {
+    const std::string rows = "TBraName,TBraCode\na,B1\nb,\"" + text + "\"\n";
+    const std::string input =
+        "EmployeeCode,PayDate,Kind,Quantity,Amount\nE0001,2026-01-31,\"" + text + "\",,5\n";
+    const std::string pay = written("input.csv", input);
+    const Outcome imported = ask({"import", "KT7TBranch", written("rows.csv", rows)});
+    EXPECT_NE(imported.err.find("line 3, column TBraCode"), std::string::npos) << imported.err;
+    for (const Outcome& outcome :
+         {imported, ask({"employee", "rename", "E0001", text, "--yes"}),
+          ask({"user", "grant", "7", "--right", text}), ask({"user", "add", "8", "--name", text}),
+          ask({"setting", "set", text, "1"}), ask({"setting", "set", "CompanyName", text}),
+          ask({"payroll", "--month", "2026-01", "--input", pay})}) {
+      EXPECT_NE(outcome.exitCode, kDone) << text << outcome.out;
+      EXPECT_TRUE(isPrintable(outcome.err)) << outcome.err;
+    }
+  }
+  EXPECT_EQ(dump(), before);
+}
+
+TEST_F(Texts, ThatStandThereReachNoTerminalRaw) {
+  ASSERT_EQ(ask({"user", "add", "7"}).exitCode, kDone);
+  std::string all = "Z";
+  for (const std::string& obeyed : kObeyed) all += obeyed + "|";
+  const auto connection = data::createConnection();
+  connection->Open(database());
+  for (const std::string& sql :
+       {"UPDATE KT7TEmployee SET TEmpFirstName='" + all + "', TEmpCode=TEmpCode||'" + all +
+            "' WHERE TEmpCode<'E0003'",
+        "UPDATE KT7TEmployee SET TEmpSignDate=NULL, TEmpCode='E" + all + "' WHERE TEmpCode='E0032'",
+        "UPDATE KT7TEmployee2 SET TEm2TEmpCode=TEm2TEmpCode||'" + all +
+            "' WHERE TEm2TEmpCode<'E0003'",
+        "UPDATE KT7TUser SET TUsrName='" + all + "'",
+        "INSERT INTO KT7TUserRight (TUsRTUsrID, TUsRKey) VALUES (7, '" + all + "')"}) {
+    connection->Execute(sql);
+  }
+  connection->Close();
+  const std::string code = "E0001" + all;
+  for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+           {"payroll", "--month", "2026-01"},
+           {"payroll", "--month", "2026-01", "--format", "csv"},
+           {"payroll", "--month", "2026-01", "--format", "json"},
+           {"employee", "show", code},
+           {"employee", "show", code, "--format", "json"},
+           {"employee", "show", all},
+           {"user", "show", "7"},
+           {"call", "GETSectionHourRate", R"({"SectionCode":"')" + std::string("\u009b") + R"("})"},
+           {"call", "GETDAYRATE", all},
+           {all},
+           {"payroll", all},
+           {"import", all, "x"},
+           {"import", "KT7TBranch", all},
+           {"employee", "rename", code, "E0001", "--yes"}}) {
+    const Outcome outcome = onTerminal(words);
+    EXPECT_TRUE(isPrintable(outcome.out)) << outcome.out;
+    EXPECT_TRUE(isPrintable(outcome.err)) << outcome.err;
+    EXPECT_FALSE((outcome.out + outcome.err).empty()) << words[0];
+  }
+  // Elsewhere the codes are data.
+  const std::string csv = ask({"payroll", "--month", "2026-01", "--format", "csv"}).out;
+  EXPECT_NE(csv.find("E0002" + all), std::string::npos) << csv;
+}
+
+}  // namespace
+}  // namespace kt7::cli
