@@ -156,7 +156,7 @@ class CsvRegister : public RegisterWriter {
 
  private:
   std::string quoted(const std::string& code) const {
-    const std::string text = forTerminal_ ? screens::oneLine(code) : code;
+    std::string text = forTerminal_ ? screens::oneLine(code) : code;
     if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
     return '"' + replaceAll(text, "\"", "\"\"") + '"';
   }

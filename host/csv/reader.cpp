@@ -10,8 +10,8 @@
 namespace kt7::csv {
 namespace {
 
-constexpr std::size_t kBlockSize = 64 * 1024;
-constexpr std::size_t kMostCellBytes = 1024 * 1024;
+constexpr std::size_t kBlockSize = std::size_t{64} * 1024;
+constexpr std::size_t kMostCellBytes = std::size_t{1024} * 1024;
 constexpr std::size_t kMostCells = 4096;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 

@@ -76,8 +76,8 @@ TEST_F(Rpc, RefusesWhatItCannotTakeInAndGoesOn) {
   const std::vector<std::pair<std::string, const char*>> cases{
       {nested(60000), "nested deeper"},
       {request("TrimSFUNDBase", nested(60000)), "nested deeper"},
-      {std::string(1024 * 1024 + 1, ' '), "longer than 1048576 bytes"},
-      {std::string(9 * 1024 * 1024, 'x'), "longer than 1048576 bytes"},
+      {std::string(std::size_t{1024} * 1024 + 1, ' '), "longer than 1048576 bytes"},
+      {std::string(std::size_t{9} * 1024 * 1024, 'x'), "longer than 1048576 bytes"},
       {manyRequests + "]", "more than 10000 requests"},
       {request("TrimSFUNDBase", R"({"iBaseAmount":)" + nested(20) + "}"), "wants a number"},
   };

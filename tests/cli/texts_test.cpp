@@ -28,6 +28,7 @@ class Texts : public Commands {
     words.insert(words.begin(), "kt7hr");
     words.insert(words.end(), {"--db", database()});
     std::vector<const char*> argv;
+    argv.reserve(words.size());
     for (const std::string& word : words) argv.push_back(word.c_str());
     std::istringstream in;
     std::ostringstream out, err;

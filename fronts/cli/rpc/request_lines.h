@@ -8,7 +8,7 @@ namespace kt7::cli {
 /// The lines of a stream, none of them held beyond a length that every honest request stays below.
 class RequestLines {
  public:
-  static constexpr std::size_t kLongest = 1024 * 1024;
+  static constexpr std::size_t kLongest = std::size_t{1024} * 1024;
 
   enum class Next { Line, TooLong, End };
 
