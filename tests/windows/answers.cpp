@@ -11,7 +11,6 @@
 #include "fronts/com/adapters/host_objects.h"
 #include "fronts/com/automation/status.h"
 #include "fronts/com/automation/text.h"
-#include "fronts/com/description/profile_methods.h"
 
 namespace kt7::client {
 

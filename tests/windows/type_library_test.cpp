@@ -6,7 +6,6 @@
 #include "checks.h"
 #include "client.h"
 #include "fronts/com/automation/text.h"
-#include "fronts/com/description/profile_methods.h"
 
 namespace kt7::client {
 

@@ -1,8 +1,14 @@
 #include "operations_page.h"
 
+#include <algorithm>
+#include <stdexcept>
+
+#include <kt7/error.h>
 #include <kt7/operation_notes.h>
 #include <kt7/operations.h>
 #include "base/text.h"
+#include "operation_shape.h"
+#include "reference_text.h"
 
 namespace kt7::cli {
 
@@ -10,41 +16,10 @@ namespace {
 
 constexpr const char* kHead = R"(# Operations
 
-Made by `kt7hr operations`; do not edit. Parameters in brackets may be left out; `&` marks one that
-the operation may change. Money has four decimals, dates are of the common era.
-
-| operation | answers | reads | writes | connection and transaction |
-|---|---|---|---|---|
-)";
-
-constexpr const char* kComposed = R"(
-## Texts that become part of a statement
-
-Some operations put a text into the statement that they compose, or into the condition that a filter
-answers for the host's own statement:
-
-- **as it stands**: the text is SQL itself, such as the `FieldTypeName` and `AdditionFilter` that the
-  pickers and filters compose as given (`HRFilterAccessLevel` and its kin write `FieldTypeName` in upper
-  case). Only the host's own program may choose it, never a user.
-- **between quotes**: a quote inside the text is not doubled and ends the literal; what follows is SQL.
-  Hand over codes that the host has read from its tables or checked, never what a user has typed.
-
-Codes that an operation reads from a table are composed between quotes too, so keep quotes out of codes
-where they come in. `EmployeeObject.SetTypeCode` puts its `vData` between quotes. All other texts are
-connection strings, values of rows, or keys that the host's own `DataTool` and `SettingStore` are asked
-for.
-
-| operation | as it stands | between quotes |
-|---|---|---|
-)";
-
-constexpr const char* kRemarks = R"(
-## What may surprise a host
+Made by `kt7hr operations` from the tables of the interface and the texts in `fronts/cli/reference`;
+do not edit.
 
 )";
-
-constexpr const char* kTail = R"(
-Published and not described, answering "not implemented":)";
 
 std::string_view whereText(Where where) {
   switch (where) {
@@ -68,99 +43,230 @@ std::string_view whereText(Where where) {
   return {};
 }
 
-template <typename T>
-constexpr std::string_view typeName() {
-  using Plain = std::remove_cvref_t<T>;
-  if constexpr (std::is_void_v<T>)
-    return "nothing";
-  else if constexpr (std::is_same_v<Plain, std::string>)
-    return "text";
-  else if constexpr (std::is_same_v<Plain, bool>)
-    return "boolean";
-  else if constexpr (std::is_same_v<Plain, double>)
-    return "double";
-  else if constexpr (std::is_same_v<Plain, float>)
-    return "single";
-  else if constexpr (std::is_same_v<Plain, Currency>)
-    return "currency";
-  else if constexpr (std::is_same_v<Plain, Date>)
-    return "date";
-  else if constexpr (sizeof(Plain) == 2)
-    return "int16";
-  else if constexpr (std::is_enum_v<Plain> || std::is_integral_v<Plain>)
-    return "int32";
-  else
-    return "object";
+const OperationNote& noteOf(std::string_view name) {
+  const auto* note = std::find_if(kOperationNotes.begin(), kOperationNotes.end(),
+                                  [&](const OperationNote& each) { return each.name == name; });
+  if (note == kOperationNotes.end()) throw std::logic_error("no note on " + std::string(name));
+  return *note;
 }
 
-template <typename Argument>
-std::string parameterText(const Parameter& parameter) {
-  std::string text(parameter.name);
-  if (typeName<Argument>() != "object") {
-    constexpr bool kOut =
-        std::is_lvalue_reference_v<Argument> && !std::is_const_v<std::remove_reference_t<Argument>>;
-    text.append(kOut ? " &" : " ").append(typeName<Argument>());
+template <typename Rows>
+const auto& rowOf(const Rows& rows, std::string_view name) {
+  const auto at =
+      std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.name == name; });
+  if (at == rows.end()) throw std::logic_error("no row of " + std::string(name));
+  return *at;
+}
+
+std::string code(std::string_view text) { return "`" + std::string(text) + "`"; }
+
+/// "TEmpCode, TEmpSalary" with each name as code; what carries marks of its own stays as it is.
+std::string columnList(const std::string& columns) {
+  if (columns.find('`') != std::string::npos) return columns;
+  return "`" + replaceAll(replaceAll(columns, " to ", "` to `"), ", ", "`, `") + "`";
+}
+
+std::string typeText(const ParameterShape& parameter) {
+  std::string text(parameter.type);
+  if (parameter.inOut) text += ", in/out";
+  if (parameter.optional) text += ", optional";
+  return text;
+}
+
+bool names(std::string_view list, std::string_view name) {
+  const std::vector<std::string> all = split(list, ',');
+  return std::any_of(all.begin(), all.end(),
+                     [&](const std::string& each) { return trimmedBlanks(each) == name; });
+}
+
+/// What a text does in a statement that the operation composes.
+std::string composedText(const OperationNote* note, std::string_view parameter) {
+  if (note == nullptr) return "";
+  if (names(note->composed.asTheyStand, parameter)) return " **SQL**: composed as it stands.";
+  if (names(note->composed.betweenQuotes, parameter)) return " **Composed** between quotes.";
+  return "";
+}
+
+void addParameters(std::string& page, const OperationShape& shape, const ReferenceEntry& entry,
+                   const OperationNote* note) {
+  std::string rows;
+  for (const ParameterShape& parameter : shape.parameters) {
+    if (parameter.isObject()) continue;
+    const ParameterText* text = reference().findParameter(entry, parameter.name);
+    if (text == nullptr) {
+      throw std::logic_error("no text on " + entry.name + ", " + std::string(parameter.name));
+    }
+    rows += "| " + code(parameter.name) + " | " + typeText(parameter) + " | " + text->meaning +
+            composedText(note, parameter.name) + " | " + text->whenEmpty + " |\n";
   }
-  return parameter.optional ? "[" + text + "]" : text;
+  if (rows.empty()) return;
+  page += "| parameter | type | meaning | 0, \"\", false, blank date |\n|---|---|---|---|\n" +
+          rows + "\n";
 }
 
-template <auto Member, typename... Arguments>
-std::string signatureOf(const Operation<Member>& operation, std::tuple<Arguments...>*) {
-  std::string list;
-  std::size_t at = 0;
-  ((list.append(at == 0 ? "" : ", ").append(parameterText<Arguments>(operation.parameters[at])),
-    ++at),
-   ...);
-  return "`" + std::string(operation.name) + "(" + list + ")` " +
-         std::string(typeName<typename Operation<Member>::Result>());
+void addTables(std::string& page, std::string_view does, const std::vector<NamedText>& tables) {
+  for (const NamedText& table : tables) {
+    const bool named = table.name.starts_with("KT7");
+    page.append("- **").append(does).append("** ");
+    page += (named ? code(table.name) : table.name) + ": " + columnList(table.text) + "\n";
+  }
 }
 
-std::string orDash(std::string_view text) { return text.empty() ? "–" : std::string(text); }
-
-template <auto Member>
-void addLine(std::string& page, const Operation<Member>& operation, const OperationNote& note) {
-  using Arguments = typename Operation<Member>::Arguments;
-  page.append("| ").append(signatureOf(operation, static_cast<Arguments*>(nullptr)));
-  page.append(" | ").append(note.answers);
-  page.append(" | ").append(orDash(note.reads));
-  page.append(" | ").append(orDash(note.writes));
-  page.append(" | ").append(whereText(note.where)).append(" |\n");
+void addEffects(std::string& page, const ReferenceEntry& entry) {
+  const ReferenceEntry& effects = reference().effectsOf(entry);
+  addTables(page, "Reads", effects.reads);
+  addTables(page, "Writes", effects.writes);
+  for (const NamedText& error : effects.errors) {
+    page += "- **Error** " + error.name + ": " + error.text + "\n";
+  }
 }
 
-std::string asCode(std::string_view names) {
-  if (names.empty()) return "–";
-  return "`" + replaceAll(std::string(names), ", ", "`, `") + "`";
+/// The link to a heading, as the usual renderers name it.
+std::string linkTo(const std::string& heading) {
+  return "[" + heading + "](#" + replaceAll(lowerCase(heading), " ", "-") + ")";
 }
 
-void addComposed(std::string& page, const OperationNote& note) {
-  const ComposedTexts& texts = note.composed;
-  if (texts.asTheyStand.empty() && texts.betweenQuotes.empty()) return;
-  page.append("| ").append(asCode(note.name));
-  page.append(" | ").append(asCode(texts.asTheyStand));
-  page.append(" | ").append(asCode(texts.betweenQuotes)).append(" |\n");
+void addSurprises(std::string& page, const ReferenceEntry& entry, const OperationNote* note) {
+  const ReferenceEntry* other = reference().findOperation(entry.like);
+  const bool more = other != nullptr && (!other->surprises.empty() || !other->like.empty());
+  const std::string remark(note == nullptr ? "" : note->remark);
+  if (entry.surprises.empty() && !more && remark.empty()) return;
+  page += "\nSurprises:\n\n";
+  for (const std::string& surprise : entry.surprises) page += "- " + surprise + "\n";
+  if (!remark.empty()) page += "- " + remark + "\n";
+  if (more) page += "- What is said of " + linkTo(other->name) + " holds here too.\n";
+}
+
+void addExample(std::string& page, const ReferenceEntry& entry) {
+  page += "\n```\n";
+  for (const std::string& line : entry.example) {
+    page += (line.starts_with("kt7hr ") ? "$ " : "") + line + "\n";
+  }
+  page += "```\n\n";
+}
+
+/// Without a note for a method of the profile.
+void addSection(std::string& page, const OperationShape& shape, const ReferenceEntry& entry,
+                const OperationNote* note) {
+  page += "### " + entry.name + "\n\n" + entry.text + "\n\n";
+  page += "```cpp\n" + declarationOf(shape) + "\n```\n\n";
+  addParameters(page, shape, entry, note);
+  page += "- **Answers** " + std::string(shape.result);
+  if (note != nullptr && note->answers != shape.result) page.append(": ").append(note->answers);
+  page += "\n";
+  addEffects(page, entry);
+  if (note != nullptr)
+    page.append("- **Connection**: ").append(whereText(note->where)).append("\n");
+  addSurprises(page, entry, note);
+  addExample(page, entry);
+}
+
+void addOperation(std::string& page, const ReferenceEntry& entry) {
+  addSection(page, rowOf(operationShapes(), entry.name), entry, &noteOf(entry.name));
+}
+
+void addMethod(std::string& page, const ReferenceEntry& entry) {
+  addSection(page, rowOf(profileMethodShapes(), entry.name), entry, nullptr);
+}
+
+void addProperties(std::string& page, const ReferenceArea& area) {
+  if (area.properties.empty()) return;
+  page += "### Properties\n\n| property | type | new object | meaning |\n|---|---|---|---|\n";
+  const std::vector<PropertyShape> shapes = profilePropertyShapes();
+  for (const ReferenceEntry& entry : area.properties) {
+    const PropertyShape& shape = rowOf(shapes, entry.name);
+    page += "| " + code(entry.name) + " | " + std::string(shape.type) +
+            (shape.readOnly ? ", read only" : "") + " | " + shape.newValue + " | " + entry.text +
+            " |\n";
+  }
+  page += "\n";
+}
+
+void addContents(std::string& page) {
+  page += "## Contents\n\n";
+  for (const ReferenceArea& area : reference().areas()) {
+    page += "**" + linkTo(area.title) + "**\n\n| | answers |\n|---|---|\n";
+    for (const ReferenceEntry& entry : area.operations) {
+      page += "| " + linkTo(entry.name) + " | " + std::string(noteOf(entry.name).answers) + " |\n";
+    }
+    if (!area.properties.empty()) page += "| " + linkTo("Properties") + " | |\n";
+    for (const ReferenceEntry& entry : area.methods) {
+      page += "| " + linkTo(entry.name) + " | " +
+              std::string(rowOf(profileMethodShapes(), entry.name).result) + " |\n";
+    }
+    page += "\n";
+  }
+}
+
+void addErrorKinds(std::string& page) {
+  page += "\n| kind | number |\n|---|---|\n";
+  for (const ErrorKindRow& kind : errorKinds()) {
+    page += "| " + std::string(kind.name) + " | " + std::to_string(kind.number);
+    if (kind.kind == ErrorKind::Database) {
+      page += "; " + std::to_string(error_number::kConnectionFailed) + " without a connection";
+    }
+    page += " |\n";
+  }
+}
+
+void addExampleHint(std::string& page) {
+  page += R"(
+**Examples** run as they stand, each on a new sample company:
+
+```
+$ export KT7HR_DB='Driver=SQLite;Database=company.db'
+$ kt7hr init --sample
+```
+
+`--now` sets the clock, `--user` says who works, `--pick` answers a picker.
+
+)";
+}
+
+void addUndescribed(std::string& page) {
+  page += "## Not described\n\nPublished, and answering \"not implemented\":";
+  for (const UndescribedOperation& operation : kUndescribedOperations) {
+    page += (&operation == kUndescribedOperations.data() ? " " : ", ") + code(operation.name);
+  }
+  page += ".\n";
 }
 
 }  // namespace
 
 std::string operationsPage() {
-  static_assert(kOperationNotes.size() == std::tuple_size_v<decltype(kOperations)>);
-  std::string page = kHead;
-  std::size_t at = 0;
-  std::apply([&](const auto&... rows) { (addLine(page, rows, kOperationNotes[at++]), ...); },
-             kOperations);
-  page += kComposed;
-  for (const OperationNote& note : kOperationNotes) addComposed(page, note);
-  page += kRemarks;
-  for (const OperationNote& note : kOperationNotes) {
-    if (note.remark.empty()) continue;
-    page.append("- ").append(asCode(note.name)).append(": ").append(note.remark).append("\n");
+  std::string page = kHead + reference().introduction();
+  addErrorKinds(page);
+  addExampleHint(page);
+  addContents(page);
+  for (const ReferenceArea& area : reference().areas()) {
+    page += "## " + area.title + "\n\n" + area.text + "\n\n";
+    for (const ReferenceEntry& entry : area.operations) addOperation(page, entry);
+    addProperties(page, area);
+    for (const ReferenceEntry& entry : area.methods) addMethod(page, entry);
   }
-  page += kTail;
-  for (const UndescribedOperation& operation : kUndescribedOperations) {
-    page.append(&operation == kUndescribedOperations.data() ? " `" : ", `");
-    page.append(operation.name).append("`");
+  addUndescribed(page);
+  return page;
+}
+
+std::optional<std::string> operationSection(std::string_view name) {
+  std::string section;
+  for (const ReferenceArea& area : reference().areas()) {
+    for (const ReferenceEntry& entry : area.operations) {
+      if (entry.name == name) addOperation(section, entry);
+    }
+    for (const ReferenceEntry& entry : area.methods) {
+      if (entry.name == name) addMethod(section, entry);
+    }
   }
-  return page + ".\n";
+  if (section.empty()) return std::nullopt;
+  return section;
+}
+
+std::vector<std::string_view> sectionNames() {
+  std::vector<std::string_view> names;
+  for (const OperationShape& shape : operationShapes()) names.push_back(shape.name);
+  for (const OperationShape& shape : profileMethodShapes()) names.push_back(shape.name);
+  return names;
 }
 
 }  // namespace kt7::cli

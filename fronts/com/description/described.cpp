@@ -6,7 +6,6 @@
 
 #include <kt7/operations.h>
 #include <kt7/profile_table.h>
-#include "profile_methods.h"
 
 namespace kt7::description {
 

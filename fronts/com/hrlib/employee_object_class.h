@@ -3,7 +3,6 @@
 #include <kt7/employee_object.h>
 #include <kt7/profile_table.h>
 #include "fronts/com/adapters/windows_platform.h"
-#include "fronts/com/description/profile_methods.h"
 #include "fronts/com/hrlib/calls.h"
 #include "fronts/com/hrlib/dual_object.h"
 #include "fronts/com/hrlib/self_calls.h"

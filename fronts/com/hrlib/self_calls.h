@@ -2,7 +2,6 @@
 
 #include <kt7/operations.h>
 #include <kt7/profile_table.h>
-#include "fronts/com/description/profile_methods.h"
 #include "fronts/com/hrlib/slot_calls.h"
 
 namespace kt7::hrlib {
