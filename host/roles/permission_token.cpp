@@ -3,7 +3,7 @@
 #include <gcrypt.h>
 
 #include <array>
-#include <cstdint>
+#include <string_view>
 
 #include <kt7/error.h>
 #include "host/roles/crypto.h"
@@ -24,7 +24,7 @@ gcry_buffer_t bufferOf(std::string_view bytes) {
 
 }  // namespace
 
-std::string keyedHash(std::string_view text, std::string_view key) {
+std::string keyedHash(const std::string& text, const std::string& key) {
   requireCrypto();
   // With the HMAC flag the first buffer is the key.
   const std::array<gcry_buffer_t, 2> buffers{bufferOf(key), bufferOf(text)};
@@ -37,21 +37,6 @@ std::string keyedHash(std::string_view text, std::string_view key) {
                       std::string("EncodeWithKey: ") + gcry_strerror(failed));
   }
   return hash;
-}
-
-std::string base64Url(std::string_view bytes) {
-  constexpr std::string_view kAlphabet =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-  std::string text;
-  text.reserve((bytes.size() * 4 + 2) / 3);
-  std::uint32_t bits = 0;
-  int count = 0;
-  for (const char byte : bytes) {
-    bits = bits << 8 | static_cast<unsigned char>(byte);
-    for (count += 8; count >= 6; count -= 6) text += kAlphabet[bits >> (count - 6) & 63];
-  }
-  if (count > 0) text += kAlphabet[bits << (6 - count) & 63];
-  return text;
 }
 
 }  // namespace kt7::host

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "host/data/session/connection_string.h"
-#include "host/data/session/session_errors.h"
+#include "roles/data/session_errors.h"
 #include "test_database.h"
 
 namespace kt7::data::test {

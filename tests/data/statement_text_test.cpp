@@ -1,4 +1,4 @@
-#include "host/data/sql/statement_text.h"
+#include "roles/sql/statement_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "company.h"
-#include "host/roles/host_setting_store.h"
+#include "roles/setting_store.h"
 
 namespace kt7::host {
 namespace {
@@ -114,7 +114,7 @@ TEST_F(DataObjTest, ResetTakesAnotherConnectionWhereItWasLost) {
 }
 
 TEST_F(DataObjTest, SettingsAndRights) {
-  HostSettingStore settings;
+  roles::StandardSettingStore settings{*data::pooledSessions()};
   EXPECT_EQ(settings.GetNumberSetting("MoneyExpendses", connectionString_), 50.5);
   EXPECT_EQ(settings.GetNumberSetting("moneyexpendses", connectionString_), 0);
   EXPECT_EQ(settings.GetNumberSetting("HeadOfficeBranchCode", connectionString_), 0);

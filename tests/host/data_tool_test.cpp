@@ -1,6 +1,6 @@
 #include "company.h"
-#include "host/roles/date_text.h"
-#include "host/roles/lookup_statement.h"
+#include "roles/texts/date_text.h"
+#include "roles/texts/lookup_statement.h"
 
 namespace kt7::host {
 namespace {
@@ -23,7 +23,7 @@ TEST(DateMarkers, BecomeLiteralsAndNothingElseChanges) {
       {"open #$2026-01-31", "open #$2026-01-31"},
       {"#$ # $ #", "#$ # $ #"},
   };
-  for (const auto& [sql, prepared] : cases) EXPECT_EQ(resolveDateMarkers(sql), prepared);
+  for (const auto& [sql, prepared] : cases) EXPECT_EQ(roles::resolveDateMarkers(sql), prepared);
 }
 
 TEST(LookupStatement, TheKeyJoinsTheConditionsOfTheTableText) {
@@ -44,7 +44,7 @@ TEST(LookupStatement, TheKeyJoinsTheConditionsOfTheTableText) {
   };
   std::string sql = "left over";
   for (const auto& [table, statement] : cases) {
-    writeLookupStatement(sql, "R", "K", table);
+    roles::writeLookupStatement(sql, "R", "K", table);
     EXPECT_EQ(sql, std::string("SELECT R FROM ") + statement);
   }
 }

@@ -1,4 +1,4 @@
-#include "host/roles/rounding.h"
+#include "roles/texts/rounding.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include <kt7/error.h>
 
-namespace kt7::host {
+namespace kt7::roles {
 namespace {
 
 struct RoundingCase {
@@ -103,4 +103,4 @@ TEST(Rounding, WhatCannotBeRoundedIsAnError) {
 }
 
 }  // namespace
-}  // namespace kt7::host
+}  // namespace kt7::roles

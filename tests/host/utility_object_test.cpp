@@ -1,4 +1,4 @@
-#include "host/roles/host_utility_object.h"
+#include <kt7/roles/utility_object.h>
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@
 
 #include <kt7/error.h>
 #include <kt7/host/platform.h>
+#include "host/roles/permission_token.h"
 
 namespace kt7::host {
 namespace {
@@ -14,7 +15,8 @@ namespace {
 class UtilityObjectTest : public ::testing::Test {
  protected:
   HostPlatform platform_{Date::fromYmdHms(2024, 2, 29, 23, 59, 30)};
-  HostUtilityObject utility_{platform_};
+  const roles::KeyedHash hash_ = keyedHash;
+  roles::StandardUtilityObject utility_{platform_, hash_};
 };
 
 ErrorKind kindOf(const std::function<void()>& act) {

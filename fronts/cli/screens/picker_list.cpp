@@ -6,7 +6,7 @@
 #include "base/text.h"
 #include "fronts/common/display_text.h"
 #include "host/data/contract/database.h"
-#include "host/roles/date_text.h"
+#include "roles/texts/date_text.h"
 
 namespace kt7::screens {
 
@@ -64,8 +64,8 @@ std::string pickerStatement(const PickerRequest& request) {
   for (const std::string& column : split(request.columns, ',')) {
     keyShown = keyShown || equalNoCase(trimmedBlanks(column), request.key);
   }
-  return host::resolveDateMarkers("SELECT " + request.columns +
-                                  (keyShown ? "" : "," + request.key) + " FROM " + request.source);
+  return roles::resolveDateMarkers("SELECT " + request.columns +
+                                   (keyShown ? "" : "," + request.key) + " FROM " + request.source);
 }
 
 PickerList readPickerList(const PickerRequest& request, const std::string& connectionString,

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include <kt7/host/picker.h>
+#include <kt7/roles/picker.h>
 #include "base/text.h"
 
 namespace kt7::database2 {

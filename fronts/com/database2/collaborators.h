@@ -3,10 +3,10 @@
 #include <memory>
 #include <span>
 
+#include <kt7/roles/utility_object.h>
 #include "fronts/com/database2/object_of.h"
-#include "host/roles/host_data_tool.h"
-#include "host/roles/host_setting_store.h"
-#include "host/roles/host_utility_object.h"
+#include "roles/data_tool.h"
+#include "roles/setting_store.h"
 
 /// The reference host's UtilityObject, DataTool and SettingStore by the names of their contract.
 namespace kt7::database2 {

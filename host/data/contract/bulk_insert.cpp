@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include <kt7/error.h>
-#include "host/data/contract/connection.h"
+#include "roles/data/connection.h"
 
 namespace kt7::data {
 
@@ -23,7 +23,7 @@ std::string joined(std::span<const std::string> names) {
 
 BulkInsert::BulkInsert(ado::Connection& connection, const std::string& table,
                        std::vector<std::string> columns)
-    : session_(ownConnection(connection).lease()->session()),
+    : session_(*ownConnection(connection).session()),
       table_(table),
       columns_(std::move(columns)),
       rowsOfStatement_(std::clamp<std::size_t>(kMostValues / columns_.size(), 1, kMostRows)) {

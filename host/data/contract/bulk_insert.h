@@ -5,7 +5,7 @@
 #include <vector>
 
 #include <kt7/contract/data_access.h>
-#include "host/data/session/session.h"
+#include "roles/data/session.h"
 
 namespace kt7::data {
 

@@ -5,9 +5,15 @@
 #include <string>
 
 #include <kt7/contract/data_access.h>
+#include "roles/data/wrapped_connection.h"
 
 /// The reference host's drivers behind the data-access contract.
 namespace kt7::data {
+
+class Sessions;
+
+/// The sessions of all connection strings, kept open for the next who asks.
+const std::shared_ptr<Sessions>& pooledSessions();
 
 /// A closed connection; Open takes one from the pool of its connection string.
 std::unique_ptr<ado::Connection> createConnection();
@@ -18,10 +24,6 @@ std::unique_ptr<ado::Recordset> createRecordset();
 /// that was not made here.
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters);
-
-/// True where the connection was lost, does not answer, or was told by a text what the next user
-/// must not meet; a database error on a connection that was not made here.
-bool isLost(ado::Connection& connection);
 
 /// Waits until the connection sees what was committed on any node of a cluster before.
 void catchUp(ado::Connection& connection);
@@ -45,12 +47,5 @@ void createDatabase(const std::string& connectionString);
 
 /// The connection string without its password, for messages.
 std::string shownConnectionString(const std::string& connectionString);
-
-/// A connection that forwards to another (a trace, a fault injector). Recordsets and lookups look
-/// through it.
-class WrappedConnection : public ado::Connection {
- public:
-  virtual ado::Connection& inner() = 0;
-};
 
 }  // namespace kt7::data

@@ -6,7 +6,6 @@
 #include "host/data/contract/database.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/pool.h"
-#include "host/data/session/session.h"
 #include "host/data/sqlite/session.h"
 
 namespace kt7::data {

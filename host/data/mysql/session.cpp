@@ -8,8 +8,9 @@
 
 #include <kt7/error.h>
 #include "base/text.h"
-#include "host/data/session/session_errors.h"
-#include "host/data/values/server_values.h"
+#include "roles/data/primary_key.h"
+#include "roles/data/server_values.h"
+#include "roles/data/session_errors.h"
 
 namespace kt7::data {
 
@@ -305,12 +306,7 @@ std::string MysqlSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  std::string name = askOne(
-                         "SELECT MAX(column_name) FROM information_schema.statistics WHERE "
-                         "table_schema=DATABASE() AND index_name='PRIMARY' AND "
-                         "LOWER(table_name)=? HAVING COUNT(*)=1",
-                         {&folded, 1})
-                         .joinedText();
+  std::string name = askOne(kPrimaryKeyInMysql, {&folded, 1}).joinedText();
   if (!name.empty()) primaryKeys_.emplace(folded, name);
   return name;
 }

@@ -5,9 +5,9 @@
 #include <map>
 #include <vector>
 
-#include "host/data/session/session.h"
-#include "host/data/sql/fixed_texts.h"
-#include "host/data/sql/statement_text.h"
+#include "roles/data/fixed_texts.h"
+#include "roles/data/session.h"
+#include "roles/sql/statement_text.h"
 
 namespace kt7::data {
 

@@ -5,8 +5,8 @@
 #include <kt7/error.h>
 #include "base/text.h"
 #include "host/data/odbc/statement.h"
-#include "host/data/session/session_errors.h"
-#include "host/data/values/server_values.h"
+#include "roles/data/server_values.h"
+#include "roles/data/session_errors.h"
 
 namespace kt7::data {
 

@@ -7,8 +7,8 @@
 #include "base/text.h"
 #include "host/data/odbc/statement.h"
 #include "host/data/session/engine_settings.h"
-#include "host/data/session/session_errors.h"
-#include "host/data/values/server_values.h"
+#include "roles/data/server_values.h"
+#include "roles/data/session_errors.h"
 
 namespace kt7::data {
 

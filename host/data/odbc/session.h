@@ -3,9 +3,9 @@
 #include <map>
 
 #include "host/data/odbc/handle.h"
-#include "host/data/session/session.h"
-#include "host/data/sql/fixed_texts.h"
-#include "host/data/sql/statement_text.h"
+#include "roles/data/fixed_texts.h"
+#include "roles/data/session.h"
+#include "roles/sql/statement_text.h"
 
 namespace kt7::data {
 

@@ -3,7 +3,8 @@
 #include <memory>
 #include <string_view>
 
-#include "host/data/session/session.h"
+#include "host/data/session/connection_string.h"
+#include "roles/data/session.h"
 
 namespace kt7::data {
 

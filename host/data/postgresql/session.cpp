@@ -6,8 +6,9 @@
 
 #include <kt7/error.h>
 #include "base/text.h"
-#include "host/data/session/session_errors.h"
-#include "host/data/values/server_values.h"
+#include "roles/data/primary_key.h"
+#include "roles/data/server_values.h"
+#include "roles/data/session_errors.h"
 
 namespace kt7::data {
 
@@ -322,13 +323,7 @@ std::string PostgresqlSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  std::string name =
-      askOne(
-          "SELECT MAX(CAST(a.attname AS text)) FROM pg_index i JOIN pg_attribute a ON "
-          "a.attrelid=i.indrelid AND a.attnum=ANY(i.indkey) WHERE i.indisprimary AND "
-          "i.indrelid=to_regclass(?) HAVING COUNT(*)=1",
-          {&folded, 1})
-          .joinedText();
+  std::string name = askOne(kPrimaryKeyInPostgresql, {&folded, 1}).joinedText();
   if (!name.empty()) primaryKeys_.emplace(folded, name);
   return name;
 }

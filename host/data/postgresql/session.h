@@ -4,9 +4,9 @@
 
 #include <map>
 
-#include "host/data/session/session.h"
-#include "host/data/sql/lru_cache.h"
-#include "host/data/sql/statement_text.h"
+#include "roles/data/session.h"
+#include "roles/sql/lru_cache.h"
+#include "roles/sql/statement_text.h"
 
 namespace kt7::data {
 

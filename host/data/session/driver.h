@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include <kt7/export.h>
-#include "host/data/session/session.h"
+#include "host/data/session/connection_string.h"
+#include "roles/data/session.h"
 
 namespace kt7::data {
 
@@ -18,6 +19,11 @@ struct Driver {
   /// The database kind, of a driver whose name does not tell it.
   std::string (*askKind)(const std::string& connectionString) = nullptr;
 };
+
+/// A connection with that user and password, which stand for those in the connection string where
+/// they are not empty. A connection error when the engine refuses or is not built in.
+std::unique_ptr<Session> openSession(const ConnectionString& where, std::string_view user,
+                                     std::string_view password);
 
 /// Makes a driver known under one of the names that "Driver=" may have. The driver lives as long as
 /// the process.

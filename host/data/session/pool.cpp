@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "host/data/session/driver.h"
+
 namespace kt7::data {
 
 namespace {

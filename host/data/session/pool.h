@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include <kt7/export.h>
-#include "host/data/session/session.h"
+#include "host/data/session/connection_string.h"
+#include "roles/data/session.h"
 
 namespace kt7::data {
 

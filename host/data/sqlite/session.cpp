@@ -4,8 +4,9 @@
 
 #include <kt7/error.h>
 #include "base/text.h"
-#include "host/data/session/session_errors.h"
-#include "host/data/values/server_values.h"
+#include "roles/data/primary_key.h"
+#include "roles/data/server_values.h"
+#include "roles/data/session_errors.h"
 
 namespace kt7::data {
 
@@ -165,10 +166,7 @@ std::string SqliteSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  std::string name =
-      askOne("SELECT MAX(name) FROM pragma_table_info(?) WHERE pk > 0 HAVING COUNT(*) = 1",
-             {&folded, 1})
-          .joinedText();
+  std::string name = askOne(kPrimaryKeyInSqlite, {&folded, 1}).joinedText();
   if (!name.empty()) primaryKeys_.emplace(folded, name);
   return name;
 }

@@ -4,11 +4,12 @@
 
 #include <map>
 
-#include "host/data/session/session.h"
-#include "host/data/sql/lru_cache.h"
-#include "host/data/sql/statement_text.h"
+#include "host/data/session/connection_string.h"
 #include "host/data/sqlite/statement.h"
 #include "host/data/sqlite/write_lock.h"
+#include "roles/data/session.h"
+#include "roles/sql/lru_cache.h"
+#include "roles/sql/statement_text.h"
 
 namespace kt7::data {
 

@@ -4,7 +4,7 @@
 #include <new>
 
 #include <kt7/error.h>
-#include "host/data/sql/sql_lexer.h"
+#include "roles/sql/sql_lexer.h"
 
 namespace kt7::data {
 

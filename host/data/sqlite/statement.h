@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/data/values/snapshot.h"
+#include "roles/data/snapshot.h"
 
 namespace kt7::data {
 

@@ -1,9 +1,0 @@
-#include "host/roles/number_text.h"
-
-#include "base/number_text.h"
-
-namespace kt7::host {
-
-double numberInText(std::string_view text) { return writtenNumber(text).value_or(0); }
-
-}  // namespace kt7::host
