@@ -6,6 +6,7 @@
 #include <kt7/payroll/input_row.h>
 #include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
 #include <kt7/payroll/run_request.h>
 #include "payroll/facts/slip_period.h"
 #include "payroll/month/month_updates.h"

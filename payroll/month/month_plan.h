@@ -3,6 +3,7 @@
 #include <set>
 
 #include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
 #include <kt7/payroll/run_request.h>
 #include "payroll/facts/slip_period.h"
 #include "payroll/ports/run_services.h"

@@ -1,5 +1,9 @@
 #include "payroll/month/month_updates.h"
 
+#include <kt7/payroll/run_errors.h>
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
+#include "payroll/ports/run_services.h"
 #include "payroll/retry/recovery.h"
 
 namespace kt7::payroll {

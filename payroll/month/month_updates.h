@@ -1,6 +1,8 @@
 #pragma once
 
-#include "payroll/work/pay_run.h"
+#include <kt7/payroll/run_listener.h>
+#include <kt7/payroll/run_outcome.h>
+#include "payroll/ports/run_services.h"
 
 namespace kt7::payroll {
 

@@ -4,6 +4,7 @@
 
 #include "payroll/facts/slip_number.h"
 #include "payroll/ports/company.h"
+#include "payroll/ports/slip_book.h"
 #include "payroll/post/slip_change.h"
 #include "payroll/post/slip_numbers.h"
 

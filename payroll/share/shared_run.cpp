@@ -1,6 +1,7 @@
 #include <atomic>
 #include <random>
 
+#include <kt7/payroll/run_errors.h>
 #include "payroll/share/shared_progress.h"
 #include "payroll/share/shared_worker.h"
 #include "payroll/work/month_end.h"

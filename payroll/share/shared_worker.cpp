@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <random>
 
+#include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_request.h>
 #include "payroll/facts/slip_period.h"

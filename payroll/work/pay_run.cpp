@@ -1,5 +1,6 @@
 #include "payroll/work/pay_run.h"
 
+#include <kt7/payroll/run_errors.h>
 #include "payroll/facts/slip_period.h"
 #include "payroll/month/other_runs.h"
 #include "payroll/work/month_end.h"

@@ -4,10 +4,9 @@
 
 #include <functional>
 
-#include <kt7/host/picker.h>
-#include "host/roles/host_data_tool.h"
-#include "host/roles/host_setting_store.h"
-#include "host/roles/host_utility_object.h"
+#include <kt7/host/platform.h>
+#include <kt7/roles/utility_object.h>
+#include "roles/data_tool.h"
 #include "support/company.h"
 
 namespace kt7 {
@@ -15,24 +14,25 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-struct Utility : host::HostUtilityObject {
-  Utility(Platform& platform, Calls& calls) : HostUtilityObject(platform), calls_(calls) {}
+struct Utility : roles::StandardUtilityObject {
+  Utility(Platform& platform, Calls& calls) : StandardUtilityObject(platform, {}), calls_(calls) {}
   std::string SqlDateText(Date date) override {
     calls_.push_back("SqlDateText");
-    return HostUtilityObject::SqlDateText(date);
+    return StandardUtilityObject::SqlDateText(date);
   }
   std::string SqlDateTimeText(Date date, int16_t form) override {
     calls_.push_back("SqlDateTimeText");
-    return HostUtilityObject::SqlDateTimeText(date, form);
+    return StandardUtilityObject::SqlDateTimeText(date, form);
   }
   Calls& calls_;
 };
 
-struct Tool : host::HostDataTool {
-  Tool(const host::Picker& picker, Calls& calls) : HostDataTool(picker), calls_(calls) {}
+struct Tool : roles::StandardDataTool {
+  Tool(data::Sessions& sessions, const host::Picker& picker, Calls& calls)
+      : StandardDataTool(sessions, picker), calls_(calls) {}
   std::string PrepareSql(const std::string& sql, const std::string& databaseType) override {
     calls_.push_back("PrepareSql");
-    return HostDataTool::PrepareSql(sql, databaseType);
+    return StandardDataTool::PrepareSql(sql, databaseType);
   }
   Calls& calls_;
 };
@@ -45,7 +45,7 @@ struct RecordingPlatform : host::HostPlatform {
   }
   std::unique_ptr<DataTool> createDataTool() override {
     calls_.push_back("new DataTool");
-    return std::make_unique<Tool>(picker_, calls_);
+    return std::make_unique<Tool>(*sessions(), picker_, calls_);
   }
   std::unique_ptr<SettingStore> createSettingStore() override {
     calls_.push_back("new SettingStore");

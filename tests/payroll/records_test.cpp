@@ -1,5 +1,5 @@
 // What the pay run keeps beside the slips: verdicts, statuses, position history, renamed employees.
-#include "payroll/paid_company.h"
+#include "tests/payroll/paid_company.h"
 
 namespace kt7::payroll {
 namespace {

@@ -3,7 +3,10 @@
 #include <thread>
 
 #include <kt7/error.h>
+#include <kt7/payroll/input_row.h>
+#include <kt7/payroll/run_request.h>
 #include "host/records/employee_renaming.h"
+#include "payroll/ports/run_services.h"
 #include "shared_company.h"
 
 namespace kt7::payroll {

@@ -5,5 +5,5 @@
 #include <kt7/host/company.h>
 #include <kt7/host/data_obj.h>
 #include <kt7/host/drivers.h>
-#include <kt7/host/picker.h>
 #include <kt7/host/platform.h>
+#include <kt7/roles/picker.h>
