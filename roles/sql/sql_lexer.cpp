@@ -17,8 +17,6 @@ bool startsWord(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
          static_cast<unsigned char>(c) >= 0x80;
 }
-bool continuesWord(char c) { return startsWord(c) || isDigit(c) || c == '$'; }
-
 /// What stands between "--" and the end of its line. Without a blank before it some engines take
 /// the
 /// "--" for two signs, and some end it at a carriage return: a statement may follow.
@@ -112,6 +110,7 @@ class Lexer {
     if (look(0) == 'e' || look(0) == 'E') {
       ++at_;
       if (look(0) == '+' || look(0) == '-') ++at_;
+      if (!isDigit(look(0))) return false;
       while (isDigit(look(0))) ++at_;
     }
     return !continuesWord(look(0));
@@ -161,6 +160,8 @@ class Lexer {
 };
 
 }  // namespace
+
+bool continuesWord(char c) { return startsWord(c) || isDigit(c) || c == '$'; }
 
 namespace {
 

@@ -28,6 +28,9 @@ inline bool isWordOf(std::string_view keyword, std::string_view word) {
          equalNoCase(keyword, word);
 }
 
+/// Whether a word, and the name of a parameter, goes on with that byte.
+bool continuesWord(char c);
+
 /// Cuts the text into tokens. False for a quote or comment that does not end and for anything that
 /// is not surely understood; nothing may then be concluded from the tokens.
 bool lexSql(std::string_view sql, std::vector<Token>& tokens);

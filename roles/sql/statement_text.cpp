@@ -132,7 +132,11 @@ class StatementRewriter {
     if (word(i) != "?") return;
     ++out_.parameters_;
     if (!dialect_.numberedPlaceholders) return;
-    edits_.push_back({tokens_[i].begin, tokens_[i].length, "$" + std::to_string(out_.parameters_)});
+    // "1.$1", ":$1" and "$1$2" would be other tokens than "1.?", ":?" and "??".
+    constexpr std::string_view kApart = " \t\r\n\f(,=<>";
+    const bool isApart = kApart.find(before(i)) != std::string_view::npos;
+    edits_.push_back({tokens_[i].begin, tokens_[i].length,
+                      (isApart ? "$" : " $") + std::to_string(out_.parameters_)});
   }
 
   std::string placeholder() const {
@@ -218,9 +222,20 @@ class StatementRewriter {
            isSymbol(i + 1, ";") || isWord(i + 1, "FROM");
   }
 
+  char before(std::size_t i) const {
+    return tokens_[i].begin > 0 ? sql_[tokens_[i].begin - 1] : ' ';
+  }
+
+  /// Whether a placeholder in its place would be read with what stands beside it: "$1" of
+  /// LIKE'x' with the word, "?" of 'x'1 with the digit.
+  bool touchesWord(std::size_t i) const {
+    const std::size_t end = tokens_[i].end();
+    return continuesWord(before(i)) || (end < sql_.size() && continuesWord(sql_[end]));
+  }
+
   bool mayLift(std::size_t i) const {
     const Level& level = levels_.back();
-    if (!level.open || i == 0) return false;
+    if (!level.open || i == 0 || touchesWord(i)) return false;
     switch (level.region) {
       case Region::Assignments:
         return isOneOf(word(i - 1), kComparisons);

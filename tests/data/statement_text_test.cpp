@@ -30,6 +30,7 @@ TEST(SqlLexerTest, CutsTextsIntoTokens) {
       {"a /* open", nullptr},
       {"E'it\\'s'", nullptr},
       {"12ab", nullptr},
+      {"5e-?", nullptr},
       {"a \\ b", nullptr},
   };
   for (const Case& c : cases) {
@@ -100,6 +101,8 @@ TEST(StatementTextTest, LiftsOnlyWhereTheResultCannotChange) {
        "SELECT a FROM t WHERE b=DATE '2020-01-01' AND c=x'00' AND d=N'e' AND f=1", ""},
       {"SELECT a FROM t WHERE b=?1 AND c='x'", "SELECT a FROM t WHERE b=?1 AND c='x'", ""},
       {"SELECT a FROM t WHERE b='x' y'", "SELECT a FROM t WHERE b='x' y'", ""},
+      {"SELECT a FROM t WHERE b LIKE'x' OR c='y'1", "SELECT a FROM t WHERE b LIKE'x' OR c='y'1",
+       ""},
       {"CREATE VIEW v AS SELECT a FROM t WHERE b='x'",
        "CREATE VIEW v AS SELECT a FROM t WHERE b='x'", ""},
       {"WITH w AS (SELECT 1) SELECT a FROM t WHERE b='x'",
@@ -129,6 +132,8 @@ TEST(StatementTextTest, NumbersPlaceholders) {
        "SELECT a FROM t WHERE b=$1 AND c IN ($2,$3)", "x|y|z"},
       {"SELECT '?' FROM t WHERE a=? AND b='x' AND c=?",
        "SELECT '?' FROM t WHERE a=$1 AND b='x' AND c=$2", ""},
+      {"SELECT a:?, ?? FROM t WHERE b LIKE? OR c=1.?",
+       "SELECT a: $1, $2 $3 FROM t WHERE b LIKE $4 OR c=1. $5", ""},
   };
   expectTexts(cases, {.liftsLiterals = true, .numberedPlaceholders = true});
 }

@@ -78,29 +78,53 @@ std::string listed(std::span<const std::string_view> names) {
   raiseConnectionFailed(text);
 }
 
-/// The value at the front of `rest`, which is moved past it and its semicolon.
-std::string takeValue(std::string_view& rest) {
+/// Where a ';' or a '}' was forgotten, a password lies in the value before it.
+bool mayHoldPassword(std::string_view value) {
+  const std::string lower = lowerCase(value);
+  for (std::size_t at = 0; (at = lower.find('=', at)) != std::string::npos; ++at) {
+    const std::string_view keyword = trimmedBlanks(std::string_view(lower).substr(0, at));
+    if (keyword.ends_with("pwd") || keyword.ends_with("password")) return true;
+  }
+  return false;
+}
+
+/// What stands before the next semicolon, past which `rest` is moved; without the blanks around it.
+std::string_view takePlain(std::string_view& rest) {
+  const std::size_t end = std::min(rest.find(';'), rest.size());
+  const std::string_view taken = trimmedBlanks(rest.substr(0, end));
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return taken;
+}
+
+/// The value in the braces at the front of `rest`, which is moved past it and its semicolon. What
+/// stands beside the braces could be a keyword whose value, a password even, then passes for
+/// another's.
+std::string takeBraced(std::string_view& rest) {
   std::string value;
-  const std::size_t start = rest.find_first_not_of(' ');
-  if (start != std::string_view::npos && rest[start] == '{') {
-    std::size_t at = start + 1;
-    for (; at < rest.size(); ++at) {
-      if (rest[at] != '}') {
-        value += rest[at];
-      } else if (at + 1 < rest.size() && rest[at + 1] == '}') {
-        value += rest[at++];
-      } else {
-        break;
-      }
+  for (std::size_t at = 1; at < rest.size(); ++at) {
+    value += rest[at];
+    if (rest[at] != '}') continue;
+    if (at + 1 < rest.size() && rest[at + 1] == '}') {
+      ++at;
+      continue;
     }
-    const std::size_t end = rest.find(';', std::min(at, rest.size()));
-    rest = end == std::string_view::npos ? std::string_view{} : rest.substr(end + 1);
+    rest.remove_prefix(at + 1);
+    if (!takePlain(rest).empty()) {
+      raiseConnectionFailed(
+          "a ';' is missing in the connection string after a value in braces; a '}' in such a "
+          "value is written twice");
+    }
+    value.pop_back();
     return value;
   }
-  const std::size_t end = rest.find(';');
-  value = trimmedBlanks(rest.substr(0, end));
-  rest = end == std::string_view::npos ? std::string_view{} : rest.substr(end + 1);
-  return value;
+  raiseConnectionFailed("a brace is open in the connection string; a '}' ends the value");
+}
+
+/// The value at the front of `rest`, which is moved past it and its semicolon.
+std::string takeValue(std::string_view& rest) {
+  rest.remove_prefix(std::min(rest.find_first_not_of(" \t\r\n"), rest.size()));
+  if (rest.starts_with('{')) return takeBraced(rest);
+  return std::string(takePlain(rest));
 }
 
 }  // namespace
@@ -170,7 +194,7 @@ std::string ConnectionString::shown() const {
   for (const auto& [name, value] : parts_) {
     if (!text.empty()) text += ';';
     const Keyword* const keyword = known(name);
-    const bool shows = keyword != nullptr && !keyword->secret;
+    const bool shows = keyword != nullptr && !keyword->secret && !mayHoldPassword(value);
     text.append(name).append("=").append(shows ? value : "***");
   }
   return text;
