@@ -8,7 +8,6 @@
 
 #include <kt7/payroll/input_row.h>
 #include "base/text.h"
-#include "fronts/cli/commands/command.h"
 #include "host/csv/header.h"
 #include "host/csv/reader.h"
 #include "host/schema/description/entered_text.h"
@@ -36,7 +35,7 @@ Places placesOf(const csv::Row& row, const std::string& file) {
   std::ranges::transform(kColumns, names.begin(), &InputColumn::name);
   const csv::Header header = csv::readHeader(row, "a month's input", names);
   if (!header.problems.empty()) {
-    throw std::runtime_error("'" + file + "' cannot be used: " + inOneLine(header.problems));
+    throw std::runtime_error("'" + file + "' cannot be used: " + joined(header.problems, "; "));
   }
   Places places{};
   for (std::size_t i = 0; i < kColumns.size(); ++i) {

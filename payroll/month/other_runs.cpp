@@ -2,9 +2,9 @@
 
 #include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_request.h>
+#include "payroll/ports/lease_length.h"
 #include "payroll/ports/run_names.h"
 #include "payroll/ports/run_services.h"
-#include "payroll/share/lease_length.h"
 
 namespace kt7::payroll {
 

@@ -3,8 +3,8 @@
 #include <chrono>
 
 #include "payroll/ports/claim.h"
+#include "payroll/ports/lease_length.h"
 #include "payroll/ports/run_services.h"
-#include "payroll/share/lease_length.h"
 
 namespace kt7::payroll {
 

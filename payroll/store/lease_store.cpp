@@ -1,8 +1,8 @@
 #include "payroll/store/lease_store.h"
 
 #include "base/text.h"
+#include "payroll/ports/lease_length.h"
 #include "payroll/ports/run_names.h"
-#include "payroll/share/lease_length.h"
 #include "payroll/store/unit_of_work.h"
 #include "support/sql_text.h"
 

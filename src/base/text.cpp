@@ -70,6 +70,15 @@ std::vector<std::string> split(std::string_view text, char separator) {
   return pieces;
 }
 
+std::string joined(std::span<const std::string> texts, std::string_view separator) {
+  std::string all;
+  for (const std::string& text : texts) {
+    if (&text != texts.data()) all.append(separator);
+    all.append(text);
+  }
+  return all;
+}
+
 std::string replaceAll(std::string text, std::string_view from, std::string_view to) {
   for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
     text.replace(at, from.size(), to);

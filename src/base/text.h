@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,8 @@ bool equalNoCase(std::string_view a, std::string_view b);
 std::string_view trimmedBlanks(std::string_view text);
 /// The pieces between the separators; one empty piece for an empty text.
 std::vector<std::string> split(std::string_view text, char separator);
+/// The texts with the separator between each two.
+std::string joined(std::span<const std::string> texts, std::string_view separator);
 /// Every occurrence, from the first character on, exact case.
 std::string replaceAll(std::string text, std::string_view from, std::string_view to);
 /// The first `count` UTF-16 units of a UTF-8 text, never half a character.

@@ -2,7 +2,7 @@
 #include <cstdlib>
 
 #include "fake_server.h"
-#include "host/data/loopback.h"
+#include "host/data/session/loopback.h"
 #include "test_database.h"
 
 namespace kt7::data::test {

@@ -1,8 +1,8 @@
 #include <charconv>
 #include <cmath>
 
-#include "host/roles/number_text.h"
 #include "reads_back.h"
+#include "roles/texts/number_text.h"
 
 namespace kt7::fuzz {
 

@@ -15,7 +15,8 @@ namespace {
 using Calls = std::vector<std::string>;
 
 struct Utility : roles::StandardUtilityObject {
-  Utility(Platform& platform, Calls& calls) : StandardUtilityObject(platform, {}), calls_(calls) {}
+  Utility(Platform& platform, const roles::KeyedHash& hash, Calls& calls)
+      : StandardUtilityObject(platform, hash), calls_(calls) {}
   std::string SqlDateText(Date date) override {
     calls_.push_back("SqlDateText");
     return StandardUtilityObject::SqlDateText(date);
@@ -41,7 +42,7 @@ struct RecordingPlatform : host::HostPlatform {
   explicit RecordingPlatform(Calls& calls) : calls_(calls) {}
   std::unique_ptr<UtilityObject> createUtilityObject() override {
     calls_.push_back("new UtilityObject");
-    return std::make_unique<Utility>(*this, calls_);
+    return std::make_unique<Utility>(*this, hash_, calls_);
   }
   std::unique_ptr<DataTool> createDataTool() override {
     calls_.push_back("new DataTool");
@@ -52,6 +53,7 @@ struct RecordingPlatform : host::HostPlatform {
     return HostPlatform::createSettingStore();
   }
   Calls& calls_;
+  roles::KeyedHash hash_ = [](auto...) { return std::string("hash"); };
   host::Picker picker_ = [](const PickerRequest&, const std::string&, bool) { return ""; };
 };
 

@@ -6,7 +6,7 @@
 #include "fronts/calls/json_reading.h"
 #include "fronts/calls/operation_calls.h"
 #include "fronts/calls/protocol_error.h"
-#include "fronts/cli/rpc/session.h"
+#include "fronts/cli/rpc/session_options.h"
 #include "fronts/common/nearest_name.h"
 
 namespace kt7::cli {

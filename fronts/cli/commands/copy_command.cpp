@@ -8,6 +8,7 @@
 #include "fronts/cli/line/open_company.h"
 #include "fronts/cli/line/progress_bar.h"
 #include "host/data/contract/database.h"
+#include "host/data/session/connection_string.h"
 #include "host/schema/engine/engine_checks.h"
 #include "host/schema/transfer/copy.h"
 

@@ -2,6 +2,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "base/text.h"
 #include "command.h"
 #include "fronts/cli/line/open_company.h"
 #include "fronts/common/nearest_name.h"
@@ -39,7 +40,7 @@ int importFile(const ImportOptions& given, Console& console) {
                 << result.table << ".\n";
   } catch (const schema::ImportError& error) {
     throw std::runtime_error("nothing was imported from '" + given.file +
-                             "': " + inOneLine(error.problems()));
+                             "': " + joined(error.problems(), "; "));
   }
   return kDone;
 }

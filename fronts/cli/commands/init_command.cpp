@@ -5,6 +5,7 @@
 #include "command.h"
 #include "fronts/common/display_text.h"
 #include "host/data/contract/database.h"
+#include "host/data/session/connection_string.h"
 #include "host/schema/engine/engine_checks.h"
 #include "host/schema/state/schema.h"
 

@@ -4,7 +4,7 @@
 #include "command.h"
 #include "fronts/cli/rpc/request_lines.h"
 #include "fronts/cli/rpc/rpc_messages.h"
-#include "fronts/cli/rpc/session.h"
+#include "fronts/cli/rpc/session_options.h"
 
 namespace kt7::cli {
 

@@ -1,7 +1,7 @@
 #include "code_argument.h"
 
 #include "base/text.h"
-#include "fronts/cli/commands/command.h"
+#include "fronts/cli/line/console.h"
 #include "host/schema/description/entered_text.h"
 #include "host/schema/description/table_groups.h"
 

@@ -1,13 +1,11 @@
+#include "fronts/cli/line/options.h"
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <ostream>
 
 #include <kt7/error.h>
 #include "base/text.h"
-#include "fronts/cli/commands/command.h"
-#include "fronts/cli/commands/password_file.h"
-#include "fronts/cli/rpc/session.h"
-#include "fronts/common/display_text.h"
+#include "fronts/cli/line/password_file.h"
 #include "host/data/session/connection_string.h"
 
 namespace kt7::cli {
@@ -25,16 +23,6 @@ data::ConnectionString readConnectionString(const std::string& given) {
 }
 
 }  // namespace
-
-std::string inOneLine(const std::vector<std::string>& problems) {
-  std::string text;
-  for (const std::string& problem : problems) text += (text.empty() ? "" : "; ") + problem;
-  return text;
-}
-
-void say(Console& console, const std::string& text) {
-  console.err << "kt7hr: " << screens::oneLine(text) << std::endl;
-}
 
 CLI::App& addCommand(CLI::App& app, const std::string& name, const std::string& does,
                      const std::string& example) {
@@ -91,22 +79,6 @@ void WorkplaceOptions::addTo(CLI::App& command) {
           "--pick", [this](const std::string& codes) { pick = split(codes, ','); },
           "What a record picker answers, as E0001,E0002; \"\" for nothing")
       ->type_name("CODES");
-}
-
-SessionOptions sessionOptions(const DatabaseOptions& database, const WorkplaceOptions& workplace,
-                              Console& console) {
-  SessionOptions options;
-  options.connectionString = database.connectionString();
-  options.now = database.clock();
-  options.user = workplace.user;
-  options.branch = workplace.branch;
-  options.pick = workplace.pick;
-  options.picker = console.picker;
-  options.showMessage = console.messageView;
-  if (!options.showMessage) {
-    options.showMessage = [&console](const std::string& text) { say(console, text); };
-  }
-  return options;
 }
 
 }  // namespace kt7::cli

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "fronts/cli/commands/command.h"
+#include "fronts/cli/line/console.h"
 
 namespace kt7::cli {
 

@@ -14,6 +14,7 @@
 #include "fronts/common/payroll_input.h"
 #include "fronts/common/payroll_register.h"
 #include "host/data/contract/database.h"
+#include "host/data/session/connection_string.h"
 #include "host/schema/state/schema.h"
 #include "host/schema/transfer/import.h"
 

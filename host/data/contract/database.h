@@ -45,7 +45,4 @@ std::string builtInDrivers();
 /// can; a database error when it cannot be made. Opening never makes one.
 void createDatabase(const std::string& connectionString);
 
-/// The connection string without its password, for messages.
-std::string shownConnectionString(const std::string& connectionString);
-
 }  // namespace kt7::data

@@ -15,7 +15,7 @@
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
 #include "base/text.h"
-#include "host/data/loopback.h"
+#include "host/data/session/loopback.h"
 #include "host/data/mysql/session.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/engine_settings.h"

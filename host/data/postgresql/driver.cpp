@@ -8,7 +8,7 @@
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
 #include "base/text.h"
-#include "host/data/loopback.h"
+#include "host/data/session/loopback.h"
 #include "host/data/postgresql/guarded_login.h"
 #include "host/data/postgresql/session.h"
 #include "host/data/session/driver.h"

@@ -6,7 +6,6 @@
 #include <kt7/error.h>
 #include "base/nearest_name.h"
 #include "base/text.h"
-#include "host/data/contract/database.h"
 
 namespace kt7::data {
 

@@ -34,4 +34,7 @@ class ConnectionString {
   std::vector<std::pair<std::string, std::string>> parts_;
 };
 
+/// The connection string without its password, for messages.
+std::string shownConnectionString(const std::string& connectionString);
+
 }  // namespace kt7::data

@@ -1,4 +1,4 @@
-#include "host/data/loopback.h"
+#include "host/data/session/loopback.h"
 
 #include "base/text.h"
 
