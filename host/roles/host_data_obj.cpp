@@ -10,7 +10,7 @@ HostDataObj::HostDataObj(const std::string& connectionString)
 
 std::string HostDataObj::DatabaseType() {
   if (std::string named = StandardDataObj::DatabaseType(); !named.empty()) return named;
-  if (askedType_.empty()) askedType_ = data::databaseType(ConnectionString());
+  if (askedType_.empty()) askedType_ = data::databaseType(StandardDataObj::ConnectionString());
   return askedType_;
 }
 
