@@ -27,7 +27,7 @@ struct Posting {
   const BalanceKey& key;
   const std::string& slipNumber;
   int16_t status;
-  const std::string& selectBalance;
+  const std::string& condition;
 };
 
 std::string keyCondition(const BalanceKey& key, UtilityObject& utility) {
@@ -88,8 +88,9 @@ void fillSlip(ado::Recordset& balance, ado::Recordset& item, const Posting& post
 }
 
 void postItem(ado::Recordset& item, const Posting& posting) {
-  OpenRecordset balance(posting.platform, posting.selectBalance, posting.dataObj.Connection(),
-                        ado::kOptimistic);
+  const std::string sql = posting.dataTool.PrepareSql("SELECT * from" + posting.condition,
+                                                      posting.dataObj.DatabaseType());
+  OpenRecordset balance(posting.platform, sql, posting.dataObj.Connection(), ado::kOptimistic);
   if (balance->Eof()) {
     balance->AddNew();
     fillKey(*balance, item, posting);
@@ -134,9 +135,7 @@ int16_t HRObject::SumAmass3TR(const std::string& TEmpCode, int32_t CheckGroup, i
   if (!items->Eof()) {
     const std::string condition = keyCondition(key, utility());
     dataObj.ExecuteSql(dataTool().PrepareSql("DELETE FROM" + condition, dataObj.DatabaseType()));
-    const std::string selectBalance =
-        dataTool().PrepareSql("SELECT * from" + condition, dataObj.DatabaseType());
-    const Posting posting{platform_, dataTool(), dataObj, key, TEPSNo, Status, selectBalance};
+    const Posting posting{platform_, dataTool(), dataObj, key, TEPSNo, Status, condition};
     for (; !items->Eof(); items->MoveNext()) {
       postItem(*items, posting);
       result = kRowsWritten;

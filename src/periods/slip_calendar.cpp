@@ -22,10 +22,10 @@ Month previousMonth(Month month) {
 }
 
 Date dayInMonth(std::int16_t day, Month month, UtilityObject& utility) {
-  const std::string rest =
-      "/" + utility.MonthNumberText(month.month, 0, 0) + "/" + std::to_string(month.year);
+  const std::string year = std::to_string(month.year);
   for (std::int16_t back = 0;; back = add16(back, 1)) {
-    const std::string text = std::to_string(subtract16(day, back)) + rest;
+    const std::string text = std::to_string(subtract16(day, back)) + "/" +
+                             utility.MonthNumberText(month.month, 0, 0) + "/" + year;
     if (utility.IsValidDateText(text)) return utility.TextToDate(text);
   }
 }

@@ -22,7 +22,7 @@ void EmployeeObject::SetTypeCode(const std::string& vData, DataObj& dataObj) {
 }
 
 void EmployeeObject::loadType(const std::string& typeCode, DataObj& dataObj) {
-  OwnConnection connection(platform_, dataObj.ConnectionString());
+  OwnConnection connection(platform_, dataObj);
   const std::string sql = dataTool().PrepareSql(
       "SELECT * FROM KT7TEmployeeType WHERE TEmTCode='" + typeCode + "'", dataObj.DatabaseType());
   OpenRecordset type(platform_, sql, *connection);

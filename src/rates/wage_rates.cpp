@@ -46,7 +46,7 @@ double HRObject::GETHOURRATE(const std::string& EmployeeCode, DataObj& dataObj) 
 
 double HRObject::GETSectionHourRate(const std::string& SectionCode, DataObj& dataObj,
                                     bool /*UseOTRate*/) {
-  OwnConnection connection(platform_, dataObj.ConnectionString());
+  OwnConnection connection(platform_, dataObj);
   OpenRecordset employees(
       platform_,
       "SELECT * FROM KT7TEmployee WHERE TEmpTSecCode='" + SectionCode + "' Order by TEmpCode",

@@ -11,11 +11,12 @@ namespace kt7 {
 /// scope unless closed before.
 class OwnConnection {
  public:
-  OwnConnection(Platform& platform, const std::string& connectionString)
-      : connection_(platform.createConnection()) {
-    connection_->CursorLocation(ado::kClientSide);
-    connection_->Open(connectionString, "", "", ado::kUnspecified);
-    open_ = true;
+  /// The data object is asked for its connection string when the connection stands ready.
+  OwnConnection(Platform& platform, DataObj& dataObj) : OwnConnection(platform) {
+    open(dataObj.ConnectionString());
+  }
+  OwnConnection(Platform& platform, const std::string& connectionString) : OwnConnection(platform) {
+    open(connectionString);
   }
   OwnConnection(const OwnConnection&) = delete;
   OwnConnection& operator=(const OwnConnection&) = delete;
@@ -29,6 +30,14 @@ class OwnConnection {
   ado::Connection* operator->() { return connection_.get(); }
 
  private:
+  explicit OwnConnection(Platform& platform) : connection_(platform.createConnection()) {
+    connection_->CursorLocation(ado::kClientSide);
+  }
+  void open(const std::string& connectionString) {
+    connection_->Open(connectionString, "", "", ado::kUnspecified);
+    open_ = true;
+  }
+
   std::unique_ptr<ado::Connection> connection_;
   bool open_ = false;
 };

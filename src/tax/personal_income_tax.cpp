@@ -91,7 +91,7 @@ float HRObject::CalcPTAX4(DataObj& dataObj, Currency iTaxBase, Currency iBonus, 
   const Currency net = tax::netIncome(yearIncome, expenses, contribution,
                                       {CutWaive, Reduce, CutStudySup, Donation}, LastSSO);
 
-  OwnConnection connection(platform_, dataObj.ConnectionString());
+  OwnConnection connection(platform_, dataObj);
   const auto taxOn = [&](Currency netIncome) {
     return tax::walkBrackets(netIncome.toDouble(),
                              readBrackets(platform_, dataTool(), dataObj, *connection));

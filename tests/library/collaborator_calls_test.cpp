@@ -5,6 +5,7 @@
 #include <functional>
 
 #include <kt7/host/platform.h>
+#include <kt7/questions.h>
 #include <kt7/roles/utility_object.h>
 #include "roles/data_tool.h"
 #include "support/company.h"
@@ -25,6 +26,10 @@ struct Utility : roles::StandardUtilityObject {
     calls_.push_back("SqlDateTimeText");
     return StandardUtilityObject::SqlDateTimeText(date, form);
   }
+  std::string MonthNumberText(int16_t month, int16_t form, int16_t language) override {
+    calls_.push_back("MonthNumberText");
+    return StandardUtilityObject::MonthNumberText(month, form, language);
+  }
   Calls& calls_;
 };
 
@@ -39,7 +44,11 @@ struct Tool : roles::StandardDataTool {
 };
 
 struct RecordingPlatform : host::HostPlatform {
-  explicit RecordingPlatform(Calls& calls) : calls_(calls) {}
+  explicit RecordingPlatform(Calls& calls) : calls_(calls) { setNow(Date::fromYmd(2026, 2, 10)); }
+  std::unique_ptr<ado::Connection> createConnection() override {
+    calls_.push_back("new Connection");
+    return HostPlatform::createConnection();
+  }
   std::unique_ptr<UtilityObject> createUtilityObject() override {
     calls_.push_back("new UtilityObject");
     return std::make_unique<Utility>(*this, hash_, calls_);
@@ -93,10 +102,19 @@ class CollaboratorCalls : public testing::TestWithParam<Asking> {};
 
 TEST_P(CollaboratorCalls, ComeInOrderAndOnFirstUse) {
   test::Company company;
-  company.run("INSERT INTO KT7TBranch (TBraCode) VALUES ('B1')");
-  company.run(
-      "INSERT INTO KT7TUserEmpType (TUETTUsrID, TUETTCmGAlias, TUETTEmTCode) VALUES "
-      "(7, 'HR', 'M')");
+  for (const char* sql :
+       {"INSERT INTO KT7TBranch (TBraCode) VALUES ('B1')",
+        "INSERT INTO KT7TUserEmpType (TUETTUsrID, TUETTCmGAlias, TUETTEmTCode) VALUES "
+        "(7, 'HR', 'M')",
+        "INSERT INTO KT7TEmployeeType (TEmTCode, TEMTFlag1, TEMTTotalPeriod, TEMTPaymentPeriod1, "
+        "TEMTStartPeriod1, TEMTEndPeriod1, TEMTOTStartPeriod1, TEMTOTEndPeriod1) VALUES ('M', 1, "
+        "1, 31, 1, 31, 1, 1)",
+        "INSERT INTO KT7TEmpSlipDoc (TEPSNo, TEpSTEmpCode, TEPSCheckGroup, TEpsTSaPDate) VALUES "
+        "('N1', 'E1', 1, '2026-01-31')",
+        "INSERT INTO KT7TEmpSlipItem (TSmbTEPSNo, TSmbTAMTAlias, TSmbDebit) VALUES "
+        "('N1', 'SALARY', 100), ('N1', 'OT', 5)"}) {
+    company.run(sql);
+  }
   Calls calls;
   RecordingPlatform platform(calls);
   Caller caller(company.connectionString(), calls);
@@ -131,12 +149,32 @@ const Asking kAsking[] = {
       "Connection"}},
     {"UpdatePeriodStatus",
      [](auto& hr, auto& c) { hr.UpdatePeriodStatus(c, false); },
-     {"ConnectionString"}},
+     {"new Connection", "ConnectionString", "new UtilityObject", "SqlDateText", "new DataTool",
+      "DatabaseType", "PrepareSql",
+      // from the 1st to the 31st, which is the 28th, and of the overtime from the 1st to the 1st
+      "MonthNumberText", "MonthNumberText", "MonthNumberText", "MonthNumberText", "MonthNumberText",
+      "MonthNumberText", "MonthNumberText"}},
     {"UpdateEmployeeStatus",
      [](auto& hr, auto& c) { hr.UpdateEmployeeStatus(c); },
-     {"ConnectionString", "new UtilityObject", "SqlDateTimeText", "SqlDateText", "new DataTool",
-      "DatabaseType", "PrepareSql", "SqlDateTimeText", "SqlDateText", "DatabaseType", "PrepareSql",
-      "SqlDateText", "DatabaseType", "PrepareSql"}},
+     {"new Connection", "ConnectionString", "new UtilityObject", "SqlDateTimeText", "SqlDateText",
+      "new DataTool", "DatabaseType", "PrepareSql", "SqlDateTimeText", "SqlDateText",
+      "DatabaseType", "PrepareSql", "SqlDateText", "DatabaseType", "PrepareSql"}},
+    {"GETSectionHourRate",
+     [](auto& hr, auto& c) { hr.GETSectionHourRate("S1", c, false); },
+     {"new Connection", "ConnectionString"}},
+    {"CalcPTAX4",
+     [](auto& hr, auto& c) { ask(MonthTax{.pay = Currency::fromWhole(100)}, hr, c); },
+     {"new SettingStore", "ConnectionString", "ConnectionString", "ConnectionString",
+      "ConnectionString", "ConnectionString", "ConnectionString", "new Connection",
+      "ConnectionString", "new DataTool", "DatabaseType", "PrepareSql", "DatabaseType",
+      "PrepareSql", "new UtilityObject"}},
+    {"SumAmass3TR",
+     [](auto& hr, auto& c) { hr.SumAmass3TR("E1", 1, 0, "N1", c, 1); },
+     {"Connection", "new DataTool", "Connection", "Connection", "new UtilityObject", "SqlDateText",
+      "DatabaseType", "PrepareSql", "Connection",
+      // the item that makes the row, and the one that finds it
+      "DatabaseType", "PrepareSql", "Connection", "Connection", "Connection", "Connection",
+      "Connection", "Connection", "Connection", "DatabaseType", "PrepareSql", "Connection"}},
     {"UpdateEmpActiveAmassTR",
      [](auto& hr, auto& c) { hr.UpdateEmpActiveAmassTR(1, 0, "E1", kDay, c); },
      {"new DataTool", "Connection", "new UtilityObject", "SqlDateText", "DatabaseType",
