@@ -138,8 +138,8 @@ TEST_F(DataObjTest, SettingsAndRights) {
 TEST_F(DataObjTest, MessagesGoToTheViewOrToOneLineOnStandardError) {
   HostPlatform platform;
   ::testing::internal::CaptureStderr();
-  platform.showMessage("first\nsecond");
-  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "first second\n");
+  platform.showMessage("first\nsecond \x1B[2J\xC2\x9B é ก");
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "first second  [2J  é ก\n");
   std::string shown;
   platform.setMessageView([&](const std::string& text) { shown = text; });
   platform.showMessage("a\nb");
