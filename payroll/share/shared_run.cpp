@@ -7,6 +7,7 @@
 #include "payroll/work/month_end.h"
 #include "payroll/work/report_queue.h"
 #include "payroll/work/threads.h"
+#include "payroll/work/told_slips.h"
 
 namespace kt7::payroll {
 
@@ -83,9 +84,9 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
   const std::string name = workerName(*request.sharing, 0);
   RunOutcome outcome;
   UnpaidSlips unpaid;
+  ToldSlips toldSlips(listener);
   const TakeReport told = [&](const Report& report) {
-    report.tellTo(listener);
-    outcome += report.outcome;
+    outcome += toldSlips.tell(report);
     report.addUnpaidTo(unpaid);
   };
   for (bool rejoins = false;; rejoins = true) {

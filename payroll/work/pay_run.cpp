@@ -4,6 +4,7 @@
 #include "payroll/facts/slip_period.h"
 #include "payroll/month/other_runs.h"
 #include "payroll/work/month_end.h"
+#include "payroll/work/told_slips.h"
 #include "payroll/work/worker_threads.h"
 
 namespace kt7::payroll {
@@ -16,6 +17,7 @@ class MonthRun {
       : plan_(plan),
         services_(services),
         listener_(listener),
+        toldSlips_(listener),
         queue_(plan, 1),
         payer_(madeOn(services,
                       [&] { return std::make_unique<PagePayer>(plan, services, queue_); })) {}
@@ -55,8 +57,7 @@ class MonthRun {
   }
 
   void tell(const Report& report) {
-    report.tellTo(listener_);
-    outcome_ += report.outcome;
+    outcome_ += toldSlips_.tell(report);
     report.addUnpaidTo(unpaid_);
     if (report.employees == 0) return;
     done_ += report.employees;
@@ -83,6 +84,7 @@ class MonthRun {
   const MonthPlan& plan_;
   RunServices& services_;
   RunListener& listener_;
+  ToldSlips toldSlips_;
   PageQueue queue_;
   std::unique_ptr<PagePayer> payer_;
   RunOutcome outcome_;

@@ -88,6 +88,17 @@ TEST_F(Renaming, NobodyIsLeftOutInSilence) {
   }
 }
 
+TEST_F(Renaming, PaidAgainUnderACodeAheadCountsOnce) {
+  hire(120);
+  // While the page behind the employee's is read.
+  Interruption meanwhile = at("TEpSTEmpCode IN ('Z", [&] { rename("E0006", "ZZ006"); });
+  const Told told = payWith(meanwhile);
+  EXPECT_EQ(told.slipsOf("E0006") + told.slipsOf("ZZ006"), 1);
+  EXPECT_EQ(told.outcome.paid, count("KT7TEmpSlipDoc"));
+  EXPECT_EQ(told.slips.size(), static_cast<std::size_t>(told.outcome.paid));
+  EXPECT_EQ(pay(1).slipsOf("ZZ006"), 1);
+}
+
 TEST_F(Renaming, RemovalFindsABalanceWithoutAType) {
   pay(1, {}, "M1");
   sql("UPDATE KT7TEmpAmassType SET TEATTEmTCode='' WHERE TEATTEmpCode='E0006'");
