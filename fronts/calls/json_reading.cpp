@@ -16,6 +16,8 @@ Json parseJson(std::string_view text) {
     }
     return true;
   };
+  // The parser takes it for the end, and what stands behind it would be lost in silence.
+  if (text.find('\0') != std::string_view::npos) throw UnreadableJson("it holds a zero byte");
   try {
     return Json::parse(text, refuseDeep);
   } catch (const Json::exception& error) {

@@ -34,6 +34,7 @@ TEST_F(Commands, RefuseWrongUseInOneLineThatHelps) {
       {{"rpc", "--db", db}, kFailed, "none.db"},
       {{"rpc", "--db", "Driver=Nope;Database=x"}, kFailed, "Nope"},
       {{"rpc", "--db", "Driver=SQLite;Database=x;PwdFile=" + path("no.txt")}, kFailed, "no.txt"},
+      {{"rpc", "--db", "Driver=SQLite;Database=x;PwdFile="}, kWrongUse, "names no file"},
       {{"init", "--db", database("no/folder.db")}, kFailed, "no/folder.db"},
       {{"call", "GETDAYRAT", "{}", "--db", db}, kWrongUse, "did you mean 'GETDAYRATE'?"},
       {{"call", "GETDAYRATE", "{", "--db", db}, kWrongUse, "is no JSON"},

@@ -76,6 +76,7 @@ TEST_F(Rpc, RefusesWhatItCannotTakeInAndGoesOn) {
   const std::vector<std::pair<std::string, const char*>> cases{
       {nested(60000), "nested deeper"},
       {request("TrimSFUNDBase", nested(60000)), "nested deeper"},
+      {sound + std::string(1, '\0') + sound, "zero byte"},
       {std::string(std::size_t{1024} * 1024 + 1, ' '), "longer than 1048576 bytes"},
       {std::string(std::size_t{9} * 1024 * 1024, 'x'), "longer than 1048576 bytes"},
       {manyRequests + "]", "more than 10000 requests"},

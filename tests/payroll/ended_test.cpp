@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 
+#include <array>
 #include <csignal>
 #include <fstream>
 #include <random>
@@ -84,7 +85,7 @@ TEST_F(EndedRun, SignalAtAnyMomentIsToldAndLosesNothing) {
   std::minstd_rand random(4711);
   int interrupted = 0;
   for (int i = 0; i < 8; ++i) {
-    const int number = i % 2 == 0 ? SIGTERM : SIGINT;
+    const int number = std::array{SIGTERM, SIGINT, SIGHUP}[i * 2 % 3];
     const std::vector<std::vector<const char*>> ways{{}, {"--jobs", "3"}, {"--share"}};
     SCOPED_TRACE(std::to_string(i));
     const Ended ended = run(

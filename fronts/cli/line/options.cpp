@@ -38,7 +38,10 @@ std::string connectionStringOf(const std::string& given, const std::string& opti
   }
   const data::ConnectionString where = readConnectionString(given);
   const std::string path(where.value(kPasswordFile));
-  if (path.empty()) return given;
+  if (path.empty()) {
+    if (where.textWithout(kPasswordFile, "") == given) return given;
+    throw WrongUse("PwdFile names no file in the connection string; write PwdFile=FILE");
+  }
   return "Pwd={" + replaceAll(passwordIn(path), "}", "}}") + "};" +
          where.textWithout(kPasswordFile, path);
 }

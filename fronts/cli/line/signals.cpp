@@ -8,7 +8,7 @@ namespace kt7::cli {
 
 namespace {
 
-constexpr std::array kStops{SIGINT, SIGTERM};
+constexpr std::array kStops{SIGINT, SIGTERM, SIGHUP};
 
 std::atomic<int> received = 0;
 static_assert(std::atomic<int>::is_always_lock_free, "a handler may touch nothing else");

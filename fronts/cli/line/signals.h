@@ -6,8 +6,8 @@ namespace kt7::cli {
 /// the end of the process.
 void ignoreFileSizeLimit();
 
-/// While it lives SIGINT and SIGTERM ask the process to stop, and a second one ends it at once.
-/// Signals that the process was started to ignore stay ignored. One at a time.
+/// While it lives SIGINT, SIGTERM and SIGHUP ask the process to stop, and a second one ends it at
+/// once. Signals that the process was started to ignore stay ignored. One at a time.
 class StopRequest {
  public:
   StopRequest();
@@ -17,7 +17,7 @@ class StopRequest {
 
   /// The number of the signal that came, 0 for none.
   static int signal();
-  /// What the shell shows for a process that the signal ended: 130, 143.
+  /// What the shell shows for a process that the signal ended: 130, 143, 129.
   static int exitCode() { return kEndedBySignal + signal(); }
 
  private:
