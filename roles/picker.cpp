@@ -15,9 +15,9 @@ Picker pickAlways(const std::vector<std::string>& keys) {
 
 Picker pickNever() {
   return [](const PickerRequest& request, const std::string&, bool) -> std::string {
-    raiseCollaborator(error_number::kCallFailed,
-                      "nobody can answer the picker '" + request.title + "': give the values of " +
-                          request.key + " with --pick, or set a picker on the host's platform");
+    raiseCollaborator(error_number::kCallFailed, "nobody can answer the picker '" + request.title +
+                                                     "', which asks for " + request.key +
+                                                     ": set a picker on the host's platform");
   };
 }
 

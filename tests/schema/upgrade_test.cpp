@@ -96,7 +96,7 @@ TEST_F(Upgrade, LeavesWhatItDoesNotKnowAlone) {
     Kind kind;
     const char* text;
   } cases[] = {{"99", Kind::Newer, "use a newer one"},
-               {"-1", Kind::UnfinishedCopy, "kt7hr copy again"},
+               {"-1", Kind::UnfinishedCopy, "copy once more"},
                {"0", Kind::Partial, "the version in KT7TSchema"},
                {"2", Kind::Current, ""}};
   for (const auto& row : cases) {

@@ -15,11 +15,12 @@
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
 #include "base/text.h"
-#include "host/data/session/loopback.h"
 #include "host/data/mysql/session.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/engine_settings.h"
 #include "host/data/session/keep_alive.h"
+#include "host/data/session/loopback.h"
+#include "host/data/session/missing_database.h"
 
 namespace kt7::data {
 
@@ -108,7 +109,7 @@ void setKeepAlive(MYSQL* connection, const std::optional<KeepAlive>& wanted) {
   std::string text = "cannot connect to the database" +
                      (database.empty() ? "" : " '" + database + "'") + " at " + server + ": " +
                      mysql_error(connection);
-  if (code == ER_BAD_DB_ERROR) text += "; run \"kt7hr init\" to create it";
+  if (code == ER_BAD_DB_ERROR) throw MissingDatabase(text, {{}, code, state});
   if (code == CR_PLUGIN_NOT_ALLOWED) {
     text +=
         "; over a network that is not encrypted it could read the password from that; write "
