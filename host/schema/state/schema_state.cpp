@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <span>
 #include <string>
 
 #include <kt7/error.h>
+#include "base/text.h"
 #include "host/data/contract/database.h"
 #include "host/schema/state/schema.h"
 
@@ -59,10 +61,8 @@ int keptVersion(ado::Connection& connection, const Catalogue& catalogue) {
 
 std::string listed(const std::vector<std::string>& names) {
   constexpr std::size_t kMostShown = 8;
-  std::string text;
-  for (std::size_t i = 0; i < names.size() && i < kMostShown; ++i) {
-    text += (i == 0 ? "" : ", ") + names[i];
-  }
+  const std::size_t shown = std::min(names.size(), kMostShown);
+  std::string text = joined(std::span(names).first(shown), ", ");
   if (names.size() > kMostShown) {
     text += " and " + std::to_string(names.size() - kMostShown) + " more";
   }
@@ -138,7 +138,7 @@ void requireCompany(ado::Connection& connection, Maker maker) {
   } catch (const Error&) {
     // Most likely there is no such table: the look below tells.
   }
-  const Engine engine = engineOf(data::databaseType(connection));
+  const Engine engine = data::engineOn(connection);
   if (maker == Maker::Any && !readCatalogue(connection, engine).holds("KT7TSchema")) return;
   requireCurrentSchema(connection, engine);
 }
