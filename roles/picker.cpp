@@ -1,16 +1,14 @@
 #include <kt7/roles/picker.h>
 
 #include <kt7/error.h>
+#include "base/text.h"
 
 namespace kt7::roles {
 
 Picker pickAlways(const std::vector<std::string>& keys) {
-  std::string answer;
-  for (const std::string& key : keys) {
-    if (&key != &keys.front()) answer += ',';
-    answer += key;
-  }
-  return [answer](const PickerRequest&, const std::string&, bool) { return answer; };
+  return [answer = joined(keys, ",")](const PickerRequest&, const std::string&, bool) {
+    return answer;
+  };
 }
 
 Picker pickNever() {
