@@ -17,8 +17,8 @@ std::string employeeCode(int number) {
 
 SampleCompany::SampleCompany(std::string server) : server_(std::move(server)) {
   const std::string name = "kt7_bench_" + std::to_string(std::random_device{}());
-  const std::string kind = data::databaseType(server_);
-  if (kind == "SQLITE") {
+  const Engine engine = engineOf(data::databaseType(server_));
+  if (engine == Engine::Sqlite) {
     folder_ = std::filesystem::temp_directory_path() / name;
     std::filesystem::create_directory(folder_);
     database_ = (folder_ / "company.db").string();
@@ -28,7 +28,7 @@ SampleCompany::SampleCompany(std::string server) : server_(std::move(server)) {
   data::createDatabase(connectionString());
   const auto connection = data::createConnection();
   connection->Open(connectionString());
-  schema::createSchema(*connection, schema::engineOf(kind));
+  schema::createSchema(*connection, engine);
   schema::loadSample(*connection);
 }
 
@@ -36,7 +36,7 @@ SampleCompany::~SampleCompany() {
   data::dropIdleSessions(connectionString());
   try {
     if (folder_.empty()) {
-      const bool postgresql = data::databaseType(server_) == "POSTGRESQL";
+      const bool postgresql = engineOf(data::databaseType(server_)) == Engine::PostgreSql;
       const auto connection = data::createConnection();
       connection->Open(server_ + (postgresql ? ";Database=postgres" : ""));
       connection->Execute("DROP DATABASE " + database_ + (postgresql ? " WITH (FORCE)" : ""));

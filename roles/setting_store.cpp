@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "base/setting_names.h"
 #include "roles/data/connection.h"
 
 namespace kt7::roles {
@@ -37,7 +38,7 @@ std::string StandardSettingStore::ReadSettingText(const std::string& key,
 
 std::string StandardSettingStore::GetHeadOfficeBranchCode(DataObj& dataObj) {
   const std::string connectionString = dataObj.ConnectionString();
-  return ReadSettingText("HeadOfficeBranchCode", connectionString, 0);
+  return ReadSettingText(setting_name::kHeadOfficeBranch, connectionString, 0);
 }
 
 bool StandardSettingStore::IsAdministrator(std::int32_t userID,

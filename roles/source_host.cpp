@@ -40,20 +40,12 @@ class SourceSessions final : public data::Sessions {
 };
 
 std::string databaseType(Engine engine, const std::string& connectionString) {
-  switch (engine) {
-    case Engine::Sqlite:
-      return "SQLITE";
-    case Engine::PostgreSql:
-      return "POSTGRESQL";
-    case Engine::MySql:
-      break;
-  }
-  if (lowerCase(connectionString).find("mysql") == std::string::npos) {
+  if (engine == Engine::MySql && lowerCase(connectionString).find("mysql") == std::string::npos) {
     raiseConnectionFailed(
         "the connection string of a MySQL database must contain 'MYSQL', as in "
         "\"Driver=MySQL;...\"");
   }
-  return "MYSQL";
+  return std::string(databaseTypeOf(engine));
 }
 
 }  // namespace

@@ -47,16 +47,21 @@ class WritableRow {
 constexpr std::int16_t kYes = 1;
 constexpr std::int16_t kNo = 0;
 
+bool isThere(ado::Connection& connection, const std::string& sql, const std::string& key) {
+  const std::array parameters{key};
+  return !data::askOne(connection, sql, parameters).isNull();
+}
+
 void requireRow(ado::Connection& connection, const std::string& sql, const std::string& key,
                 const std::string& complaint) {
-  const std::array parameters{key};
-  if (data::askOne(connection, sql, parameters).isNull()) throw UnknownEntry(complaint);
+  if (!isThere(connection, sql, key)) throw UnknownEntry(complaint);
 }
 
 void requireEntries(ado::Connection& connection, const Grant& grant) {
   const std::string user = std::to_string(grant.user);
-  requireRow(connection, "SELECT TUsrID FROM KT7TUser WHERE TUsrID=?", user,
-             "there is no user " + user + "; kt7hr user add " + user + " makes one");
+  if (!isThere(connection, "SELECT TUsrID FROM KT7TUser WHERE TUsrID=?", user)) {
+    throw UnknownUser(grant.user);
+  }
   for (const std::string& type : grant.types) {
     requireRow(connection, "SELECT TEmTCode FROM KT7TEmployeeType WHERE TEmTCode=?", type,
                "there is no employee type '" + type + "'");

@@ -26,6 +26,13 @@ class UnknownEntry : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The user who was named has no row.
+class UnknownUser : public UnknownEntry {
+ public:
+  explicit UnknownUser(std::int32_t user)
+      : UnknownEntry("there is no user " + std::to_string(user)) {}
+};
+
 struct UserEntry {
   std::int32_t user = 0;
   std::optional<std::string> name;  // none leaves the name as it is
@@ -45,8 +52,9 @@ struct Grant {
   std::vector<std::string> branches;  // codes of branches
 };
 
-/// Gives a user rights. UnknownEntry where the user, a type or a branch has no row; then nothing
-/// was written. Codes hold no quotes. Writes KT7TUserRight, KT7TUserEmpType, KT7TUserBranch.
+/// Gives a user rights. UnknownUser or UnknownEntry where the user, a type or a branch has no row;
+/// then nothing was written. Codes hold no quotes. Writes KT7TUserRight, KT7TUserEmpType,
+/// KT7TUserBranch.
 void grantRights(ado::Connection& connection, const Grant& grant, UtilityObject& utility);
 
 /// Rights to be taken away. With welfare or salary of the types only that, else the types

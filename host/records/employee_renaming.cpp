@@ -28,13 +28,11 @@ bool isOfOperation(const std::string& table, const std::string& column) {
 
 /// Tables and rows that hold a code, as "KT7TEmployee 1, KT7TEmpSlipDoc 6".
 std::string listOf(const std::vector<CodeRows>& counts) {
-  std::string list;
+  std::vector<std::string> places;
   for (const CodeRows& each : counts) {
-    if (each.rows == 0) continue;
-    if (!list.empty()) list += ", ";
-    list += each.place.table + " " + std::to_string(each.rows);
+    if (each.rows != 0) places.push_back(each.place.table + " " + std::to_string(each.rows));
   }
-  return list;
+  return joined(places, ", ");
 }
 
 }  // namespace

@@ -58,10 +58,7 @@ void endOtherRuns(const RunRequest& request, RunServices& services) {
     const bool ended = head.state == PartState::Done && leases.countAllUndone(other) == 0;
     const auto working = signOfLife(head, leases);
     if (ended || (!working && giveUp(head, leases))) continue;
-    throw RunStopped(RunStopped::Cause::Refused,
-                     {"a shared run of " + other +
-                      " is under way: wait for its end, or take part in it with --share" +
-                      (working ? "; at work is " + whoHas(*working) : "")});
+    throw SharedRunUnderWay(other, working ? whoHas(*working) : "");
   }
 }
 

@@ -15,7 +15,7 @@ std::string whoHas(const PartRow& row);
 std::string whoHasPart(const std::string& run, const std::string& parts, RunLeases& leases);
 
 /// Sees to it that no shared run but the requested one pays employees whom this request pays too.
-/// RunStopped where one is under way. One that was broken off is given up: a worker of it that
+/// SharedRunUnderWay where there is one. One that was broken off is given up: a worker of it that
 /// wakes up finds that its part is gone.
 void endOtherRuns(const RunRequest& request, RunServices& services);
 

@@ -4,6 +4,7 @@
 
 #include "base/arithmetic.h"
 #include "base/number_text.h"
+#include "base/setting_names.h"
 #include "payroll/facts/pay_sums.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/rules/deductions.h"
@@ -29,8 +30,8 @@ SlipMaker::SlipMaker(RunServices& services, Attendance& attendance)
   const auto setting = [&](const char* key) {
     return services.settings.GetNumberSetting(key, services.dataObj.ConnectionString());
   };
-  selfRate_ = setting("STAXSelfRate");
-  employerRate_ = setting("STAXEmployerRate");
+  selfRate_ = setting(setting_name::kSocialSecurityPercent);
+  employerRate_ = setting(setting_name::kEmployerPercent);
   // A company that keeps no rate of its own pays as much as its people do.
   if (employerRate_ == 0) employerRate_ = selfRate_;
 }

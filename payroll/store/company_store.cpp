@@ -17,10 +17,6 @@ constexpr const char* kGetsSlips = "(TEm2SkipSlip IS NULL OR TEm2SkipSlip=0)";
 
 std::string top(int limit) { return "SELECT TOP " + std::to_string(limit) + " "; }
 
-std::string ofRun(const std::string& prefix) {
-  return prefix + "CheckGroup=" + std::to_string(kCheckGroup);
-}
-
 }  // namespace
 
 std::vector<TypeRow> CompanyStore::types() {

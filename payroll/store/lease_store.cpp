@@ -4,6 +4,7 @@
 #include "payroll/ports/lease_length.h"
 #include "payroll/ports/run_names.h"
 #include "payroll/store/unit_of_work.h"
+#include "support/engine_words.h"
 #include "support/sql_text.h"
 
 namespace kt7::payroll {
@@ -25,17 +26,6 @@ PartRow rowIn(ado::Recordset& row) {
           row.get("TRLeUntil").toDate()};
 }
 
-/// In universal time: the sessions of several machines may have several time zones.
-const char* clockOf(const std::string& databaseType) {
-  if (equalNoCase(databaseType, "MYSQL")) return "UTC_TIMESTAMP()";
-  if (equalNoCase(databaseType, "POSTGRESQL")) {
-    // Not CURRENT_TIMESTAMP, which stands still within a transaction.
-    return "DATE_TRUNC('second', CLOCK_TIMESTAMP() AT TIME ZONE 'UTC')";
-  }
-  if (equalNoCase(databaseType, "MICROSOFT SQL SERVER")) return "GETUTCDATE()";
-  return "CURRENT_TIMESTAMP";
-}
-
 Date dateIn(const Value& value) {
   Date date;
   if (Date::tryFromIsoText(value.joinedText(), date)) return date;
@@ -45,8 +35,8 @@ Date dateIn(const Value& value) {
 }  // namespace
 
 Date LeaseStore::now() {
-  auto rows =
-      records_.open(std::string("SELECT ") + clockOf(dataObj_.DatabaseType()) + " AS ServerNow");
+  const EngineWords& words = wordsOf(engineOf(dataObj_.DatabaseType()));
+  auto rows = records_.open(std::string("SELECT ") + words.utcNow + " AS ServerNow");
   return dateIn(rows->get("ServerNow"));
 }
 

@@ -2,6 +2,8 @@
 
 #include <kt7/contract/data_obj.h>
 #include "base/text.h"
+#include "payroll/facts/slip_number.h"
+#include "support/engine_words.h"
 #include "support/sql_text.h"
 
 namespace kt7::payroll {
@@ -22,9 +24,7 @@ void Records::execute(const std::string& sql) {
 }
 
 OpenRecordset Records::openLocked(const std::string& sql) {
-  const std::string engine = dataObj_.DatabaseType();
-  const bool locksRows = equalNoCase(engine, "MYSQL") || equalNoCase(engine, "POSTGRESQL");
-  return open(locksRows ? sql + " FOR UPDATE" : sql);
+  return open(sql + wordsOf(engineOf(dataObj_.DatabaseType())).lockingRows);
 }
 
 std::string Records::quoted(std::string_view text) const {
@@ -48,6 +48,10 @@ std::optional<Date> Records::enteredDate(const Value& value) const {
   const Date date = value.toDate().datePart();
   if (utility_->IsBlankDate(date)) return std::nullopt;
   return date;
+}
+
+std::string ofRun(const std::string& prefix) {
+  return prefix + "CheckGroup=" + std::to_string(kCheckGroup);
 }
 
 std::string textIn(ado::Recordset& row, std::string_view column) {

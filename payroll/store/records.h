@@ -40,6 +40,10 @@ class Records {
   std::unique_ptr<UtilityObject> utility_;
 };
 
+/// The slips or balances of pay runs: "TEPSCheckGroup=1" for the prefix "TEPS" of a table's
+/// columns.
+std::string ofRun(const std::string& prefix);
+
 // A null reads as "", 0 or no; a null of a number where none may be missing as empty.
 std::string textIn(ado::Recordset& row, std::string_view column);
 Currency moneyIn(ado::Recordset& row, std::string_view column);

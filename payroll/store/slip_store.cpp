@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "payroll/facts/slip_number.h"
 #include "payroll/ports/company.h"
+#include "payroll/store/unit_of_work.h"
 
 namespace kt7::payroll {
 
@@ -15,10 +16,6 @@ namespace {
 std::string salaryPeriodText(const Slip& slip) {
   return padded(slip.payDate.year(), 4) + "-" + padded(slip.payDate.month(), 2) + "/" +
          std::to_string(slip.periodNumber);
-}
-
-std::string ofRun(const std::string& prefix) {
-  return " AND " + prefix + "CheckGroup=" + std::to_string(kCheckGroup);
 }
 
 /// Days and hours, which an engine may keep with fewer digits than a double has.
@@ -71,7 +68,7 @@ void SlipStore::saveDocument(const Slip& slip) {
   auto document = records_.open(
       "SELECT * FROM KT7TEmpSlipDoc WHERE TEpSTEmpCode=" + records_.quoted(slip.employee) +
           " AND TEpsTSaPDate=" + records_.dateText(slip.payDate) +
-          " AND TEPSTEmTCode=" + records_.quoted(slip.type) + ofRun("TEPS"),
+          " AND TEPSTEmTCode=" + records_.quoted(slip.type) + " AND " + ofRun("TEPS"),
       ado::kOptimistic);
   if (document->Eof()) {
     document->AddNew();
@@ -132,7 +129,7 @@ bool SlipStore::stands(const Slip& slip) {
       "TEATTEmpCode=TEpSTEmpCode AND TEATPaymentDate=TEpsTSaPDate AND TEATTEmTCode=TEPSTEmTCode "
       "AND TEATCheckGroup=TEPSCheckGroup AND TEATBalanceFlag=0 WHERE TEPSNo=" +
       records_.quoted(slip.number) + " AND TEpSTEmpCode=" + records_.quoted(slip.employee) +
-      ofRun("TEPS"));
+      " AND " + ofRun("TEPS"));
   if (document->Eof() || moneyIn(*document, "TEPSNetTotal") != net ||
       moneyIn(*document, "TEATNetTotal") != net ||
       document->get("TEpsStartDate").toDate() != slip.span.first ||
@@ -155,12 +152,6 @@ bool SlipStore::stands(const Slip& slip) {
   return rows->Eof();
 }
 
-void SlipStore::rollback() noexcept {
-  try {
-    dataObj_.Connection().RollbackTrans();
-  } catch (const std::exception&) {
-    // A connection that is lost has nothing to roll back.
-  }
-}
+void SlipStore::rollback() noexcept { rollBack(dataObj_); }
 
 }  // namespace kt7::payroll

@@ -6,6 +6,14 @@
 
 namespace kt7::payroll {
 
+inline void rollBack(DataObj& dataObj) noexcept {
+  try {
+    dataObj.Connection().RollbackTrans();
+  } catch (const std::exception&) {
+    // A connection that is lost has nothing to roll back.
+  }
+}
+
 /// A transaction of the data object, rolled back unless it was committed.
 class UnitOfWork {
  public:
@@ -13,12 +21,7 @@ class UnitOfWork {
   UnitOfWork(const UnitOfWork&) = delete;
   UnitOfWork& operator=(const UnitOfWork&) = delete;
   ~UnitOfWork() {
-    if (committed_) return;
-    try {
-      dataObj_.Connection().RollbackTrans();
-    } catch (const std::exception&) {
-      // A connection that is lost has nothing to roll back.
-    }
+    if (!committed_) rollBack(dataObj_);
   }
 
   void commit() {

@@ -26,9 +26,12 @@ const data::Dialect& dialectOf(Engine engine) {
     case Engine::PostgreSql:
       return kPostgreSql;
     case Engine::Sqlite:
+      return kSqlite;
+    case Engine::SqlServer:
+    case Engine::Other:
       break;
   }
-  return kSqlite;
+  raiseConnectionFailed("a host's data source is one of SQLite, MySQL or PostgreSQL");
 }
 
 const char* primaryKeyQuestion(Engine engine) {
@@ -37,7 +40,7 @@ const char* primaryKeyQuestion(Engine engine) {
       return data::kPrimaryKeyInMysql;
     case Engine::PostgreSql:
       return data::kPrimaryKeyInPostgresql;
-    case Engine::Sqlite:
+    default:
       break;
   }
   return data::kPrimaryKeyInSqlite;

@@ -1,4 +1,5 @@
 #include <kt7/hr_object.h>
+#include "base/setting_names.h"
 #include "records/organisation_text.h"
 #include "support/opened.h"
 
@@ -42,7 +43,7 @@ void fillBranch(ado::Recordset& row, const records::OrganisationText& text, cons
   row.set("TBraDoccode", text.docCode);
   row.set("TBraTBrTAlias", "BRANCH");
   row.set("TBraTCmpCode", with.collaborators.settings().ReadSettingText(
-                              "CompanyCode", with.dataObj.Connection(), 0));
+                              setting_name::kCompanyCode, with.dataObj.Connection(), 0));
   row.set("TBraFlag1", kInUse);
   row.set("TBraFlag3", with.platform.now());
   row.set("TBraTCouCode", "TH");

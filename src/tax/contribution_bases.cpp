@@ -1,5 +1,6 @@
 #include <kt7/hr_object.h>
 #include "base/arithmetic.h"
+#include "base/setting_names.h"
 
 namespace kt7 {
 
@@ -27,8 +28,10 @@ double HRObject::GetSFUNDRate(DataObj& dataObj, const std::string& EmployeeTypeC
 double HRObject::TrimSFUNDBase(double iBaseAmount, DataObj& /*dataObj*/) { return iBaseAmount; }
 
 double HRObject::TrimSTAXBase(double iBaseAmount, DataObj& dataObj) {
-  const double lowest = settings().GetNumberSetting("STAXMinRate", dataObj.ConnectionString());
-  const double highest = settings().GetNumberSetting("STAXMaxRate", dataObj.ConnectionString());
+  const double lowest =
+      settings().GetNumberSetting(setting_name::kSocialSecurityMinPay, dataObj.ConnectionString());
+  const double highest =
+      settings().GetNumberSetting(setting_name::kSocialSecurityMaxPay, dataObj.ConnectionString());
   double base = iBaseAmount;
   if (base < lowest) base = lowest;
   if (base > highest) base = highest;  // last: a minimum above the maximum gives the maximum

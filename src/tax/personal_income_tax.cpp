@@ -1,5 +1,6 @@
 #include <kt7/hr_object.h>
 #include "base/arithmetic.h"
+#include "base/setting_names.h"
 #include "support/opened.h"
 #include "tax/brackets.h"
 #include "tax/income_tax_rules.h"
@@ -13,19 +14,19 @@ constexpr int16_t kTaxRounding = 1;
 
 void readExpenseAllowance(tax::Allowances& allowances, SettingStore& settings, DataObj& dataObj) {
   allowances.expensePercent =
-      settings.GetNumberSetting("MoneyExpendses", dataObj.ConnectionString());
+      settings.GetNumberSetting(setting_name::kExpensesPercent, dataObj.ConnectionString());
   allowances.expenseCeiling =
-      settings.GetNumberSetting("MoneyExpensesNotOver", dataObj.ConnectionString());
+      settings.GetNumberSetting(setting_name::kExpensesNotOver, dataObj.ConnectionString());
 }
 
 void readSocialSecurity(tax::Allowances& allowances, SettingStore& settings, DataObj& dataObj) {
   const auto setting = [&](const char* key) {
     return settings.GetNumberSetting(key, dataObj.ConnectionString());
   };
-  setting("MoneySale");  // Intended: read and without effect.
-  allowances.socialSecurityMinPay = setting("STAXMinRate");
-  allowances.socialSecurityMaxPay = setting("STAXMaxRate");
-  allowances.socialSecurityPercent = setting("STAXSelfRate");
+  setting(setting_name::kSelfAllowance);  // Intended: read and without effect.
+  allowances.socialSecurityMinPay = setting(setting_name::kSocialSecurityMinPay);
+  allowances.socialSecurityMaxPay = setting(setting_name::kSocialSecurityMaxPay);
+  allowances.socialSecurityPercent = setting(setting_name::kSocialSecurityPercent);
 }
 
 std::vector<tax::Bracket> readBrackets(Platform& platform, DataTool& dataTool, DataObj& dataObj,

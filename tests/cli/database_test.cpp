@@ -96,7 +96,7 @@ TEST_F(DatabaseCommands, WorkOnACompanyOfThisVersionOnly) {
 }
 
 TEST_F(DatabaseCommands, InitMakesAnewWhatWasBrokenOff) {
-  const schema::Engine dialect = schema::engineOf(engine().kind);
+  const Engine dialect = engineOf(engine().kind);
   const auto makeSome = [&] {
     for (const char* table : {"KT7TSchema", "KT7TUser"}) {
       runOn(db(), schema::createTableText(*schema::findTable(table), dialect));
@@ -161,7 +161,7 @@ TEST_F(DatabaseCommands, InitWithoutRightsTellsWhichAndLeavesNothing) {
       << refused.err;
   const auto connection = data::createConnection();
   connection->Open(db());
-  EXPECT_FALSE(schema::hasSchema(*connection, schema::engineOf(engine().kind)));
+  EXPECT_FALSE(schema::hasSchema(*connection, engineOf(engine().kind)));
 }
 
 TEST_F(DatabaseCommands, InitByOneWhoMayNotUseTheDatabaseTellsWhatAnAdministratorRuns) {

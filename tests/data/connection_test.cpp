@@ -91,7 +91,7 @@ TEST_F(ConnectionTest, OpensOnlyWhatIsThere) {
     const char* words;
   };
   const Case cases[] = {
-      {missing, "kt7hr init"},
+      {missing, "there is no database"},
       {"Driver=SQLite;Database=:memory:", "in memory"},
       {"Driver=SQLite", "Database="},
       {"Driver=SQLite;Database=" + database_.folder().string(), "unable to open"},

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "host/data/session/engine_settings.h"
+#include "host/data/session/missing_database.h"
 #include "test_database.h"
 
 namespace kt7::data::test {
@@ -99,12 +100,13 @@ TEST_F(ServerTest, AMissingDatabaseIsToldFromAnyOtherRefusal) {
       createConnection()->Open(where, "", password);
     } catch (const Error& error) {
       EXPECT_EQ(error.number(), error_number::kConnectionFailed);
-      const bool hint = std::string(error.what()).find("kt7hr init") != std::string::npos;
-      return error.cause().sqlState + (hint ? " init" : "");
+      const bool isMissing = dynamic_cast<const MissingDatabase*>(&error) != nullptr;
+      return error.cause().sqlState + (isMissing ? " missing" : "");
     }
     return std::string("opened");
   };
-  EXPECT_EQ(refusal(connectionString() + "_missing"), postgresql() ? "3D000 init" : "42000 init");
+  EXPECT_EQ(refusal(connectionString() + "_missing"),
+            postgresql() ? "3D000 missing" : "42000 missing");
   EXPECT_EQ(refusal(connectionString(), "wrong"), postgresql() ? "28P01" : "28000");
   std::string silent = connectionString();
   silent.insert(silent.find("Port="), "Port=1;");

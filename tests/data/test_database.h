@@ -23,7 +23,7 @@ class DataTest : public ::testing::Test {
   DataTest() {
     database_.make();
     connection_->Open(connectionString());
-    const schema::Engine dialect = schema::engineOf(engine().kind);
+    const Engine dialect = engineOf(engine().kind);
     for (const std::string& sql : schema::createFunctionTexts(dialect)) connection_->Execute(sql);
     connection_->Execute(schema::createTableText(payTable(), dialect));
   }

@@ -20,8 +20,8 @@ class Upgrade : public testing::Test {
   SchemaState state() { return schemaState(connection(), testedEngine()); }
   void drop(const std::string& what) { database_.run("DROP " + what); }
   void dropSlipIndex() {
-    drop(std::string("INDEX ") + (testedEngine() == Engine::MySQL ? "kt7x" : "KT7X") +
-         (testedEngine() == Engine::MySQL ? "empslipdoc_4 ON KT7TEmpSlipDoc" : "EmpSlipDoc_4"));
+    drop(std::string("INDEX ") + (testedEngine() == Engine::MySql ? "kt7x" : "KT7X") +
+         (testedEngine() == Engine::MySql ? "empslipdoc_4 ON KT7TEmpSlipDoc" : "EmpSlipDoc_4"));
   }
   /// As the first release made it.
   void makeFirstVersion() {
@@ -96,7 +96,7 @@ TEST_F(Upgrade, LeavesWhatItDoesNotKnowAlone) {
     Kind kind;
     const char* text;
   } cases[] = {{"99", Kind::Newer, "use a newer one"},
-               {"-1", Kind::UnfinishedCopy, "kt7hr copy again"},
+               {"-1", Kind::UnfinishedCopy, "copy once more"},
                {"0", Kind::Partial, "the version in KT7TSchema"},
                {"2", Kind::Current, ""}};
   for (const auto& row : cases) {
@@ -114,10 +114,10 @@ TEST_F(Upgrade, LeavesWhatItDoesNotKnowAlone) {
 TEST_F(Upgrade, NoticesColumnsThatDoNotCompareByteForByte) {
   requireByteOrder(connection(), testedEngine());
   switch (testedEngine()) {
-    case Engine::MySQL:
+    case Engine::MySql:
       database_.run("ALTER TABLE KT7TUser MODIFY TUsrName VARCHAR(255) COLLATE utf8mb4_general_ci");
       break;
-    case Engine::PostgreSQL:
+    case Engine::PostgreSql:
       database_.run("ALTER TABLE KT7TUser ALTER TUsrName TYPE VARCHAR(255) COLLATE \"en-x-icu\"");
       break;
     default:
@@ -140,7 +140,7 @@ TEST(Schema, IsMadeWithTheSampleOrNotAtAll) {
   // An index of this name keeps the making from getting to its end.
   other.run("CREATE TABLE taken (A INTEGER)");
   other.run("CREATE INDEX KT7XUser_1 ON taken (A)");
-  if (testedEngine() == Engine::MySQL) return;  // its indexes have names of their table
+  if (testedEngine() == Engine::MySql) return;  // its indexes have names of their table
   EXPECT_THROW(createSchema(other.connection(), testedEngine(), Content::Sample), Error);
   EXPECT_EQ(schemaState(other.connection(), testedEngine()).kind, Kind::Absent);
 }

@@ -9,7 +9,7 @@ namespace {
 void makeTables(const std::string& connectionString, bool withSample) {
   const auto connection = data::createConnection();
   connection->Open(connectionString);
-  schema::createSchema(*connection, schema::engineOf(data::databaseType(connectionString)));
+  schema::createSchema(*connection, engineOf(data::databaseType(connectionString)));
   if (withSample) schema::loadSample(*connection);
 }
 

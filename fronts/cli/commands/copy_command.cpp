@@ -70,8 +70,7 @@ std::vector<schema::CopiedTable> copied(const std::string& from, const std::stri
     CopyView view(console);
     return schema::copyCompany(*source, *target, view);
   } catch (const Error& error) {
-    const std::string grants =
-        schema::grantsFor(error, schema::engineOf(data::databaseType(*target)));
+    const std::string grants = schema::grantsFor(error, data::engineOn(*target));
     if (grants.empty()) throw;
     throw std::runtime_error(error.what() + ("; " + grants));
   }

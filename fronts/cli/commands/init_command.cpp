@@ -18,8 +18,8 @@ struct InitOptions {
   bool sample = false;
 };
 
-void makeCompany(ado::Connection& connection, schema::Engine engine, bool sample,
-                 const std::string& shown, Console& console) {
+void makeCompany(ado::Connection& connection, Engine engine, bool sample, const std::string& shown,
+                 Console& console) {
   schema::createSchema(connection, engine,
                        sample ? schema::Content::Sample : schema::Content::Empty);
   console.out << "Made " << schema::tables().size() << " tables and " << schema::views().size()
@@ -30,15 +30,15 @@ void makeCompany(ado::Connection& connection, schema::Engine engine, bool sample
               << " --db '" << shown << "'\n";
 }
 
-void upgrade(ado::Connection& connection, schema::Engine engine, int from, const std::string& shown,
+void upgrade(ado::Connection& connection, Engine engine, int from, const std::string& shown,
              Console& console) {
   schema::upgradeSchema(connection, engine, from);
   console.out << "Upgraded " << shown << " from version " << from << " to "
               << schema::kSchemaVersion << "; its rows are as they were.\n";
 }
 
-void lookOver(ado::Connection& connection, schema::Engine engine, bool sample,
-              const std::string& shown, Console& console) {
+void lookOver(ado::Connection& connection, Engine engine, bool sample, const std::string& shown,
+              Console& console) {
   schema::requireByteOrder(connection, engine);
   if (schema::hasFunctions(connection, engine)) {
     console.out << shown << " holds a company already: nothing was changed.\n";
@@ -53,7 +53,7 @@ void lookOver(ado::Connection& connection, schema::Engine engine, bool sample,
 
 void bringUpToDate(ado::Connection& connection, const InitOptions& given, Console& console) {
   using Kind = schema::SchemaState::Kind;
-  const schema::Engine engine = schema::engineOf(data::databaseType(connection));
+  const Engine engine = data::engineOn(connection);
   const std::string shown = screens::oneLine(data::shownConnectionString(given.database.database));
   try {
     const schema::SchemaState state = schema::schemaState(connection, engine);

@@ -15,6 +15,7 @@
 #include <kt7/payroll/run_outcome.h>
 #include <kt7/payroll/run_request.h>
 #include "command.h"
+#include "fronts/cli/line/advice.h"
 #include "fronts/cli/line/open_company.h"
 #include "fronts/cli/line/progress_bar.h"
 #include "fronts/cli/line/signals.h"
@@ -111,7 +112,7 @@ bool isMoved(const std::exception& error) {
 
 /// Ends a register in whose middle the run has ended.
 void breakOff(RegisterWriter& slips, const std::exception& error, Console& console) {
-  slips.breakOff(error.what());
+  slips.breakOff(textWithAdvice(error));
   if (!slips.begun()) return;
   say(console, isMoved(error) ? "the run was broken off: the slips of the register were paid in "
                                 "the file that was there "
@@ -139,8 +140,18 @@ void requireWritten(Console& console) {
       "again shows it");
 }
 
-int refuse(const payroll::RunStopped& stopped, Console& console) {
+void sayReasons(const payroll::RunStopped& stopped, Console& console) {
+  if (const auto* const other = dynamic_cast<const payroll::SharedRunUnderWay*>(&stopped)) {
+    say(console, "a shared run of " + other->run() +
+                     " is under way: wait for its end, or take part in it with --share" +
+                     (other->atWork().empty() ? "" : "; at work is " + other->atWork()));
+    return;
+  }
   for (const std::string& reason : stopped.reasons()) say(console, reason);
+}
+
+int refuse(const payroll::RunStopped& stopped, Console& console) {
+  sayReasons(stopped, console);
   say(console, "nothing was paid: correct what is named above and run the month again");
   return stopped.cause() == payroll::RunStopped::Cause::WrongUse ? kWrongUse : kFailed;
 }

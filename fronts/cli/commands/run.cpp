@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <kt7/error.h>
+#include "fronts/cli/line/advice.h"
 #include "fronts/common/nearest_name.h"
 #include "host/data/built_in/drivers.h"
 #include "host/data/contract/database.h"
@@ -104,7 +105,7 @@ int afterWriting(int exitCode, Console& console) {
 }
 
 std::string withHint(const Error& error) {
-  const std::string text = error.what();
+  const std::string text = textWithAdvice(error);
   if (text.find("no such table") != std::string::npos) {
     return text + "; kt7hr init makes the tables";
   }

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "base/number_text.h"
+#include "base/setting_names.h"
 #include "command.h"
 #include "fronts/cli/line/code_argument.h"
 #include "fronts/cli/line/open_company.h"
@@ -39,9 +40,11 @@ void moveToRow(ado::Recordset& settings, const std::string& key) {
 /// Hosts may keep settings of their own, but a misspelt key would change nothing in silence.
 void warnOfUnknownKey(const std::string& key, Console& console) {
   constexpr std::array<std::string_view, 10> kKnown{
-      "MoneyExpendses", "MoneyExpensesNotOver", "MoneySale",        "STAXMinRate",
-      "STAXMaxRate",    "STAXSelfRate",         "STAXEmployerRate", "CompanyCode",
-      "CompanyName",    "HeadOfficeBranchCode"};
+      setting_name::kExpensesPercent,      setting_name::kExpensesNotOver,
+      setting_name::kSelfAllowance,        setting_name::kSocialSecurityMinPay,
+      setting_name::kSocialSecurityMaxPay, setting_name::kSocialSecurityPercent,
+      setting_name::kEmployerPercent,      setting_name::kCompanyCode,
+      setting_name::kCompanyName,          setting_name::kHeadOfficeBranch};
   if (std::ranges::find(kKnown, key) != kKnown.end()) return;
   say(console, "no rule asks for the setting '" + key + "'" + didYouMean(key, kKnown));
 }

@@ -77,6 +77,12 @@ void warnOfUnknownRights(const host::Grant& grant, Console& console) {
   }
 }
 
+[[noreturn]] void refuseUnknownUser(std::int32_t user) {
+  const std::string number = std::to_string(user);
+  throw std::runtime_error(host::UnknownUser(user).what() + ("; kt7hr user add " + number) +
+                           " makes one");
+}
+
 int grantAll(const UserOptions& given, Console& console) {
   if (!namesRights(given.grant)) {
     throw WrongUse("nothing to grant; give --right, --type or --branch");
@@ -86,9 +92,13 @@ int grantAll(const UserOptions& given, Console& console) {
   given.database.clock();
   host::HostPlatform platform;
   const auto utility = platform.createUtilityObject();
-  inTransaction(connectionString, [&](ado::Connection& connection) {
-    host::grantRights(connection, given.grant, *utility);
-  });
+  try {
+    inTransaction(connectionString, [&](ado::Connection& connection) {
+      host::grantRights(connection, given.grant, *utility);
+    });
+  } catch (const host::UnknownUser&) {
+    refuseUnknownUser(given.grant.user);
+  }
   warnOfUnknownRights(given.grant, console);
   console.out << userReport(host::readUserView(platform, connectionString, given.grant.user));
   return kDone;
@@ -118,11 +128,7 @@ int showOne(const UserOptions& given, Console& console) {
   openCompany(connectionString);
   host::HostPlatform platform;
   const host::UserView view = host::readUserView(platform, connectionString, given.entry.user);
-  if (!view.registered && !view.hasRights) {
-    const std::string user = std::to_string(view.user);
-    throw std::runtime_error("there is no user " + user + "; kt7hr user add " + user +
-                             " makes one");
-  }
+  if (!view.registered && !view.hasRights) refuseUnknownUser(view.user);
   console.out << userReport(view);
   return kDone;
 }

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "fronts/calls/json_reading.h"
 #include "fronts/calls/protocol_error.h"
+#include "fronts/cli/line/advice.h"
 #include "session.h"
 
 namespace kt7::cli {
@@ -113,7 +114,7 @@ Json RpcMessages::perform(const Json& id, const Json& request) {
   } catch (const ProtocolError& error) {
     return failure(id, error.code(), error.what(), traced(Json::object()));
   } catch (const Error& error) {
-    return failure(id, error.number(), error.what(), traced(causeOf(error)));
+    return failure(id, error.number(), textWithAdvice(error), traced(causeOf(error)));
   } catch (const std::bad_alloc&) {
     return failure(id, ProtocolError::kInternalError, "there is not enough memory for the call",
                    traced(Json::object()));

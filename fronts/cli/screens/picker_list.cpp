@@ -1,8 +1,8 @@
 #include "picker_list.h"
 
 #include <algorithm>
-#include <charconv>
 
+#include "base/number_text.h"
 #include "base/text.h"
 #include "fronts/common/display_text.h"
 #include "host/data/contract/database.h"
@@ -26,8 +26,7 @@ int numberAt(const std::vector<std::string>& list, std::size_t place, int fallba
   if (place >= list.size()) return fallback;
   const std::string_view text = trimmedBlanks(list[place]);
   int number = 0;
-  const auto [end, code] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return code == std::errc{} && end == text.data() + text.size() && number >= 0 ? number : fallback;
+  return readPlainNumber(text, number) && number >= 0 ? number : fallback;
 }
 
 std::vector<SourceColumn> columnsOf(const PickerRequest& request) {

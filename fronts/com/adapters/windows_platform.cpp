@@ -1,10 +1,9 @@
 #include "fronts/com/adapters/windows_platform.h"
 
-#include <algorithm>
-
 #include "fronts/com/adapters/collaborators.h"
 #include "fronts/com/adapters/late_connection.h"
 #include "fronts/com/adapters/late_recordset.h"
+#include "fronts/com/automation/message_line.h"
 #include "fronts/com/automation/registration.h"
 #include "fronts/com/automation/text.h"
 
@@ -29,22 +28,6 @@ bool someoneIsThere() {
   return GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags,
                                    &needed) != FALSE &&
          (flags.dwFlags & WSF_VISIBLE) != 0;
-}
-
-bool isControl(wchar_t unit) { return unit < L' ' || (unit >= L'\x7F' && unit <= L'\x9F'); }
-
-/// To the debugger, and to standard error where the process has one: as characters to a console, as
-/// UTF-8 to anything else.
-void writeOneLine(std::wstring text) {
-  std::replace_if(text.begin(), text.end(), isControl, L' ');
-  text += L"\r\n";
-  OutputDebugStringW(text.c_str());
-  const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
-  DWORD written = 0;
-  if (WriteConsoleW(errors, text.data(), static_cast<DWORD>(text.size()), &written, nullptr))
-    return;
-  const std::string utf8 = automation::toUtf8(text);
-  WriteFile(errors, utf8.data(), static_cast<DWORD>(utf8.size()), &written, nullptr);
 }
 
 }  // namespace
@@ -90,7 +73,7 @@ void WindowsPlatform::showMessage(const std::string& text) {
   if (someoneIsThere() && MessageBoxW(nullptr, wide.c_str(), kTitle, MB_OK | MB_TASKMODAL) > 0) {
     return;
   }
-  writeOneLine(wide);
+  automation::writeOneLine(wide);
 }
 
 }  // namespace kt7::adapters

@@ -4,12 +4,16 @@
 
 #include <kt7/roles/picker.h>
 #include "base/text.h"
+#include "fronts/com/automation/message_line.h"
+#include "fronts/com/automation/text.h"
 
 namespace kt7::database2 {
 
 SharedPlatform::SharedPlatform() {
   setPicker([this](const PickerRequest& request, const std::string& connectionString,
                    bool multiSelect) { return current()(request, connectionString, multiSelect); });
+  setMessageView(
+      [](const std::string& text) { automation::writeOneLine(automation::toWide(text)); });
 }
 
 void SharedPlatform::answerPickers(const std::vector<std::string>& keys) {

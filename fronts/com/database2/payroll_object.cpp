@@ -11,6 +11,7 @@
 #include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_request.h>
+#include "fronts/com/database2/application.h"
 #include "fronts/common/payroll_input.h"
 #include "fronts/common/payroll_register.h"
 #include "host/data/contract/database.h"
@@ -64,7 +65,7 @@ std::string joined(const std::vector<std::string>& lines) {
 void PayrollObject::Create(const std::optional<bool>& sample) {
   data::createDatabase(connectionString_);
   const auto connection = opened(connectionString_);
-  const schema::Engine engine = schema::engineOf(data::databaseType(connectionString_));
+  const Engine engine = engineOf(data::databaseType(connectionString_));
   if (schema::hasSchema(*connection, engine)) {
     refuse(data::shownConnectionString(connectionString_) +
            " holds a company already: nothing was changed");
@@ -98,7 +99,10 @@ std::string PayrollObject::Run(const std::string& month, const std::optional<std
 
   last_ = {};
   host::HostPlatform platform(paidMonth->lastDay());
-  platform.setMessageView([this](const std::string& text) { last_.notes += text + "\r\n"; });
+  platform.setMessageView([this](const std::string& text) {
+    last_.notes += text + "\r\n";
+    database2::platform().showMessage(text);
+  });
   schema::requireCompany(*opened(connectionString_));
   host::HostDataObj dataObj(connectionString_);
   std::ostringstream text;

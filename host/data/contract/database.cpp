@@ -39,6 +39,8 @@ std::string databaseType(ado::Connection& connection) {
   return databaseType(ownConnection(connection).connectionString());
 }
 
+Engine engineOn(ado::Connection& connection) { return engineOf(databaseType(connection)); }
+
 Value askOne(const ado::ActiveConnection& on, const std::string& sql,
              std::span<const std::string> parameters) {
   return askOne(*pooledSessions(), on, sql, parameters);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <kt7/contract/data_access.h>
+#include <kt7/engine.h>
 #include "roles/data/wrapped_connection.h"
 
 /// The reference host's drivers behind the data-access contract.
@@ -34,6 +35,7 @@ std::string databaseType(const std::string& connectionString);
 
 /// The same of an open connection; a database error for one that was not made here.
 std::string databaseType(ado::Connection& connection);
+Engine engineOn(ado::Connection& connection);
 
 /// The same as far as the driver's name tells it; "" where the driver would have to be asked.
 std::string namedDatabaseType(const std::string& connectionString);

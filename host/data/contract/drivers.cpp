@@ -1,6 +1,8 @@
 #include <array>
 #include <atomic>
+#include <optional>
 
+#include <kt7/engine.h>
 #include <kt7/error.h>
 #include "base/text.h"
 #include "host/data/contract/database.h"
@@ -12,18 +14,18 @@ namespace kt7::data {
 
 namespace {
 
-/// A row a name that "Driver=" may have. Without a kind the driver is asked.
+/// A row a name that "Driver=" may have. Without an engine the driver is asked.
 struct DriverName {
   std::string_view name;
-  std::string_view kind;
+  std::optional<Engine> engine;
   std::string_view library;  // that makes the driver known
 };
 
-constexpr std::array<DriverName, 5> kNames{{{"SQLite", "SQLITE", "kt7host"},
-                                            {"MySQL", "MYSQL", "kt7mysql"},
-                                            {"MariaDB", "MYSQL", "kt7mysql"},
-                                            {"PostgreSQL", "POSTGRESQL", "kt7postgresql"},
-                                            {"ODBC", "", "kt7odbc"}}};
+constexpr std::array<DriverName, 5> kNames{{{"SQLite", Engine::Sqlite, "kt7host"},
+                                            {"MySQL", Engine::MySql, "kt7mysql"},
+                                            {"MariaDB", Engine::MySql, "kt7mysql"},
+                                            {"PostgreSQL", Engine::PostgreSql, "kt7postgresql"},
+                                            {"ODBC", std::nullopt, "kt7odbc"}}};
 
 constexpr Driver kSqlite{.open = openSqlite, .create = createSqlite};
 
@@ -39,13 +41,11 @@ void addDriver(std::string_view name, const Driver& driver) {
 }
 
 std::string builtInDrivers() {
-  std::string names;
+  std::vector<std::string> names;
   for (std::size_t i = 0; i < kNames.size(); ++i) {
-    if (drivers[i] == nullptr) continue;
-    if (!names.empty()) names += ", ";
-    names += kNames[i].name;
+    if (drivers[i] != nullptr) names.emplace_back(kNames[i].name);
   }
-  return names;
+  return joined(names, ", ");
 }
 
 namespace {
@@ -73,7 +73,7 @@ const Driver& driverOf(const ConnectionString& where) {
                           std::string(row.library) + "; built in is: " + builtInDrivers());
   }
   // What goes to the driver manager is its drivers' own.
-  if (!row.kind.empty()) where.requireKnownKeywords(row.kind);
+  if (row.engine) where.requireKnownKeywords(*row.engine);
   return *driver;
 }
 
@@ -86,12 +86,13 @@ std::unique_ptr<Session> openSession(const ConnectionString& where, std::string_
 
 std::string databaseType(const std::string& connectionString) {
   const ConnectionString where(connectionString);
-  const std::string_view kind = kNames[placeOf(where)].kind;
-  return kind.empty() ? driverOf(where).askKind(connectionString) : std::string(kind);
+  const std::optional<Engine> engine = kNames[placeOf(where)].engine;
+  return engine ? std::string(databaseTypeOf(*engine)) : driverOf(where).askKind(connectionString);
 }
 
 std::string namedDatabaseType(const std::string& connectionString) {
-  return std::string(kNames[placeOf(ConnectionString(connectionString))].kind);
+  const std::optional<Engine> engine = kNames[placeOf(ConnectionString(connectionString))].engine;
+  return std::string(databaseTypeOf(engine.value_or(Engine::Other)));
 }
 
 void createDatabase(const std::string& connectionString) {

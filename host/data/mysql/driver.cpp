@@ -7,19 +7,20 @@
 #include <sys/socket.h>
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <map>
 #include <mutex>
 
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
+#include "base/number_text.h"
 #include "base/text.h"
-#include "host/data/session/loopback.h"
 #include "host/data/mysql/session.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/engine_settings.h"
 #include "host/data/session/keep_alive.h"
+#include "host/data/session/loopback.h"
+#include "host/data/session/missing_database.h"
 
 namespace kt7::data {
 
@@ -30,9 +31,8 @@ constexpr unsigned kConnectSeconds = 5;
 unsigned portIn(std::string_view text) {
   if (text.empty()) return 0;
   unsigned port = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), port);
   constexpr unsigned kLastPort = 65535;
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || port > kLastPort) {
+  if (!readPlainNumber(text, port) || port > kLastPort) {
     raiseConnectionFailed("'" + std::string(text) + "' is no port; write Port=3306");
   }
   return port;
@@ -108,7 +108,7 @@ void setKeepAlive(MYSQL* connection, const std::optional<KeepAlive>& wanted) {
   std::string text = "cannot connect to the database" +
                      (database.empty() ? "" : " '" + database + "'") + " at " + server + ": " +
                      mysql_error(connection);
-  if (code == ER_BAD_DB_ERROR) text += "; run \"kt7hr init\" to create it";
+  if (code == ER_BAD_DB_ERROR) throw MissingDatabase(text, {{}, code, state});
   if (code == CR_PLUGIN_NOT_ALLOWED) {
     text +=
         "; over a network that is not encrypted it could read the password from that; write "
@@ -247,10 +247,8 @@ int syncWaitIn(const ConnectionString& where) {
   const std::string_view text = where.value("SyncWait");
   if (text.empty()) return 0;
   int wait = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), wait);
   constexpr int kMost = 15;
-  if (result.ec != std::errc() || result.ptr != text.data() + text.size() || wait < 0 ||
-      wait > kMost) {
+  if (!readPlainNumber(text, wait) || wait < 0 || wait > kMost) {
     raiseConnectionFailed("'" + std::string(text) + "' is no SyncWait; write SyncWait=1");
   }
   return wait;

@@ -54,7 +54,7 @@ std::unique_ptr<Session> openOdbc(const ConnectionString& where, std::string_vie
   const std::string counting = text + std::string(kFoundRows);
   if (needFoundRows.has(text)) return openSessionOn(counting);
   std::unique_ptr<OdbcSession> session = openSessionOn(text);
-  if (session->databaseKind() != "MYSQL" || !where.value("OPTION").empty()) return session;
+  if (session->engine() != Engine::MySql || !where.value("OPTION").empty()) return session;
   needFoundRows.add(text);
   return openSessionOn(counting);
 }

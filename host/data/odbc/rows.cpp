@@ -52,13 +52,13 @@ bool isPadded(std::string_view text) {
 ColumnKind OdbcSession::kindOfColumn(Statement& statement, SQLUSMALLINT number, SQLSMALLINT type,
                                      int decimals) const {
   const ColumnKind told = kindOf(type, decimals);
-  const bool maybeBoolean = kind_ == "POSTGRESQL" && told == ColumnKind::Text;
-  if (!embedded_ && !maybeBoolean) return told;
+  const bool maybeBoolean = engine_ == Engine::PostgreSql && told == ColumnKind::Text;
+  if (!isEmbedded() && !maybeBoolean) return told;
   std::array<char, 128> declared{};
   SQLSMALLINT length = 0;
   SQLColAttribute(statement.get(), number, SQL_DESC_TYPE_NAME, declared.data(),
                   static_cast<SQLSMALLINT>(declared.size()), &length, nullptr);
-  if (embedded_) return columnKind(declared.data());
+  if (isEmbedded()) return columnKind(declared.data());
   return equalNoCase(declared.data(), "bool") ? ColumnKind::SmallInteger : told;
 }
 
@@ -116,16 +116,16 @@ void OdbcSession::readCell(Statement& statement, std::size_t column, Snapshot& r
 
 void OdbcSession::setCell(Snapshot& rows, Cell& cell, std::size_t column,
                           std::string_view text) const {
-  if (decimals_[column] != kNotDecimal && !embedded_) {
+  if (decimals_[column] != kNotDecimal && !isEmbedded()) {
     setDecimal(cell, text, decimals_[column]);
     return;
   }
   const ColumnKind kind = kinds_[column];
   const bool number = kind == ColumnKind::SmallInteger || kind == ColumnKind::Integer ||
                       kind == ColumnKind::Real || kind == ColumnKind::Money ||
-                      (embedded_ && kind == ColumnKind::Other && !isPadded(text));
+                      (isEmbedded() && kind == ColumnKind::Other && !isPadded(text));
   if (number && setNumber(cell, text)) return;
-  if (number && !embedded_) raiseNoNumber(text);
+  if (number && !isEmbedded()) raiseNoNumber(text);
   const bool date = kind == ColumnKind::Day || kind == ColumnKind::Moment;
   if (date && text.starts_with("0000-00-00")) return;
   rows.setText(cell, text);

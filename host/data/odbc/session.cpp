@@ -64,25 +64,25 @@ OdbcSession::OdbcSession(std::unique_ptr<OdbcHandle> connection)
   const std::string name = connection_->info(SQL_DBMS_NAME);
   // One driver tells the server by its name, the other by its version.
   const bool mariadb = isMariadb(name) || isMariadb(connection_->info(SQL_DBMS_VER));
-  kind_ = mariadb ? "MYSQL" : upperCase(name);
-  embedded_ = kind_ == "SQLITE";
+  kind_ = mariadb ? databaseTypeOf(Engine::MySql) : upperCase(name);
+  engine_ = engineOf(kind_);
   applySettings(mariadb);
 }
 
 void OdbcSession::applySettings(bool mariadb) {
-  dialect_.limitForTop = kind_ != "MICROSOFT SQL SERVER";
-  if (kind_ == "MYSQL") {
+  dialect_.limitForTop = engine_ != Engine::SqlServer;
+  if (engine_ == Engine::MySql) {
     dialect_.foldsTableNames = true;
     dialect_.definitionsCommit = true;
     execute(settingsOf(mariadb));
-  } else if (kind_ == "POSTGRESQL") {
+  } else if (engine_ == Engine::PostgreSql) {
     execute(
         "SELECT set_config('lock_timeout', '5000', false), "
         "set_config('standard_conforming_strings', 'on', false)");
-  } else if (embedded_) {
+  } else if (isEmbedded()) {
     dialect_.yearsByText = true;
     execute("PRAGMA busy_timeout=5000");
-  } else if (kind_ == "MICROSOFT SQL SERVER") {
+  } else if (engine_ == Engine::SqlServer) {
     execute("SET LOCK_TIMEOUT 5000");
     dialect_.separatesByWords = true;
   }
@@ -96,30 +96,30 @@ void OdbcSession::fail(SQLSMALLINT type, SQLHANDLE handle, const std::string& sq
   constexpr SQLINTEGER kMysqlLockWait = 1205;
   constexpr SQLINTEGER kMysqlDeadlock = 1213;
   Diagnosis cause = diagnosisOf(type, handle);
-  if (embedded_) cause.state = embeddedState(cause);
+  if (isEmbedded()) cause.state = embeddedState(cause);
   const bool mysqlLoss =
-      kind_ == "MYSQL" && (cause.native == kServerGone || cause.native == kServerLost);
+      engine_ == Engine::MySql && (cause.native == kServerGone || cause.native == kServerLost);
   // "57P..": a PostgreSQL server that ends the connection.
   if (cause.state.starts_with("08") || cause.state.starts_with("57P") || mysqlLoss) {
     lost_ = true;
-    const bool neverRan = kind_ == "MYSQL" && cause.native == kServerGone;
+    const bool neverRan = engine_ == Engine::MySql && cause.native == kServerGone;
     raiseConnectionLost(cause.text, sql, cause.native,
                         writes_ && !neverRan && (!begun_ || sql == "COMMIT"));
   }
   // Class 40: the engine rolled the whole transaction back. PostgreSQL aborts it after any error,
   // but its driver may undo the statement alone and keep the locks, or tell a COMMIT as done.
-  const bool aborted = cause.state.starts_with("40") || kind_ == "POSTGRESQL" ||
-                       (kind_ == "MYSQL" && cause.native == kMysqlDeadlock) ||
-                       (embedded_ && endsEmbeddedTransaction(cause.native));
+  const bool aborted = cause.state.starts_with("40") || engine_ == Engine::PostgreSql ||
+                       (engine_ == Engine::MySql && cause.native == kMysqlDeadlock) ||
+                       (isEmbedded() && endsEmbeddedTransaction(cause.native));
   if (begun_ && aborted && firstCause_.empty()) {
     firstCause_ = cause.text;
     // SQLite ended it by itself, and its driver would for ever fail to end it once more.
-    if (embedded_) openAgain(connection_->get());
+    if (isEmbedded()) openAgain(connection_->get());
     SQLEndTran(SQL_HANDLE_DBC, connection_->get(), SQL_ROLLBACK);
   }
   const DatabaseCause told{sql, cause.native, cause.state};
   const bool locked = cause.state == kLockTimeout || cause.state == "55P03" ||
-                      (kind_ == "MYSQL" && cause.native == kMysqlLockWait);
+                      (engine_ == Engine::MySql && cause.native == kMysqlLockWait);
   if (locked) raiseRowsLocked(cause.text, told);
   raiseStatementFailed(cause.text, told);
 }
@@ -175,7 +175,7 @@ Value OdbcSession::askOne(const std::string& sql, std::span<const std::string> p
 }
 
 Stored OdbcSession::stored(const Value& value, ColumnKind kind) const {
-  return embedded_ ? storedAsDouble(value, kind) : storedOnServer(value, kind);
+  return isEmbedded() ? storedAsDouble(value, kind) : storedOnServer(value, kind);
 }
 
 std::int64_t OdbcSession::change(const std::string& sql, std::span<const Stored> values) {
@@ -195,14 +195,14 @@ std::int64_t OdbcSession::askWhole(const std::string& sql, std::span<const Store
 std::int64_t OdbcSession::insert(const std::string& sql, std::span<const Stored> values,
                                  const std::string& key) {
   if (key.empty()) return change(sql, values), 0;
-  if (kind_ == "POSTGRESQL") return askWhole(sql + " RETURNING " + key, values);
-  if (kind_ == "MICROSOFT SQL SERVER") {
+  if (engine_ == Engine::PostgreSql) return askWhole(sql + " RETURNING " + key, values);
+  if (engine_ == Engine::SqlServer) {
     const std::string output =
         replaceAll(sql, ") VALUES(", ") OUTPUT INSERTED." + key + " VALUES(");
     return askWhole(output, values);
   }
   change(sql, values);
-  return askWhole(embedded_ ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()", {});
+  return askWhole(isEmbedded() ? "SELECT last_insert_rowid()" : "SELECT LAST_INSERT_ID()", {});
 }
 
 std::string OdbcSession::primaryKey(const std::string& table) {
@@ -210,7 +210,8 @@ std::string OdbcSession::primaryKey(const std::string& table) {
   if (const auto known = primaryKeys_.find(folded); known != primaryKeys_.end()) {
     return known->second;
   }
-  const bool folds = kind_ == "POSTGRESQL" || (kind_ == "MYSQL" && folded.starts_with("kt7"));
+  const bool folds =
+      engine_ == Engine::PostgreSql || (engine_ == Engine::MySql && folded.starts_with("kt7"));
   const std::string& name = folds ? folded : table;
   const std::string sql = "the primary key of " + table;
   Statement statement(*this, sql);

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include <kt7/engine.h>
 #include "host/data/odbc/handle.h"
 #include "roles/data/fixed_texts.h"
 #include "roles/data/session.h"
@@ -16,6 +17,7 @@ class OdbcSession final : public Session {
   explicit OdbcSession(std::unique_ptr<OdbcHandle> connection);
 
   const std::string& databaseKind() const { return kind_; }
+  Engine engine() const { return engine_; }
 
   void execute(const std::string& sql) override;
   void query(const std::string& sql, Snapshot& rows) override;
@@ -35,6 +37,9 @@ class OdbcSession final : public Session {
  private:
   class Statement;
 
+  /// SQLite, whose values have types of their own.
+  bool isEmbedded() const { return engine_ == Engine::Sqlite; }
+
   void applySettings(bool mariadb);
   ColumnKind kindOfColumn(Statement& statement, SQLUSMALLINT number, SQLSMALLINT type,
                           int decimals) const;
@@ -52,8 +57,8 @@ class OdbcSession final : public Session {
 
   std::unique_ptr<OdbcHandle> connection_;
   std::string kind_;
+  Engine engine_ = Engine::Other;
   Dialect dialect_;
-  bool embedded_ = false;  // SQLite, whose values have types of their own
   bool begun_ = false;
   bool lost_ = false;
   bool writes_ = false;

@@ -8,11 +8,12 @@
 #include <kt7/error.h>
 #include <kt7/host/drivers.h>
 #include "base/text.h"
-#include "host/data/session/loopback.h"
 #include "host/data/postgresql/guarded_login.h"
 #include "host/data/postgresql/session.h"
 #include "host/data/session/driver.h"
 #include "host/data/session/keep_alive.h"
+#include "host/data/session/loopback.h"
+#include "host/data/session/missing_database.h"
 
 namespace kt7::data {
 
@@ -213,9 +214,9 @@ PostgresqlHandle connect(const ConnectionString& where, const Login& login,
   while (!text.empty() && text.back() == '\n') text.pop_back();
   const std::string state = stateOfRefusal(handle.get(), guarded);
   if (PQstatus(handle.get()) == CONNECTION_OK) return handle;
-  if (state == kNoSuchDatabase) text += "; run \"kt7hr init\" to create it";
-  raiseConnectionFailed("cannot connect to the database '" + database + "': " + text,
-                        {{}, 0, state.empty() ? "08001" : state});
+  text = "cannot connect to the database '" + database + "': " + text;
+  if (state == kNoSuchDatabase) throw MissingDatabase(text, {{}, 0, state});
+  raiseConnectionFailed(text, {{}, 0, state.empty() ? "08001" : state});
 }
 
 std::string requiredDatabase(const ConnectionString& where) {
@@ -256,6 +257,7 @@ void createPostgresql(const ConnectionString& where) {
 }  // namespace kt7::data
 
 void kt7::host::usePostgresql() {
-  static constexpr data::Driver kDriver{.open = data::openPostgresql, .create = data::createPostgresql};
+  static constexpr data::Driver kDriver{.open = data::openPostgresql,
+                                        .create = data::createPostgresql};
   data::addDriver("PostgreSQL", kDriver);
 }

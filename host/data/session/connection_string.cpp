@@ -53,9 +53,9 @@ const Keyword* known(std::string_view name) {
   return found == std::end(kKeywords) ? nullptr : found;
 }
 
-unsigned engineOf(std::string_view kind) {
-  if (kind == "SQLITE") return kSqlite;
-  return kind == "MYSQL" ? kMysql : kPostgresql;
+unsigned bitOf(Engine engine) {
+  if (engine == Engine::Sqlite) return kSqlite;
+  return engine == Engine::MySql ? kMysql : kPostgresql;
 }
 
 std::string listed(std::span<const std::string_view> names) {
@@ -154,8 +154,8 @@ std::string_view ConnectionString::value(std::string_view keyword) const {
   return {};
 }
 
-void ConnectionString::requireKnownKeywords(std::string_view kind) const {
-  const unsigned engine = engineOf(kind);
+void ConnectionString::requireKnownKeywords(Engine of) const {
+  const unsigned engine = bitOf(of);
   bool afterSecret = false;
   for (const auto& [name, value] : parts_) {
     const Keyword* const keyword = known(name);

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include <kt7/engine.h>
+
 namespace kt7::data {
 
 /// "keyword=value;..." taken apart. Keywords are found without regard to letter case; a value may
@@ -19,10 +21,9 @@ class ConnectionString {
   std::string_view driver() const { return value("Driver"); }
   std::string_view database() const { return value("Database"); }
 
-  /// A connection error for a keyword that the driver of that kind ("SQLITE", "MYSQL",
-  /// "POSTGRESQL") does not know; it names the nearest one that it does, and never a part of what
-  /// may be a password.
-  void requireKnownKeywords(std::string_view kind) const;
+  /// A connection error for a keyword that the driver of that engine does not know; it names the
+  /// nearest one that it does, and never a part of what may be a password.
+  void requireKnownKeywords(Engine engine) const;
 
   /// The text as it was given, without the first part of that keyword and value.
   std::string textWithout(std::string_view keyword, std::string_view value) const;

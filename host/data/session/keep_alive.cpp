@@ -1,9 +1,9 @@
 #include "host/data/session/keep_alive.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include <kt7/error.h>
+#include "base/number_text.h"
 
 namespace kt7::data {
 
@@ -14,9 +14,7 @@ std::optional<KeepAlive> keepAliveIn(const ConnectionString& where) {
   const std::string_view text = where.value("KeepAlive");
   int seconds = kDefaultSeconds;
   if (!text.empty()) {
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || seconds < 0 ||
-        seconds > kMostSeconds) {
+    if (!readPlainNumber(text, seconds) || seconds < 0 || seconds > kMostSeconds) {
       raiseConnectionFailed("'" + std::string(text) +
                             "' is no KeepAlive; write seconds, such as KeepAlive=30, or 0");
     }

@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include <kt7/error.h>
+#include "host/data/session/missing_database.h"
 #include "host/data/sqlite/session.h"
 
 namespace kt7::data {
@@ -111,9 +112,8 @@ std::unique_ptr<Session> openSqlite(const ConnectionString& where, std::string_v
   const std::string file = databaseFile(where);
   std::error_code failed;
   if (!std::filesystem::exists(pathOf(file), failed)) {
-    raiseConnectionFailed("there is no database '" + file + "'; run \"kt7hr init --db '" +
-                              where.shown() + "'\" to create it",
-                          {{}, SQLITE_CANTOPEN, {}});
+    throw MissingDatabase("there is no database '" + file + "'", {{}, SQLITE_CANTOPEN, {}},
+                          where.shown());
   }
   SqliteHandle database = openFile(file, 0);
   const int code = sqlite3_create_function_v2(database.get(), "year", 1,

@@ -9,12 +9,12 @@ namespace {
 
 const char* relationsText(Engine engine) {
   switch (engine) {
-    case Engine::SQLite:
+    case Engine::Sqlite:
       return "SELECT name AS ObjectName FROM sqlite_master WHERE type IN ('table', 'view')";
-    case Engine::MySQL:
+    case Engine::MySql:
       return "SELECT table_name AS ObjectName FROM information_schema.tables "
              "WHERE table_schema = DATABASE()";
-    case Engine::PostgreSQL:
+    case Engine::PostgreSql:
       return "SELECT table_name AS ObjectName FROM information_schema.tables "
              "WHERE table_schema = current_schema()";
     default:
@@ -25,12 +25,12 @@ const char* relationsText(Engine engine) {
 /// "" where the engine has no common way to tell.
 const char* indexesText(Engine engine) {
   switch (engine) {
-    case Engine::SQLite:
+    case Engine::Sqlite:
       return "SELECT name AS ObjectName FROM sqlite_master WHERE type = 'index'";
-    case Engine::MySQL:
+    case Engine::MySql:
       return "SELECT DISTINCT index_name AS ObjectName FROM information_schema.statistics "
              "WHERE table_schema = DATABASE()";
-    case Engine::PostgreSQL:
+    case Engine::PostgreSql:
       return "SELECT indexname AS ObjectName FROM pg_indexes WHERE schemaname = current_schema()";
     default:
       return "";

@@ -30,10 +30,10 @@ constexpr std::array kTypeNames{
 };
 
 std::string textType(int length, Engine engine) {
-  if (engine == Engine::SQLite) return "TEXT";
+  if (engine == Engine::Sqlite) return "TEXT";
   const std::string type = "VARCHAR(" + std::to_string(length) + ")";
   // MySQL takes the collation of the table.
-  return engine == Engine::PostgreSQL ? type + " COLLATE \"C\"" : type;
+  return engine == Engine::PostgreSql ? type + " COLLATE \"C\"" : type;
 }
 
 /// Every table and view name of a FROM text under the name that the engine keeps.
@@ -49,22 +49,17 @@ std::string storedNames(std::string text, Engine engine) {
 
 }  // namespace
 
-Engine engineOf(std::string_view databaseType) {
-  if (equalNoCase(databaseType, "SQLITE")) return Engine::SQLite;
-  if (equalNoCase(databaseType, "MYSQL")) return Engine::MySQL;
-  if (equalNoCase(databaseType, "POSTGRESQL")) return Engine::PostgreSQL;
-  return Engine::Generic;
-}
-
-bool keepsEveryStep(Engine engine) { return engine == Engine::MySQL; }
+bool keepsEveryStep(Engine engine) { return engine == Engine::MySql; }
 
 std::string storedName(std::string_view name, Engine engine) {
-  return engine == Engine::MySQL ? lowerCase(name) : std::string(name);
+  return engine == Engine::MySql ? lowerCase(name) : std::string(name);
 }
 
 std::string columnTypeText(const Column& column, Engine engine) {
   for (const TypeNames& row : kTypeNames) {
-    if (row.type == column.type) return std::string(row.names[static_cast<std::size_t>(engine)]);
+    if (row.type != column.type) continue;
+    const std::size_t standard = row.names.size() - 1;
+    return std::string(row.names[std::min(static_cast<std::size_t>(engine), standard)]);
   }
   return textType(column.length, engine);
 }
@@ -77,7 +72,7 @@ std::string createTableText(const Table& table, Engine engine) {
     separator = ", ";
   }
   sql += ")";
-  if (engine == Engine::MySQL) {
+  if (engine == Engine::MySql) {
     sql += " ENGINE=InnoDB DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_nopad_bin";
   }
   return sql;
@@ -112,7 +107,7 @@ std::string createViewText(const View& view, Engine engine) {
 
 std::vector<std::string> createFunctionTexts(Engine engine) {
   std::vector<std::string> result;
-  if (engine != Engine::PostgreSQL) return result;
+  if (engine != Engine::PostgreSql) return result;
   for (const char* const type : {"date", "timestamp"}) {
     result.push_back(std::string("CREATE OR REPLACE FUNCTION year(") + type +
                      ") RETURNS integer LANGUAGE sql IMMUTABLE STRICT AS "

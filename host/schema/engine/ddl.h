@@ -4,15 +4,12 @@
 #include <string_view>
 #include <vector>
 
+#include <kt7/engine.h>
 #include "host/schema/description/table.h"
 
+/// Renderings of the description in the words of an engine; one that has none of its own gets
+/// standard SQL.
 namespace kt7::schema {
-
-/// Whose dialect a rendering is written in; Generic is standard SQL.
-enum class Engine { SQLite, MySQL, PostgreSQL, Generic };
-
-/// The engine of a database type ("SQLITE", "MYSQL", "POSTGRESQL"); Generic for any other.
-Engine engineOf(std::string_view databaseType);
 
 /// True where a statement that makes or drops something commits by itself; the driver refuses it
 /// inside a transaction.

@@ -22,12 +22,12 @@ std::string answer(ado::Connection& connection, const std::string& sql) {
 /// A column of ours whose collation is not of bytes.
 const char* foreignCollationText(Engine engine) {
   switch (engine) {
-    case Engine::MySQL:
+    case Engine::MySql:
       return "SELECT MIN(CONCAT(table_name, '.', column_name, ' (', collation_name, ')')) AS "
              "Answer FROM information_schema.columns WHERE table_schema = DATABASE() AND "
              "LOWER(table_name) LIKE 'kt7t%' AND collation_name IS NOT NULL AND collation_name "
              "NOT IN ('utf8mb4_nopad_bin', 'utf8mb4_0900_bin')";
-    case Engine::PostgreSQL:
+    case Engine::PostgreSql:
       return "SELECT MIN(table_name || '.' || column_name || ' (' || COALESCE(collation_name, "
              "'the default of the database') || ')') AS Answer FROM information_schema.columns "
              "WHERE table_schema = current_schema() AND table_name LIKE 'kt7t%' AND data_type IN "
@@ -53,7 +53,7 @@ bool isRefusedForRights(const DatabaseCause& cause) {
 }  // namespace
 
 void requireUnicode(ado::Connection& connection, Engine engine) {
-  if (engine != Engine::PostgreSQL) return;
+  if (engine != Engine::PostgreSql) return;
   const std::string encoding =
       answer(connection, "SELECT current_setting('server_encoding') AS Answer");
   if (encoding == "UTF8") return;
@@ -68,9 +68,9 @@ void requireByteOrder(ado::Connection& connection, Engine engine) {
   if (const std::string column = answer(connection, sql); !column.empty()) {
     raiseStatementFailed("codes would not compare byte for byte in " + column +
                          "; give the column the collation " +
-                         (engine == Engine::MySQL ? std::string(kMariadbCollation) : "\"C\""));
+                         (engine == Engine::MySql ? std::string(kMariadbCollation) : "\"C\""));
   }
-  if (engine != Engine::MySQL) return;
+  if (engine != Engine::MySql) return;
   if (const std::string table = answer(connection, kTableWithoutTransactions); !table.empty()) {
     raiseStatementFailed("a table keeps no transactions: " + table +
                          "; run ALTER TABLE ... ENGINE=InnoDB");
@@ -78,14 +78,14 @@ void requireByteOrder(ado::Connection& connection, Engine engine) {
 }
 
 bool hasFunctions(ado::Connection& connection, Engine engine) {
-  if (engine != Engine::PostgreSQL) return true;
+  if (engine != Engine::PostgreSql) return true;
   return answer(connection,
                 "SELECT COUNT(*) AS Answer FROM pg_proc WHERE proname = 'year' AND "
                 "pg_function_is_visible(oid) AND proargtypes[0] IN (1082, 1114)") == "2";
 }
 
 std::string fittedToServer(std::string sql, ado::Connection& connection, Engine engine) {
-  if (engine != Engine::MySQL || sql.find(kMariadbCollation) == std::string::npos) return sql;
+  if (engine != Engine::MySql || sql.find(kMariadbCollation) == std::string::npos) return sql;
   const std::string server = answer(connection, "SELECT VERSION() AS Answer");
   if (server.find("MariaDB") != std::string::npos) return sql;
   return replaceAll(sql, kMariadbCollation, kMysqlCollation);
@@ -93,7 +93,7 @@ std::string fittedToServer(std::string sql, ado::Connection& connection, Engine 
 
 std::string grantsFor(const Error& error, Engine engine) {
   if (!isRefusedForRights(error.cause())) return "";
-  if (engine == Engine::PostgreSQL) {
+  if (engine == Engine::PostgreSql) {
     return "an administrator grants what is missing: GRANT CREATE, USAGE ON SCHEMA public TO "
            "this_user, and for tables of another owner SELECT, INSERT, UPDATE, DELETE ON ALL "
            "TABLES "

@@ -7,7 +7,7 @@
 namespace kt7::schema {
 
 void advanceRowIds(ado::Connection& connection, const Table& table) {
-  if (engineOf(data::databaseType(connection)) != Engine::PostgreSQL) return;
+  if (data::engineOn(connection) != Engine::PostgreSql) return;
   const std::string& key = table.columns.front().name;
   const std::string sequence =
       "pg_get_serial_sequence('" + lowerCase(table.name) + "', '" + lowerCase(key) + "')";

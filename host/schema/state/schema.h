@@ -4,6 +4,8 @@
 #include <vector>
 
 #include <kt7/contract/data_access.h>
+#include <kt7/error.h>
+#include <kt7/export.h>
 #include "host/schema/engine/ddl.h"
 #include "host/schema/state/versions.h"
 
@@ -26,7 +28,21 @@ struct SchemaState {
 
 SchemaState schemaState(ado::Connection& connection, Engine engine);
 
-/// A database error that says what to do unless the database holds a company of this version.
+/// A database error: the database does not hold a company of this version.
+class KT7_API UnfitDatabase : public Error {
+ public:
+  explicit UnfitDatabase(SchemaState state);
+
+  const SchemaState& state() const { return state_; }
+  /// What stands there, without what to do about it.
+  const std::string& finding() const { return finding_; }
+
+ private:
+  SchemaState state_;
+  std::string finding_;
+};
+
+/// UnfitDatabase unless the database holds a company of this version.
 void requireCurrentSchema(ado::Connection& connection, Engine engine);
 
 /// Whose databases are taken.

@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <span>
 #include <string>
 
 #include <kt7/error.h>
+#include "base/text.h"
 #include "host/data/contract/database.h"
 #include "host/schema/state/schema.h"
 
@@ -59,29 +61,50 @@ int keptVersion(ado::Connection& connection, const Catalogue& catalogue) {
 
 std::string listed(const std::vector<std::string>& names) {
   constexpr std::size_t kMostShown = 8;
-  std::string text;
-  for (std::size_t i = 0; i < names.size() && i < kMostShown; ++i) {
-    text += (i == 0 ? "" : ", ") + names[i];
-  }
+  const std::size_t shown = std::min(names.size(), kMostShown);
+  std::string text = joined(std::span(names).first(shown), ", ");
   if (names.size() > kMostShown) {
     text += " and " + std::to_string(names.size() - kMostShown) + " more";
   }
   return text;
 }
 
-/// What to do about a database that lacks something.
-std::string adviceFor(const SchemaState& state) {
-  if (std::ranges::find(state.missing, "KT7TSchema") != state.missing.end()) {
-    return "; where another program keeps it only kt7hr call and kt7hr rpc work on it, else "
-           "restore it";
+std::string findingOf(const SchemaState& state) {
+  switch (state.kind) {
+    case SchemaState::Kind::Absent:
+      return "the database holds no company";
+    case SchemaState::Kind::UnfinishedCopy:
+      return "the database holds a copy that was never finished";
+    case SchemaState::Kind::Partial:
+      return "the database holds only a part of a company, missing: " + listed(state.missing);
+    default:
+      return "the tables are of version " + std::to_string(state.version);
   }
-  if (state.version == 0) {
-    return "; where its making was broken off run kt7hr init again, where it holds rows restore it";
+}
+
+std::string remedyFor(const SchemaState& state) {
+  const std::string own = std::to_string(kSchemaVersion);
+  switch (state.kind) {
+    case SchemaState::Kind::Older:
+      return "; upgrade them to version " + own;
+    case SchemaState::Kind::Newer:
+      return ", this release knows them up to " + own + "; use a newer one";
+    case SchemaState::Kind::UnfinishedCopy:
+      return "; copy once more, it goes on where it was";
+    case SchemaState::Kind::Partial:
+      return "; restore it";
+    default:
+      return "; make one first";
   }
-  return "; restore it, or remove all KT7 tables and views and run kt7hr init";
 }
 
 }  // namespace
+
+UnfitDatabase::UnfitDatabase(SchemaState state)
+    : Error(ErrorKind::Database, error_number::kStatementFailed,
+            findingOf(state) + remedyFor(state)),
+      state_(std::move(state)),
+      finding_(findingOf(state_)) {}
 
 SchemaState schemaState(ado::Connection& connection, Engine engine) {
   using Kind = SchemaState::Kind;
@@ -106,27 +129,7 @@ SchemaState schemaState(ado::Connection& connection, Engine engine) {
 
 void requireCurrentSchema(ado::Connection& connection, Engine engine) {
   const SchemaState state = schemaState(connection, engine);
-  switch (state.kind) {
-    case SchemaState::Kind::Current:
-      return;
-    case SchemaState::Kind::Absent:
-      raiseStatementFailed("the database holds no company; kt7hr init makes one");
-    case SchemaState::Kind::Older:
-      raiseStatementFailed("the tables are of version " + std::to_string(state.version) +
-                           "; run kt7hr init on this database to upgrade them to version " +
-                           std::to_string(kSchemaVersion));
-    case SchemaState::Kind::Newer:
-      raiseStatementFailed("the tables are of version " + std::to_string(state.version) +
-                           ", this kt7hr knows them up to " + std::to_string(kSchemaVersion) +
-                           "; use a newer one");
-    case SchemaState::Kind::UnfinishedCopy:
-      raiseStatementFailed(
-          "the database holds a copy that was never finished; run the same kt7hr copy again, it "
-          "goes on where it was");
-    case SchemaState::Kind::Partial:
-      raiseStatementFailed("the database holds only a part of a company, missing: " +
-                           listed(state.missing) + adviceFor(state));
-  }
+  if (state.kind != SchemaState::Kind::Current) throw UnfitDatabase(state);
 }
 
 void requireCompany(ado::Connection& connection, Maker maker) {
@@ -135,7 +138,7 @@ void requireCompany(ado::Connection& connection, Maker maker) {
   } catch (const Error&) {
     // Most likely there is no such table: the look below tells.
   }
-  const Engine engine = engineOf(data::databaseType(connection));
+  const Engine engine = data::engineOn(connection);
   if (maker == Maker::Any && !readCatalogue(connection, engine).holds("KT7TSchema")) return;
   requireCurrentSchema(connection, engine);
 }

@@ -135,8 +135,8 @@ class Copy {
 
 std::vector<CopiedTable> copyCompany(ado::Connection& source, ado::Connection& target,
                                      CopyListener& listener, std::int64_t rowsOfTransaction) {
-  requireCurrentSchema(source, engineOf(data::databaseType(source)));
-  makeTarget(target, engineOf(data::databaseType(target)));
+  requireCurrentSchema(source, data::engineOn(source));
+  makeTarget(target, data::engineOn(target));
   Copy copy(source, target, listener, rowsOfTransaction);
   copy.copyTables();
   std::vector<CopiedTable> result = copy.compare();

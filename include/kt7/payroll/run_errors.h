@@ -26,6 +26,26 @@ class KT7_API RunStopped : public std::runtime_error {
   std::vector<std::string> reasons_;
 };
 
+/// A shared run pays some of the same employees: wait for its end, or take part in it.
+class KT7_API SharedRunUnderWay : public RunStopped {
+ public:
+  /// `atWork`: the process that works on it, for people; "" where none is known.
+  SharedRunUnderWay(std::string run, std::string atWork)
+      : RunStopped(Cause::Refused, {"a shared run of " + run +
+                                    " is under way: wait for its end, or take part in it" +
+                                    (atWork.empty() ? "" : "; at work is " + atWork)}),
+        run_(std::move(run)),
+        atWork_(std::move(atWork)) {}
+
+  /// Its month and type: "2026-01 M1".
+  const std::string& run() const { return run_; }
+  const std::string& atWork() const { return atWork_; }
+
+ private:
+  std::string run_;
+  std::string atWork_;
+};
+
 /// A listener wanted the run to end. What was told as paid is paid.
 class KT7_API RunInterrupted : public std::runtime_error {
  public:

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include <kt7/engine.h>
 #include <kt7/export.h>
 #include <kt7/value.h>
 
@@ -13,9 +14,7 @@
 /// DataSource, SourcePlatform and SourceDataObj (source_host.h) do the rest.
 namespace kt7::roles {
 
-/// The database behind a source. It decides the words of the statements: "SELECT TOP n", "year()",
-/// the letter case of table names, how a new row's key is asked for.
-enum class Engine { Sqlite, MySql, PostgreSql };
+using kt7::Engine;
 
 /// All rows of one SELECT.
 struct Rows {
@@ -42,6 +41,7 @@ class KT7_API DataSource {
  public:
   virtual ~DataSource() = default;
 
+  /// Sqlite, MySql or PostgreSql: a source of another engine is refused when it is opened.
   virtual Engine engine() const = 0;
   /// All rows of one statement that answers rows.
   virtual Rows query(const std::string& sql) = 0;
