@@ -5,9 +5,10 @@
 #include <ostream>
 
 #include <kt7/payroll/register_amounts.h>
-#include "base/text.h"
 #include "fronts/common/display_text.h"
-#include "payroll/facts/satang.h"
+#include "fronts/common/money_text.h"
+#include "fronts/common/run_sentences.h"
+#include "host/csv/writer.h"
 
 namespace kt7::cli {
 
@@ -19,117 +20,109 @@ using payroll::Slip;
 struct AmountColumn {
   const char* field;
   const char* header;
-  int width;
+  int wide;
+  int narrow;
+  int dropped;  // from a narrow table
   Currency RegisterAmounts::*amount;
 };
 
-/// The amounts in the order of every form of the register.
+/// The amounts in the order of every form of the register. A narrow table keeps what a payslip is
+/// checked by, in the end what was earned and what is paid out.
 constexpr std::array<AmountColumn, 10> kAmounts{
-    {{"Salary", "Salary", 12, &RegisterAmounts::salary},
-     {"Overtime", "Overtime", 10, &RegisterAmounts::overtime},
-     {"OtherIncome", "Other inc.", 10, &RegisterAmounts::otherIncome},
-     {"Gross", "Gross", 12, &RegisterAmounts::gross},
-     {"SocialSecurity", "Soc. sec.", 10, &RegisterAmounts::socialSecurity},
-     {"FundEmployee", "Fund own", 10, &RegisterAmounts::fundEmployee},
-     {"FundEmployer", "Fund co.", 10, &RegisterAmounts::fundEmployer},
-     {"Tax", "Tax", 10, &RegisterAmounts::tax},
-     {"OtherDeductions", "Other ded.", 10, &RegisterAmounts::otherDeductions},
-     {"Net", "Net", 12, &RegisterAmounts::net}}};
+    {{"Salary", "Salary", 12, 12, 5, &RegisterAmounts::salary},
+     {"Overtime", "Overtime", 10, 10, 4, &RegisterAmounts::overtime},
+     {"OtherIncome", "Other inc.", 10, 10, 3, &RegisterAmounts::otherIncome},
+     {"Gross", "Gross", 12, 12, 12, &RegisterAmounts::gross},
+     {"SocialSecurity", "Soc. sec.", 10, 9, 9, &RegisterAmounts::socialSecurity},
+     {"FundEmployee", "Fund own", 10, 10, 8, &RegisterAmounts::fundEmployee},
+     {"FundEmployer", "Fund co.", 10, 10, 1, &RegisterAmounts::fundEmployer},
+     {"Tax", "Tax", 10, 10, 10, &RegisterAmounts::tax},
+     {"OtherDeductions", "Other ded.", 10, 10, 2, &RegisterAmounts::otherDeductions},
+     {"Net", "Net", 12, 12, 0, &RegisterAmounts::net}}};
 
-constexpr int kCodeWidth = 8;
-constexpr int kNameWidth = 28;
-constexpr int kTypeWidth = 4;
-constexpr int kDateWidth = 10;
-constexpr int kDaysWidth = 6;
+constexpr std::size_t kColumnsBeforeAmounts = 5;
 
-/// "-1234.50"
-std::string twoPlaces(Currency amount) {
-  const std::string four = payroll::toSatang(amount).toText();
-  return four.substr(0, four.size() - 2);
+TableLayout layoutFor(int width) {
+  using enum TableColumn::Side;
+  const bool wide = width == kAnyWidth;
+  constexpr int kName = 28;
+  constexpr int kLeastName = 14;
+  TableLayout layout{
+      .columns = {{.header = "Employee", .width = 8},
+                  {.header = "Name", .width = kName, .least = wide ? kName : kLeastName},
+                  {.header = "Type", .width = 4, .dropped = 7},
+                  {.header = wide ? "Pay date" : "Date", .width = wide ? 10 : 5, .dropped = 11},
+                  {.header = "Days", .side = Right, .width = wide ? 6 : 5, .dropped = 6}},
+      .width = width};
+  for (const AmountColumn& each : kAmounts) {
+    layout.columns.push_back({.header = each.header,
+                              .side = Right,
+                              .width = wide ? each.wide : each.narrow,
+                              .dropped = each.dropped});
+  }
+  return layout;
 }
 
-std::string twoPlaces(double number) { return twoPlaces(Currency::fromDouble(number)); }
+std::string daysText(double days) { return satangText(Currency::fromDouble(days)); }
 
-/// "-1,234.50"
-std::string grouped(Currency amount) {
-  std::string text = twoPlaces(amount);
-  const std::size_t first = text.front() == '-' ? 1 : 0;
-  for (std::size_t at = text.find('.'); at > first + 3;) text.insert(at -= 3, 1, ',');
-  return text;
-}
-
-std::string right(const std::string& text, int width) {
-  const int blanks = width - static_cast<int>(text.size());
-  return " " + std::string(static_cast<std::size_t>(std::max(blanks, 0)), ' ') + text;
-}
-
-/// Codes are shown whole, whatever their length.
-std::string left(const std::string& code, int width) {
-  const std::string text = screens::oneLine(code);
-  return screens::displayWidth(text) > width ? text : screens::fitted(text, width);
+void appendAmounts(std::vector<std::string>& cells, const RegisterAmounts& amounts,
+                   std::string (*text)(Currency)) {
+  for (const AmountColumn& column : kAmounts) cells.push_back(text(amounts.*column.amount));
 }
 
 class TableRegister : public RegisterWriter {
  public:
-  TableRegister(std::ostream& out, std::string month) : out_(out), month_(std::move(month)) {}
+  TableRegister(std::ostream& out, std::string month, RegisterForm form)
+      : out_(out),
+        month_(std::move(month)),
+        form_(std::move(form)),
+        table_(out, layoutFor(form_.width)) {}
 
  protected:
   void writeHead() override {
     out_ << "Pay register " << month_ << "\n\n";
-    std::string line = left("Employee", kCodeWidth) + " " + left("Name", kNameWidth) + " " +
-                       left("Type", kTypeWidth) + " " + left("Pay date", kDateWidth) +
-                       right("Days", kDaysWidth);
-    for (const AmountColumn& column : kAmounts) line += right(column.header, column.width);
-    ruleLength_ = line.size();
-    out_ << line << '\n';
-    writeRule();
+    table_.writeHead();
+    table_.writeRule();
   }
 
   void writeSlip(const Slip& slip, const RegisterAmounts& amounts) override {
-    out_ << left(slip.employee, kCodeWidth) << ' '
-         << screens::fitted(screens::oneLine(slip.fullName), kNameWidth) << ' '
-         << left(slip.type, kTypeWidth) << ' ' << slip.payDate.isoDateText()
-         << right(twoPlaces(slip.payDays), kDaysWidth);
-    writeAmounts(amounts);
+    // The title has the year.
+    const std::size_t from = form_.width == kAnyWidth ? 0 : std::string_view("2026-").size();
+    std::vector<std::string> cells{slip.employee, slip.fullName, slip.type,
+                                   slip.payDate.isoDateText().substr(from), daysText(slip.payDays)};
+    appendAmounts(cells, amounts, groupedText);
+    table_.writeRow(cells);
   }
 
   void writeFoot(const Totals& totalsByType) override {
     RegisterTotal all;
-    writeRule();
+    table_.writeRule();
     for (const auto& [type, total] : totalsByType) {
       writeTotal("Total " + type, total);
       all.slips += total.slips;
       all.amounts += total.amounts;
     }
-    writeRule();
+    table_.writeRule();
     writeTotal("Total", all);
+    table_.writeNotShown(form_.seeTheRest);
   }
 
   void writeBreak(const std::string& cause) override {
-    writeRule();
+    table_.writeRule();
     out_ << "Not complete: " << screens::oneLine(cause) << '\n';
   }
 
  private:
   void writeTotal(const std::string& label, const RegisterTotal& total) {
-    constexpr int kWidth = kCodeWidth + kNameWidth + kTypeWidth + kDateWidth + 3;
-    const std::string slips = std::to_string(total.slips) + (total.slips == 1 ? " slip" : " slips");
-    out_ << left(label + ", " + slips, kWidth) << right("", kDaysWidth);
-    writeAmounts(total.amounts);
+    std::vector<std::string> cells;
+    appendAmounts(cells, total.amounts, groupedText);
+    table_.writeRow(label + ", " + counted(total.slips, "slip"), kColumnsBeforeAmounts, cells);
   }
-
-  void writeAmounts(const RegisterAmounts& amounts) {
-    for (const AmountColumn& column : kAmounts) {
-      out_ << right(grouped(amounts.*column.amount), column.width);
-    }
-    out_ << '\n';
-  }
-
-  void writeRule() { out_ << std::string(ruleLength_, '-') << '\n'; }
 
   std::ostream& out_;
   std::string month_;
-  std::size_t ruleLength_ = 0;
+  RegisterForm form_;
+  TableWriter table_;
 };
 
 class CsvRegister : public RegisterWriter {
@@ -138,16 +131,16 @@ class CsvRegister : public RegisterWriter {
 
  protected:
   void writeHead() override {
-    out_ << "EmployeeCode,EmployeeType,PayDate,PayDays";
-    for (const AmountColumn& column : kAmounts) out_ << ',' << column.field;
-    out_ << '\n';
+    std::vector<std::string> fields{"EmployeeCode", "EmployeeType", "PayDate", "PayDays"};
+    for (const AmountColumn& column : kAmounts) fields.emplace_back(column.field);
+    csv::writeRow(out_, fields);
   }
 
   void writeSlip(const Slip& slip, const RegisterAmounts& amounts) override {
-    out_ << quoted(slip.employee) << ',' << quoted(slip.type) << ',' << slip.payDate.isoDateText()
-         << ',' << twoPlaces(slip.payDays);
-    for (const AmountColumn& column : kAmounts) out_ << ',' << twoPlaces(amounts.*column.amount);
-    out_ << '\n';
+    std::vector<std::string> cells{code(slip.employee), code(slip.type), slip.payDate.isoDateText(),
+                                   daysText(slip.payDays)};
+    appendAmounts(cells, amounts, satangText);
+    csv::writeRow(out_, cells);
   }
 
   void writeFoot(const Totals&) override {}
@@ -155,10 +148,8 @@ class CsvRegister : public RegisterWriter {
   void writeBreak(const std::string&) override {}
 
  private:
-  std::string quoted(const std::string& code) const {
-    std::string text = forTerminal_ ? screens::oneLine(code) : code;
-    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
-    return '"' + replaceAll(text, "\"", "\"\"") + '"';
+  std::string code(const std::string& text) const {
+    return forTerminal_ ? screens::oneLine(text) : text;
   }
 
   std::ostream& out_;
@@ -176,9 +167,9 @@ class JsonRegister : public RegisterWriter {
   void writeSlip(const Slip& slip, const RegisterAmounts& amounts) override {
     out_ << (first_ ? "\n" : ",\n") << R"(  {"EmployeeCode":)" << quoted(slip.employee)
          << R"(,"EmployeeType":)" << quoted(slip.type) << R"(,"PayDate":)"
-         << quoted(slip.payDate.isoDateText()) << R"(,"PayDays":)" << twoPlaces(slip.payDays);
+         << quoted(slip.payDate.isoDateText()) << R"(,"PayDays":)" << daysText(slip.payDays);
     for (const AmountColumn& column : kAmounts) {
-      out_ << ",\"" << column.field << "\":" << twoPlaces(amounts.*column.amount);
+      out_ << ",\"" << column.field << "\":" << satangText(amounts.*column.amount);
     }
     out_ << '}';
     first_ = false;
@@ -228,10 +219,10 @@ void RegisterWriter::breakOff(const std::string& cause) {
 }
 
 std::unique_ptr<RegisterWriter> registerWriter(const std::string& format, std::ostream& out,
-                                               const std::string& month, bool forTerminal) {
-  if (format == "csv") return std::make_unique<CsvRegister>(out, forTerminal);
+                                               const std::string& month, const RegisterForm& form) {
+  if (format == "csv") return std::make_unique<CsvRegister>(out, form.forTerminal);
   if (format == "json") return std::make_unique<JsonRegister>(out);
-  return std::make_unique<TableRegister>(out, month);
+  return std::make_unique<TableRegister>(out, month, form);
 }
 
 }  // namespace kt7::cli

@@ -7,6 +7,7 @@
 
 #include <kt7/payroll/register_amounts.h>
 #include <kt7/payroll/slip.h>
+#include "fronts/common/table_writer.h"
 
 namespace kt7::cli {
 
@@ -45,9 +46,21 @@ class RegisterWriter {
   Totals totals_;
 };
 
-/// "table": for people, with totals by type; "csv" and "json": one record a slip. Codes are data
-/// and stay as they are in a CSV file, but what a terminal would obey becomes a blank on one.
+/// What the form of a register depends on beside its name.
+struct RegisterForm {
+  /// Cells of a table's line. A narrow one goes without columns and dates without their year;
+  /// kAnyWidth shows all there is.
+  int width = kAnyWidth;
+  /// How to see the columns that a narrow table goes without: "--wide shows them".
+  std::string seeTheRest = {};
+  /// Codes are data and stay as they are in a CSV file, but what a terminal would obey becomes a
+  /// blank on one.
+  bool forTerminal = false;
+};
+
+/// "table": for people, with totals by type; "csv" and "json": one record a slip.
 std::unique_ptr<RegisterWriter> registerWriter(const std::string& format, std::ostream& out,
-                                               const std::string& month, bool forTerminal = false);
+                                               const std::string& month,
+                                               const RegisterForm& form = {});
 
 }  // namespace kt7::cli

@@ -52,19 +52,75 @@ TEST_F(PayrollCommand, RegisterIsOneRecordASlip) {
   EXPECT_EQ(nobody.exitCode, kDone);
 }
 
-TEST_F(PayrollCommand, TableIsAlignedAndAddsUp) {
-  const Outcome table = payroll({"--month", "2026-01"});
-  std::istringstream lines(table.out);
-  std::string title, line;
-  std::getline(lines, title);
-  std::getline(lines, line);
-  std::getline(lines, line);
-  const int width = screens::displayWidth(line);
-  while (std::getline(lines, line)) EXPECT_EQ(screens::displayWidth(line), width) << line;
-  for (const char* total : {"Total D2, 13 slips", "Total M1, 16 slips", "Total, 63 slips"}) {
-    EXPECT_NE(table.out.find(total), std::string::npos) << total;
+TEST_F(PayrollCommand, TableFitsTheLineUnlessItIsToBeWide) {
+  const std::string narrow = payroll({"--month", "2026-01"}).out;
+  const std::string wide = payroll({"--month", "2026-01", "--wide"}).out;
+  EXPECT_NE(narrow.find("\n" + std::string(100, '-') + "\n"), std::string::npos) << narrow;
+  EXPECT_TRUE(narrow.ends_with("Other ded. (--wide or --format csv shows them)\n")) << narrow;
+  EXPECT_NE(wide.find("\n" + std::string(176, '-') + "\n"), std::string::npos) << wide;
+  for (const char* total : {"Total D2, 13 slips ", "Total M1, 16 slips ", "Total, 63 slips "}) {
+    for (const std::string& table : {narrow, wide}) {
+      EXPECT_NE(table.find(total), std::string::npos) << total;
+      EXPECT_NE(table.find(" 1,674,789.50 "), std::string::npos);
+    }
   }
-  EXPECT_NE(table.out.find("1,674,789.50"), std::string::npos);
+}
+
+TEST(PayrollRegister, KeepsItsColumnsAtEveryWidth) {
+  struct Case {
+    int width;
+    std::vector<const char*> lines;  // of the header, a long code, long amounts, what is not shown
+  };
+  for (const Case& c : std::vector<Case>{
+           {kAnyWidth,
+            {"\nEmployee Name                         Type Pay date     Days       Salary   "
+             "Overtime ",
+             "\nPLANT-2/0004711 นายชื่อที่ยาวพอสมควร      M1   2026-01-31  31.00        -5.00 ",
+             "\nTotal M1, 3 slips                                          123,471,784.01       "
+             "0.00 "}},
+           {100,
+            {"\nEmployee Name             Type Date   Days        Gross Soc. sec.   Fund own       "
+             " Tax "
+             "         Net\n",
+             "\nPLANT-2/0004711 นายชื่อที่ยา… M1   01-31 31.00        -5.00      0.00       0.00 ",
+             "\nTotal M1, 3 slips                        123,471,784.01      0.00       0.00     "
+             "0.00 "
+             "123,471,784.01\n",
+             "\nNot shown: Salary, Overtime, Other inc., Fund co., Other ded. (how)\n"}},
+           {80,
+            {"\nEmployee Name               Date         Gross Soc. sec.        Tax          Net\n",
+             "\nPLANT-2/0004711 นายชื่อที่ยาวพ… 01-31        -5.00      0.00       0.00        -5.00\n",
+             "\nE2       ก                01-31 123,456,789.01      0.00     0.00 123,456,789.01\n",
+             "\nNot shown: Type, Days, Salary, Overtime, Other inc., Fund own, Fund co., "
+             "Other\nded. "}},
+           {60,
+            {"\nEmployee Name                Date         Gross          Net\n",
+             "\nPLANT-2/0004711 นายชื่อที่ยาวพอ… 01-31        -5.00        -5.00\n",
+             "\nE2       ก               01-31 123,456,789.01 123,456,789.01\n",
+             "Soc.\nsec., "}}}) {
+    std::ostringstream out;
+    const auto writer =
+        registerWriter("table", out, "2026-01", {.width = c.width, .seeTheRest = "how"});
+    for (const auto& [code, name, baht] :
+         {std::tuple{"E0001", "นางสาวน้ำทิพย์ ตั้งใจทำงานเสมอ", "15000"},
+          {"PLANT-2/0004711", "นายชื่อที่ยาวพอสมควร", "-5"},
+          {"E2", "ก\n", "123456789.005"}}) {
+      payroll::Slip slip{.employee = code, .fullName = name, .type = "M1"};
+      slip.payDate = Date::fromYmd(2026, 1, 31);
+      slip.payDays = 31;
+      slip.add(payroll::kind::kSalary, payroll::Counts::Income, Currency::fromText(baht));
+      writer->add(slip);
+    }
+    writer->finish();
+    const std::string table = out.str();
+    for (const char* line : c.lines)
+      EXPECT_NE(table.find(line), std::string::npos) << line << table;
+    std::istringstream lines(table.substr(table.find("\nEmployee") + 1));
+    const int width = c.width == kAnyWidth ? 176 : c.width;
+    for (std::string line; std::getline(lines, line) && !line.starts_with("Not shown");) {
+      EXPECT_EQ(screens::displayWidth(line), width) << line;
+    }
+  }
 }
 
 TEST_F(PayrollCommand, FrozenSlipsStayInTheRegister) {

@@ -1,12 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <iomanip>
 #include <iostream>
 
 #include <kt7/error.h>
 #include "command.h"
 #include "fronts/cli/line/open_company.h"
 #include "fronts/cli/line/progress_bar.h"
+#include "fronts/common/table_writer.h"
 #include "host/data/contract/database.h"
 #include "host/data/session/connection_string.h"
 #include "host/schema/engine/engine_checks.h"
@@ -42,22 +42,25 @@ std::string shortSum(const schema::TableSum& sum) {
   return sum.sha256.substr(0, kShown);
 }
 
-void print(const std::vector<schema::CopiedTable>& tables, std::ostream& out) {
-  constexpr int kNameWidth = 22;
-  constexpr int kRowsWidth = 10;
-  constexpr int kSumWidth = 18;
-  const auto line = [&](const std::string& name, const auto& rows, const auto& targetRows,
-                        const std::string& sum, const std::string& targetSum,
-                        const std::string& verdict) {
-    out << std::left << std::setw(kNameWidth) << name << std::right << std::setw(kRowsWidth) << rows
-        << std::setw(kRowsWidth) << targetRows << "  " << std::left << std::setw(kSumWidth) << sum
-        << std::setw(kSumWidth) << targetSum << verdict << "\n";
-  };
-  line("Table", "Rows", "Copied", "Checksum", "of the copy", "");
+void print(const std::vector<schema::CopiedTable>& tables, Console& console) {
+  using enum TableColumn::Side;
+  std::vector<std::vector<std::string>> rows;
   for (const schema::CopiedTable& table : tables) {
-    line(table.table->name, table.source.rows, table.target.rows, shortSum(table.source),
-         shortSum(table.target), table.same() ? "same" : "DIFFERS");
+    rows.push_back({table.table->name, std::to_string(table.source.rows),
+                    std::to_string(table.target.rows), shortSum(table.source),
+                    shortSum(table.target), table.same() ? "same" : "DIFFERS"});
   }
+  std::vector<TableColumn> columns{{.header = "Table", .width = 22},
+                                   {.header = "Rows", .side = Right, .width = 8},
+                                   {.header = "Copied", .side = Right, .width = 8},
+                                   {.header = "Checksum", .dropped = 2},
+                                   {.header = "of the copy", .dropped = 1},
+                                   {}};
+  widen(columns, rows);
+  TableWriter table(console.out, {.columns = columns, .width = console.width, .gap = 2});
+  table.writeHead();
+  for (const std::vector<std::string>& row : rows) table.writeRow(row);
+  table.writeNotShown("a wider terminal shows them");
 }
 
 std::vector<schema::CopiedTable> copied(const std::string& from, const std::string& to,
@@ -80,7 +83,7 @@ int copy(const CopyCommandOptions& given, Console& console) {
   const std::string from = connectionStringOf(given.from, "--from");
   const std::string to = connectionStringOf(given.to, "--to");
   const std::vector<schema::CopiedTable> tables = copied(from, to, console);
-  print(tables, console.out);
+  print(tables, console);
   const std::string shown = data::shownConnectionString(given.to);
   if (!std::ranges::all_of(tables, &schema::CopiedTable::same)) {
     say(console,

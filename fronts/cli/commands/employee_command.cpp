@@ -7,6 +7,7 @@
 #include "fronts/cli/line/code_argument.h"
 #include "fronts/cli/pages/employee_sheet.h"
 #include "fronts/common/display_text.h"
+#include "fronts/common/table_writer.h"
 #include "host/records/employee_renaming.h"
 #include "host/schema/state/schema.h"
 
@@ -56,25 +57,25 @@ int showOne(const EmployeeOptions& given, Console& console) {
   if (given.format == "json") {
     console.out << jsonText(sheet, console.outIsTerminal) << '\n';
   } else {
-    console.out << employeeSheetText(sheet);
+    writeEmployeeSheet(sheet, console.out, console.width);
   }
   return kDone;
 }
 
-/// Every place and its rows, as wide as the longest name; answers the rows of all.
+/// Every place and its rows; answers the rows of all.
 std::int64_t showCounts(const std::vector<CodeRows>& counts, const std::string& code,
                         Console& console) {
-  constexpr int kTableWidth = 24;
-  constexpr int kColumnWidth = 16;
   console.out << "Rows that hold the code " << screens::oneLine(code) << ":\n";
+  TableWriter table(
+      console.out,
+      {.columns = {{.width = 23}, {.width = 15}, {}}, .width = console.width, .indent = 2});
   std::int64_t all = 0;
   for (const CodeRows& each : counts) {
     all += each.rows;
-    const std::string rows = std::to_string(each.rows);
-    console.out << "  " << screens::fitted(each.place.table, kTableWidth)
-                << screens::fitted(each.place.column, kColumnWidth) << rows << "\n";
+    table.writeRow({each.place.table, each.place.column, std::to_string(each.rows)});
   }
-  console.out << "  " << screens::fitted("in all", kTableWidth + kColumnWidth) << all << std::endl;
+  table.writeRow("in all", 2, {std::to_string(all)});
+  console.out.flush();
   return all;
 }
 

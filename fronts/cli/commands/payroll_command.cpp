@@ -21,6 +21,7 @@
 #include "fronts/cli/line/signals.h"
 #include "fronts/common/payroll_input.h"
 #include "fronts/common/payroll_register.h"
+#include "fronts/common/run_sentences.h"
 #include "host/data/contract/database.h"
 #include "payroll/retry/failure.h"
 
@@ -37,6 +38,7 @@ struct PayrollOptions {
   std::optional<std::string> type;
   std::optional<std::string> input;
   std::string format = "table";
+  bool wide = false;
   int jobs = 1;
   bool share = false;
   int leaseSeconds = payroll::Sharing().leaseSeconds;
@@ -61,7 +63,7 @@ class RunView : public payroll::RunListener {
     say(console_, text);
   }
   void failed(const std::string& employee, Date payDate, const std::string& cause) override {
-    note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
+    note(notPaid(employee, payDate, cause));
   }
   bool wantsToStop() const override { return StopRequest::signal() != 0; }
   bool wantsProgress() const override { return console_.errIsTerminal; }
@@ -174,10 +176,6 @@ std::string processName() {
   return std::string(machine.data()) + " " + std::to_string(getpid());
 }
 
-std::string counted(int count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 /// What the run met and went on from; nothing where it met nothing.
 void sayDisturbances(const payroll::RunOutcome& outcome, Console& console) {
   if (outcome.conflicts + outcome.losses + outcome.retries == 0) return;
@@ -214,8 +212,10 @@ int payMonth(const PayrollOptions& given, Console& console) {
   const payroll::Month month = monthOf(given);
   const Date now = clockOf(given, month);
   const payroll::RunRequest request = requestOf(given, month);
-  const auto slips =
-      registerWriter(given.format, console.out, request.month.text(), console.outIsTerminal);
+  const auto slips = registerWriter(given.format, console.out, request.month.text(),
+                                    {.width = given.wide ? kAnyWidth : console.width,
+                                     .seeTheRest = "--wide or --format csv shows them",
+                                     .forTerminal = console.outIsTerminal});
   openCompany(given.database.connectionString());
   // A reader who has seen enough must not end the run in its middle.
   std::signal(SIGPIPE, SIG_IGN);
@@ -266,6 +266,8 @@ void addPayroll(CLI::App& app, CommandLine& line) {
       ->check(CLI::IsMember({"table", "csv", "json"}))
       ->type_name("FORMAT")
       ->capture_default_str();
+  command.add_flag("--wide", given->wide,
+                   "Every column of the table, however long its lines become");
   command
       .add_option("--jobs", given->jobs,
                   "How many workers pay at a time; the register is the same for any number")

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <kt7/host/platform.h>
+#include "fronts/common/table_writer.h"
 
 namespace kt7::cli {
 
@@ -27,6 +28,8 @@ struct Console {
   bool outIsTerminal = false;
   bool errIsTerminal = false;
   bool inIsTerminal = false;
+  /// Cells of a line of tables; a common one where no terminal tells.
+  int width = kUnknownWidth;
   /// What lets the person at the terminal pick records and shows messages; empty without one.
   host::Picker picker = {};
   host::HostPlatform::MessageView messageView = {};

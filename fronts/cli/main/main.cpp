@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
                             isatty(STDOUT_FILENO) == 1,
                             isatty(STDERR_FILENO) == 1,
                             isatty(STDIN_FILENO) == 1};
+  console.width = kt7::cli::outputWidth().value_or(kt7::cli::kUnknownWidth);
   // A person sits there also where the result goes elsewhere: codes=$(kt7hr call SelectEmployee).
   const bool someoneSees = console.outIsTerminal || console.errIsTerminal;
   if (console.inIsTerminal && someoneSees && kt7::screens::Terminal::isUsable()) {

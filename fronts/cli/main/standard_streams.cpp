@@ -1,6 +1,7 @@
 #include "standard_streams.h"
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -16,6 +17,12 @@ void keepStandardDescriptors() {
     const int opened = open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     if (opened != descriptor) std::abort();
   }
+}
+
+std::optional<int> outputWidth() {
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
+  return size.ws_col;
 }
 
 }  // namespace kt7::cli

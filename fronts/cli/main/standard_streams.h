@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 /// Descriptors 0, 1 and 2 as whoever starts the command left them.
 namespace kt7::cli {
 
@@ -7,5 +9,8 @@ namespace kt7::cli {
 /// fail as they would on a closed one, and no file or database connection that is opened later gets
 /// its number. To be called before anything else opens a file.
 void keepStandardDescriptors();
+
+/// Cells of a line of the terminal that takes the output; none where none does or it does not know.
+std::optional<int> outputWidth();
 
 }  // namespace kt7::cli

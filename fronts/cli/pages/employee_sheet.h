@@ -1,5 +1,6 @@
 #pragma once
 
+#include <iosfwd>
 #include <string>
 
 #include <kt7/contract/platform.h>
@@ -13,7 +14,7 @@ namespace kt7::cli {
 /// holds no quotes.
 Json employeeSheet(Platform& platform, DataObj& dataObj, const std::string& code, Date on);
 
-/// The sheet for people.
-std::string employeeSheetText(const Json& sheet);
+/// The sheet for people, its tables in lines of that many cells.
+void writeEmployeeSheet(const Json& sheet, std::ostream& out, int width);
 
 }  // namespace kt7::cli

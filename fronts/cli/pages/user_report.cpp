@@ -1,5 +1,6 @@
 #include "user_report.h"
 
+#include "base/text.h"
 #include "fronts/common/display_text.h"
 
 namespace kt7::cli {
@@ -11,13 +12,12 @@ using Codes = std::vector<host::NamedCode>;
 /// "M1 (monthly), W4 (weekly)"; "none" for nothing.
 std::string listed(const Codes& codes) {
   if (codes.empty()) return "none";
-  std::string text;
+  std::vector<std::string> texts;
   for (const host::NamedCode& each : codes) {
-    if (!text.empty()) text += ", ";
-    text += screens::oneLine(each.code);
-    if (!each.name.empty()) text += " (" + screens::oneLine(each.name) + ")";
+    const std::string name = each.name.empty() ? "" : " (" + screens::oneLine(each.name) + ")";
+    texts.push_back(screens::oneLine(each.code) + name);
   }
-  return text;
+  return joined(texts, ", ");
 }
 
 std::string seenEmployees(const host::UserView& view) {

@@ -11,9 +11,11 @@
 #include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_request.h>
+#include "base/text.h"
 #include "fronts/com/database2/application.h"
 #include "fronts/common/payroll_input.h"
 #include "fronts/common/payroll_register.h"
+#include "fronts/common/run_sentences.h"
 #include "host/data/contract/database.h"
 #include "host/data/session/connection_string.h"
 #include "host/schema/state/schema.h"
@@ -45,7 +47,7 @@ class RunNotes : public payroll::RunListener {
   void standing(const payroll::Slip& slip) override { slips_.add(slip); }
   void note(const std::string& text) override { run_.notes += text + "\r\n"; }
   void failed(const std::string& employee, Date payDate, const std::string& cause) override {
-    note(employee + " was not paid on " + payDate.isoDateText() + ": " + cause);
+    note(cli::notPaid(employee, payDate, cause));
     ++run_.failed;
   }
 
@@ -54,11 +56,7 @@ class RunNotes : public payroll::RunListener {
   PayrollObject::LastRun& run_;
 };
 
-std::string joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : "\r\n") + line;
-  return text;
-}
+constexpr std::string_view kLineBreak = "\r\n";
 
 }  // namespace
 
@@ -85,7 +83,7 @@ std::int32_t PayrollObject::Import(const std::string& table, const std::string& 
     connection->Close();
     return static_cast<std::int32_t>(result.rows);
   } catch (const schema::ImportError& error) {
-    refuse("nothing was imported from '" + file + "': " + joined(error.problems()));
+    refuse("nothing was imported from '" + file + "': " + joined(error.problems(), kLineBreak));
   }
 }
 
@@ -111,7 +109,7 @@ std::string PayrollObject::Run(const std::string& month, const std::optional<std
     RunNotes listener(*slips, last_);
     payroll::payMonth(platform, dataObj, request, listener);
   } catch (const payroll::RunStopped& stopped) {
-    refuse("nothing was paid: " + joined(stopped.reasons()));
+    refuse("nothing was paid: " + joined(stopped.reasons(), kLineBreak));
   } catch (const std::exception& error) {
     // Who was paid before stays paid.
     slips->breakOff(error.what());
