@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <ranges>
 
 #include "base/text.h"
 #include "fronts/common/display_text.h"
@@ -100,11 +101,11 @@ void TableWriter::makeRoom(std::vector<Place>& places) const {
     last.end = last.begin + displayWidth(last.text);
   }
   int room = last.end;
-  for (auto place = places.rbegin(); place != places.rend(); ++place) {
-    place->end = std::min(place->end, room);
-    const int width = displayWidth(place->text);
-    const int needed = place->least > 0 ? std::min(width, place->least) : width;
-    room = place->end - needed - layout_.gap;
+  for (Place& place : std::views::reverse(places)) {
+    place.end = std::min(place.end, room);
+    const int width = displayWidth(place.text);
+    const int needed = place.least > 0 ? std::min(width, place.least) : width;
+    room = place.end - needed - layout_.gap;
   }
 }
 

@@ -45,6 +45,7 @@ std::string shortSum(const schema::TableSum& sum) {
 void print(const std::vector<schema::CopiedTable>& tables, Console& console) {
   using enum TableColumn::Side;
   std::vector<std::vector<std::string>> rows;
+  rows.reserve(tables.size());
   for (const schema::CopiedTable& table : tables) {
     rows.push_back({table.table->name, std::to_string(table.source.rows),
                     std::to_string(table.target.rows), shortSum(table.source),

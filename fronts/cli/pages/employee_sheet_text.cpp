@@ -46,7 +46,8 @@ void writeProfile(const Json& sheet, std::ostream& out, TableWriter& facts) {
   const Json& profile = sheet["Profile"];
   std::vector<std::string> names;
   for (const char* field : {"Prefix", "FirstName", "MiddleName", "LastName"}) {
-    if (!profile[field].is_null() && profile[field] != "") names.push_back(shown(profile[field]));
+    const std::string name = profile[field].is_null() ? "" : shown(profile[field]);
+    if (!name.empty()) names.push_back(name);
   }
   out << shown(profile["EmployeeCode"]) << "  " << joined(names, " ") << "\n\n";
   facts.writeRow({"Number", shown(profile["EmployeeNo"])});
@@ -129,6 +130,7 @@ void writeBalances(const Json& sheet, std::ostream& out, int width) {
                                                               {"Deductions", "All deductions"},
                                                               {"Net", "Net"}}};
   std::vector<std::vector<std::string>> rows;
+  rows.reserve(kLines.size());
   for (const auto& [field, label] : kLines) rows.push_back({label, amountText(balances[field])});
   std::vector<TableColumn> columns{{.width = kLabelWidth}, {.side = TableColumn::Side::Right}};
   widen(columns, rows);
