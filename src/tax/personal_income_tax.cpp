@@ -22,7 +22,7 @@ void readSocialSecurity(tax::Allowances& allowances, SettingStore& settings, Dat
   const auto setting = [&](const char* key) {
     return settings.GetNumberSetting(key, dataObj.ConnectionString());
   };
-  setting("MoneySale");  // Intended: read and without effect.
+  setting("MoneySale");  // Intended 8: read and without effect.
   allowances.socialSecurityMinPay = setting("STAXMinRate");
   allowances.socialSecurityMaxPay = setting("STAXMaxRate");
   allowances.socialSecurityPercent = setting("STAXSelfRate");
@@ -87,7 +87,7 @@ float HRObject::CalcPTAX4(DataObj& dataObj, Currency iTaxBase, Currency iBonus, 
   const double expenses = tax::expenseAllowance(yearIncome, allowances);
   readSocialSecurity(allowances, settings(), dataObj);
   const double contribution = tax::projectedContribution(income, allowances);
-  Donation = Currency();  // Intended: a donation never reduces the tax.
+  Donation = Currency();  // Intended 11: a donation never reduces the tax.
   const Currency net = tax::netIncome(yearIncome, expenses, contribution,
                                       {CutWaive, Reduce, CutStudySup, Donation}, LastSSO);
 
