@@ -165,7 +165,7 @@ class KT7_API _HRObject {  // NOLINT(bugprone-reserved-identifier): the publishe
   /// the transaction could not even begin. Reads KT7TEmployeeType, writes KT7TEmpSlipPeriod.
   virtual void UpdatePeriodStatus(DataObj& dataObj, bool AutoPeriodOnly) = 0;
   /// 1 when the type's first stored period of the year, as the database delivers it, is number 1 or
-  /// less, or there is none; else 0. Intended: the month plays no part. Reads KT7TEmpSlipPeriod.
+  /// less, or there is none; else 0. Intended 5: the month plays no part. Reads KT7TEmpSlipPeriod.
   virtual int16_t IsFirstPeriodOfMonth(const std::string& TSAPTEmTCode, Date TSAPDate,
                                        DataObj& dataObj) = 0;
   virtual int16_t IsFirstPeriodOfMonthTR(const std::string& TSAPTEmTCode, Date TSAPDate,
@@ -247,7 +247,7 @@ class KT7_API _HRObject {  // NOLINT(bugprone-reserved-identifier): the publishe
 
   // --- Work calendar ----------------------------------------------------------------------------
 
-  /// Intended: true when the branch's weekly pattern marks the weekday "H", that is, a day off.
+  /// Intended 24: true when the branch's weekly pattern marks the weekday "H", that is, a day off.
   /// "" and "HEADOFFICE" stand for the head office. Reads TBraHolidayList of KT7TBranch.
   virtual bool ISWorkDay(Date iDate, DataObj& dataObj, const std::string& Branhcode = "") = 0;
   /// Whether a date is an office holiday of a branch. Reads KT7TEmpHoliday.

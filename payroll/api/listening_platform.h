@@ -7,8 +7,8 @@
 
 namespace kt7::payroll {
 
-/// A host's platform that can keep messages back. Updates that trap their errors tell of them by
-/// nothing but a message.
+/// A host's platform that can hold messages back: an update that traps its errors tells of them by
+/// a message only.
 class ListeningPlatform : public Platform {
  public:
   explicit ListeningPlatform(Platform& host) : host_(host) {}
@@ -29,7 +29,7 @@ class ListeningPlatform : public Platform {
     }
   }
 
-  /// The messages that `work` would show.
+  /// Runs `work` and answers the messages that it would have shown.
   std::vector<std::string> messagesOf(const std::function<void()>& work) {
     std::vector<std::string> messages;
     const Keeping keeping(kept_, messages);

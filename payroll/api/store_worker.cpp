@@ -14,21 +14,22 @@ StoreWorker::StoreWorker(Platform& platform, DataObj& dataObj,
       company_(records_),
       book_(records_, dataObj),
       leases_(records_, dataObj),
-      services_{hr_,
-                dataObj,
-                *utility_,
-                *settings_,
-                company_,
-                book_,
-                leases_,
-                [this] { return std::make_unique<EmployeeObject>(platform_); },
-                [this] { return platform_.now(); },
-                [this](const auto& work) { return platform_.messagesOf(work); },
-                [this](const std::string& text) { platform_.showMessage(text); },
-                [&dataObj] {
-                  dataObj.CloseConnection();
-                  dataObj.OpenConnection();
-                }} {
+      services_{.hr = hr_,
+                .dataObj = dataObj,
+                .utility = *utility_,
+                .settings = *settings_,
+                .company = company_,
+                .book = book_,
+                .leases = leases_,
+                .newProfile = [this] { return std::make_unique<EmployeeObject>(platform_); },
+                .now = [this] { return platform_.now(); },
+                .messagesOf = [this](const auto& work) { return platform_.messagesOf(work); },
+                .showMessage = [this](const std::string& text) { platform_.showMessage(text); },
+                .reconnect =
+                    [&dataObj] {
+                      dataObj.CloseConnection();
+                      dataObj.OpenConnection();
+                    }} {
   if (catchUp) services_.catchUp = [&dataObj, catchUp] { catchUp(dataObj); };
 }
 

@@ -10,7 +10,7 @@
 
 namespace kt7::payroll {
 
-/// The services of a run on a host's platform and data object, which outlive it.
+/// The services of a run on a host's platform and data object, both of which outlive it.
 class StoreWorker : public Worker {
  public:
   StoreWorker(Platform& platform, DataObj& dataObj,
@@ -30,7 +30,7 @@ class StoreWorker : public Worker {
   RunServices services_;
 };
 
-/// The same in a workplace of its own.
+/// The same on a workplace that it owns.
 class WorkplaceWorker : public Worker {
  public:
   explicit WorkplaceWorker(Workplace workplace)

@@ -8,7 +8,7 @@
 
 namespace kt7::payroll {
 
-/// What the pay run knows of an employee. A date that was not entered is empty.
+/// An employee as the pay run reads one. A date that was not entered is empty.
 struct Employee {
   std::string code;
   std::string fullName;
@@ -26,8 +26,8 @@ struct Employee {
   std::optional<Date> fundSignDate;
 
   bool spouseNoIncome = false;
-  int children = 0;                 // all of them
-  int childrenSecondSince2018 = 0;  // those among them with the higher allowance
+  int children = 0;                 // in all
+  int childrenSecondSince2018 = 0;  // those of them with the higher allowance
   int parents = 0;
   Currency lifeInsurance;
   Currency homeInterest;
@@ -35,7 +35,8 @@ struct Employee {
   Currency cutStudySup;
 };
 
-/// The days of a span on which the employee was employed; without a sign date since ever.
+/// The days of a span on which the employee was employed. No sign date: always employed; no
+/// resignation date: still employed.
 DaySpan employedDays(const Employee& employee, const DaySpan& span);
 
 /// Whether the employee gets a slip in that period.

@@ -9,10 +9,10 @@
 
 namespace kt7::payroll {
 
-/// By what an employee type's salary is reckoned.
+/// The unit that a type's salary pays for.
 enum class PayBasis { Monthly, Daily, Hourly };
 
-/// A period's days of the month: when it is paid, and the spans of salary and overtime.
+/// The days of the month of one pay period: pay day, first and last day of salary and overtime.
 struct PeriodDays {
   std::int16_t payDay = 0;
   std::optional<std::int16_t> salaryFrom;
@@ -47,14 +47,14 @@ struct EmployeeType {
 /// Most pay periods of a month that a type can have columns for.
 inline constexpr std::int16_t kMostPeriods = 10;
 
-/// What keeps a type from being paid by, one sentence each; empty for a sound row.
+/// Why the pay run cannot pay by this type, one sentence each; empty if it can.
 std::vector<std::string> problemsOf(const TypeRow& row);
 
 /// The type of a row without problems.
 EmployeeType typeOf(const TypeRow& row);
 
-/// Whether a profile holds the settings of that type. Loading a type traps its errors, so that a
-/// profile may be left with those of another or with none.
+/// Whether a profile holds the settings of that type. SetTypeCode traps its errors and may leave
+/// some of the former settings.
 bool holdsType(const _EmployeeObject& profile, const EmployeeType& type);
 
 }  // namespace kt7::payroll

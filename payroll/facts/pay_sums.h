@@ -4,7 +4,7 @@
 
 namespace kt7::payroll {
 
-/// What slips add up to, as far as tax, social security and fund ask for it.
+/// Totals of slips: the figures that tax, social security and fund are reckoned from.
 struct PaySums {
   Currency income;
   Currency bonus;

@@ -4,7 +4,7 @@
 
 namespace kt7::payroll {
 
-/// A whole number of satang, half away from zero.
+/// Rounded to whole satang, half away from zero.
 Currency toSatang(Currency amount);
 
 }  // namespace kt7::payroll

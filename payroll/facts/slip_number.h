@@ -7,15 +7,15 @@
 
 namespace kt7::payroll {
 
-/// The slips of the run form a group of their own among an employee's slips and balances.
+/// The check group of slips and balances that the pay run writes.
 inline constexpr std::int32_t kCheckGroup = 1;
 
 inline constexpr int kHighestSequence = 9999999;
 
-/// The slip number of a pay date: "20260131-0000001". It does not name the employee, so that it
-/// outlives a change of the employee's code. "" beyond the highest sequence.
+/// "20260131-0000001" for a pay date and sequence; "" beyond the highest sequence. The employee's
+/// code is not part of it, because codes can change.
 std::string slipNumber(Date payDate, int sequence);
-/// The sequence of such a number, 0 for a number of another form.
+/// The sequence in such a number; 0 if the number has another form or pay date.
 int slipSequence(const std::string& number, Date payDate);
 
 }  // namespace kt7::payroll

@@ -6,13 +6,13 @@
 
 namespace kt7::payroll {
 
-/// One pay date of an employee type and the days that it pays for.
+/// One pay date of an employee type, with the days that it pays for.
 struct SlipPeriod {
   std::string type;
   int number = 0;  // within the month, from 1
   Date payDate;
   DaySpan salary;
-  bool frozen = false;    // closed for good: its slips are never touched
+  bool frozen = false;    // closed: its slips never change
   bool hasSlips = false;  // slips of that type and pay date exist
 
   /// "M1 on 2026-01-31"

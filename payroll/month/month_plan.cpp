@@ -72,7 +72,7 @@ bool inPayOrder(const SlipPeriod& a, const SlipPeriod& b) {
          std::tuple(b.payDate.dayNumber(), std::string_view(b.type));
 }
 
-/// The periods that will be paid: planned ones, with the spans that frozen rows keep.
+/// The planned periods; a frozen one keeps the span of its row.
 void setPeriods(MonthPlan& plan, const std::vector<SlipPeriod>& existing) {
   plan.frozen.clear();
   for (const SlipPeriod& row : existing) {
@@ -93,7 +93,7 @@ void setPeriods(MonthPlan& plan, const std::vector<SlipPeriod>& existing) {
   std::sort(plan.periods.begin(), plan.periods.end(), inPayOrder);
 }
 
-/// Employees named by the input, asked in bounded numbers.
+/// The employees that the input names, asked for in groups.
 EmployeesByCode employeesOf(const std::vector<InputRow>& rows, Company& company) {
   constexpr std::size_t kCodesAtOnce = 50;
   std::set<std::string> codes;
@@ -122,7 +122,7 @@ void takeInput(const RunRequest& request, RunServices& services, RunListener& li
   }
 }
 
-/// The generated rows must be those that the checks were made for.
+/// The generated rows must be the periods that were checked.
 void requireGenerated(const MonthPlan& plan, const std::vector<SlipPeriod>& existing) {
   Reasons reasons;
   for (const SlipPeriod& period : plan.periods) {
@@ -159,7 +159,7 @@ bool MonthPlan::isFrozen(const std::string& type, Date payDate) const {
 }
 
 DaySpan neighbourhood(const Month& month) {
-  // A span begins at the earliest with the month before the one that it is paid in.
+  // A span begins no earlier than in the month before its pay date.
   return {month.plus(-1).firstDay(), month.plus(1).lastDay()};
 }
 

@@ -11,30 +11,30 @@
 
 namespace kt7::payroll {
 
-/// What a month's run pays, settled before it pays anybody.
+/// What a run will pay; made and checked before the first slip.
 struct MonthPlan {
   Month month;
   std::string onlyType;             // "" for all
   std::vector<EmployeeType> types;  // that are paid
-  std::vector<SlipPeriod> periods;  // of those types, in the order of pay dates
-  std::vector<SlipPeriod> frozen;   // of all types, those under former pay dates too
+  std::vector<SlipPeriod> periods;  // of those types, in pay-date order
+  std::vector<SlipPeriod> frozen;   // of all types, former pay dates included
   MonthInput input;
 
   const EmployeeType& type(const std::string& code) const;
-  /// Null where the type has no such pay date any more.
+  /// Null if the type no longer has that pay date.
   const SlipPeriod* period(const std::string& type, Date payDate) const;
   bool isFrozen(const std::string& type, Date payDate) const;
 };
 
-/// The pay dates around a month in which a slip may cover days of the month too.
+/// The span of pay dates whose slips can cover days of the month.
 DaySpan neighbourhood(const Month& month);
 
-/// Whether planning brings statuses and slip periods up to date or finds that done.
+/// Whether planMonth still has to update employee statuses and slip periods.
 enum class Preparation { Done, ToDo };
 
-/// Checks clock, types, spans and input, generates the slip periods, and answers what there is to
-/// pay. Counts what had to be repeated of the two updates; everything else may be repeated by the
-/// caller. RunStopped where something is wrong; only statuses and slip periods are written.
+/// Checks clock, types, spans and input, updates statuses and slip periods, and answers the plan.
+/// Writes nothing else. Repeats and counts failures of the two updates only; the caller may repeat
+/// the call. RunStopped if a check fails.
 MonthPlan planMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                     RunOutcome& outcome, Preparation preparation = Preparation::ToDo);
 

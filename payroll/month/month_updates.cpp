@@ -10,9 +10,9 @@ namespace kt7::payroll {
 
 namespace {
 
-/// The updates trap their errors, those of a lost connection too, and tell of them by nothing but a
-/// message. They are repeated once the database answers; the message is shown where that was in
-/// vain.
+/// Whether the update succeeded. The updates trap their errors, a lost connection too, and report
+/// them by a message only. They are repeated once the database answers; the message is shown if
+/// the last attempt fails.
 bool isDone(const std::function<void()>& update, RunServices& services, RunOutcome& outcome) {
   constexpr int kTries = 3;
   for (int tries = 1;; ++tries) {
@@ -27,7 +27,7 @@ bool isDone(const std::function<void()>& update, RunServices& services, RunOutco
       if (tries == kTries) throw;
     }
     ++outcome.retries;
-    Recovery(services, outcome).doing([&] { services.company.types(); });
+    Recovery(services, outcome).retryOnLoss([&] { services.company.types(); });
   }
 }
 

@@ -6,11 +6,11 @@
 
 namespace kt7::payroll {
 
-/// Nobody's pay depends on a status: what keeps them from being brought up to date is told, and the
-/// month is paid all the same. Counts what had to be repeated.
+/// Updates the employee statuses. A failure is a note only, because no pay depends on a status.
+/// Counts retries in the outcome.
 void updateStatuses(RunServices& services, RunListener& listener, RunOutcome& outcome);
 
-/// RunStopped where they cannot be generated.
+/// Generates the slip periods of the month. RunStopped if that fails; counts retries.
 void generatePeriods(const Month& month, RunServices& services, RunOutcome& outcome);
 
 }  // namespace kt7::payroll

@@ -6,7 +6,7 @@
 
 namespace kt7::payroll {
 
-/// Nothing is taken for longer.
+/// The longest lease.
 inline constexpr int kLongestLease = 3600;  // seconds
 
 inline Date secondsAfter(Date moment, int seconds) {
@@ -14,22 +14,22 @@ inline Date secondsAfter(Date moment, int seconds) {
   return Date::fromSerial(moment.serial() + seconds / kSecondsPerDay);
 }
 
-/// The moments up to which something may be taken at `now`. What is taken until a later one was
-/// taken while the server's clock was wrong, and counts as over: it would last for years.
+/// A lease that ends at this moment or later was taken while the server's clock was wrong. It
+/// counts as over; otherwise it could block a run for years.
 inline Date latestUntil(Date now) { return secondsAfter(now, kLongestLease + 1); }
 
-/// Whether what was taken until then is still somebody's.
+/// Whether a lease that ends at `until` still holds.
 inline bool isHeld(Date until, Date now) { return now < until && until < latestUntil(now); }
 
-/// For how long a worker takes what it takes.
+/// How long a lease lasts.
 class LeaseLength {
  public:
   explicit LeaseLength(int seconds) : seconds_(seconds) {}
 
   int seconds() const { return seconds_; }
   Date from(Date moment) const { return secondsAfter(moment, seconds_); }
-  /// What was taken was lost before the work was done. The next time is twice as long, so that a
-  /// lease that is shorter than the work does not keep workers from ever getting on.
+  /// Call after losing a lease: the next one lasts twice as long, so that a lease shorter than the
+  /// work cannot stop the run for good.
   void wasTooShort() { seconds_ = std::max(seconds_, std::min(2 * seconds_, kLongestLease)); }
 
  private:

@@ -7,12 +7,14 @@
 
 namespace kt7::payroll {
 
-/// The employees of one page are asked, reckoned and written together.
+/// Employees of a page, which are read, paid and written together.
 inline constexpr int kEmployeesAtOnce = 50;
 
-/// Some employees of a slip period, in code order; of a frozen one the slips that stand instead.
+/// Some employees of a slip period, in code order; for a frozen period its slips instead.
 struct Page {
-  std::size_t index = 0;  // within the run
+  std::size_t index = 0;  // of the page among those of the run; 0 in a shared run
+  std::size_t employeesBefore =
+      0;  // those of the part on earlier pages; 0 in a run that is not shared
   const SlipPeriod* period = nullptr;
   std::vector<Employee> employees;
   std::vector<Slip> standing = {};

@@ -17,7 +17,7 @@
 
 namespace kt7::payroll {
 
-/// What the run works with. Everything outlives it.
+/// What a run works with. All of it outlives the run.
 struct RunServices {
   _HRObject& hr;
   DataObj& dataObj;
@@ -28,24 +28,24 @@ struct RunServices {
   RunLeases& leases;
   std::function<std::unique_ptr<_EmployeeObject>()> newProfile;
   std::function<Date()> now;
-  /// The messages of `work` to the user, which are kept back.
+  /// Runs `work` and answers the messages that it would have shown.
   std::function<std::vector<std::string>(const std::function<void()>& work)> messagesOf;
   std::function<void(const std::string& text)> showMessage;
-  /// Takes another connection in place of one that was lost.
+  /// Replaces a lost connection by a new one.
   std::function<void()> reconnect;
-  /// From here on the connection sees what was kept anywhere in a cluster before; nothing where a
-  /// single server answers.
+  /// Waits until the connection's node has applied what other nodes of a cluster committed; nothing
+  /// on a single server.
   std::function<void()> catchUp = [] {};
 };
 
-/// One worker's services with the connections behind them, used by one thread at a time.
+/// The services of one worker, with their connections; used by one thread at a time.
 class Worker {
  public:
   virtual ~Worker() = default;
   virtual RunServices& services() = 0;
 };
 
-/// The data object's connection, open as long as this lives.
+/// Keeps the data object's connection open for as long as it lives.
 class OpenData {
  public:
   explicit OpenData(DataObj& dataObj) : dataObj_(dataObj) { dataObj_.OpenConnection(); }

@@ -6,29 +6,28 @@
 
 namespace kt7::payroll {
 
-/// Raised where a slip's employee does not stand under the code and the type any more that the run
-/// has read: somebody changed them meanwhile. Nothing of the unit may be kept.
+/// Raised when an employee's code or type has changed since the run read it. The transaction must
+/// roll back.
 class EmployeeChanged : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Slips written as one unit: what happens between begin and commit holds altogether or, after a
-/// rollback, not at all. One unit may take any number of employees.
+/// Writes slips in transactions, each of any number of employees.
 class SlipBook {
  public:
   virtual ~SlipBook() = default;
 
   virtual void begin() = 0;
-  /// Writes the slip with its items over what stands under its number. Nobody changes the
-  /// employee's code or type until the unit ends. EmployeeChanged.
+  /// Writes the slip and its items, replacing those of its number. Locks the employee's code and
+  /// type until the transaction ends. EmployeeChanged.
   virtual void save(const Slip& slip) = 0;
-  /// Takes away the slip, its items and its balance. EmployeeChanged.
+  /// Deletes the slip, its items and its balance. EmployeeChanged.
   virtual void remove(const KnownSlip& slip) = 0;
-  /// Whether this slip stands under its number with its items and its balance.
+  /// Whether the database holds exactly this slip, with its items and its balance.
   virtual bool stands(const Slip& slip) = 0;
   virtual void commit() = 0;
-  /// Never raises: the error that made it necessary is the one to tell.
+  /// Never raises: the error to report is the one that led here.
   virtual void rollback() noexcept = 0;
 };
 

@@ -22,7 +22,7 @@ void Report::tellTo(RunListener& listener) const {
 
 void Report::countFailed(const std::string& employee, Date payDate, const std::string& cause) {
   ++outcome.failed;
-  // The operations' statements carry the code as it stands.
+  // The operations put the code into their statements as it is.
   const bool quote = employee.find('\'') != std::string::npos;
   failed(employee, payDate,
          quote ? cause + "; the code holds a quote: give the employee another one" : cause);

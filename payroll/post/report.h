@@ -8,10 +8,11 @@
 
 namespace kt7::payroll {
 
-/// Employees who were not paid, with the day number of the pay date.
+/// Employees who were not paid: code, and day number of the pay date.
 using UnpaidSlips = std::set<std::pair<std::string, std::int32_t>>;
 
-/// What is to be told of a part of the run, kept until its turn comes.
+/// A listener that records what a worker did, to pass it on to the run's listener later: reports
+/// are told in order and in the caller's thread.
 class Report : public RunListener {
  public:
   void paid(const Slip& slip) override { told_.emplace_back(slip); }
@@ -21,17 +22,17 @@ class Report : public RunListener {
     told_.emplace_back(Unpaid{employee, payDate, cause});
   }
 
-  /// As failed, and counts it.
+  /// As `failed`, and counts it in the outcome.
   void countFailed(const std::string& employee, Date payDate, const std::string& cause);
-  /// Tells what `other` tells after its own, and counts both.
+  /// Adds the records and counts of `other`.
   void append(const Report& other);
   void addUnpaidTo(UnpaidSlips& unpaid) const;
-  /// Passes all of it on, in the order in which it came.
+  /// Passes the records on, in their order.
   void tellTo(RunListener& listener) const;
 
   RunOutcome outcome;
-  int employees = 0;    // that were looked at
-  bool ofPage = false;  // of one that was handed out
+  int employees = 0;    // handled, paid or not
+  bool ofPage = false;  // of a page, not of a note between pages
 
  private:
   struct Standing {

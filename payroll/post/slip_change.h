@@ -9,20 +9,20 @@
 
 namespace kt7::payroll {
 
-/// A step of the position history, from that day on.
+/// A row to add to the position history, from that day on.
 struct HistoryChange {
   Employee employee;
   HistoryStep step;
   Date from;
 };
 
-/// What changes for one employee: slips that go, the one that comes, and the position history. All
-/// of it happens or nothing.
+/// What one transaction changes for one employee: slips removed, the slip written, and the position
+/// history.
 struct SlipChange {
   std::optional<Slip> slip;
   std::vector<KnownSlip> removals;
   std::optional<HistoryChange> history = {};
-  bool newNumber = false;  // the slip's, under which nothing stands yet
+  bool newNumber = false;  // the slip is new, so is its number
 };
 
 }  // namespace kt7::payroll

@@ -42,15 +42,15 @@ bool SlipGroupWriter::write(std::vector<SlipChange> changes) {
 }
 
 std::optional<SlipGroupWriter::Problem> SlipGroupWriter::writeTogether(Group group) {
-  Patience patience;
-  bool unknown = false;  // whether an attempt took effect
-  bool taken = false;    // whether a key of it stood already
+  RetryBudget budget;
+  bool unknown = false;  // an attempt may have been committed
+  bool taken = false;    // a slip number was in use already
   for (bool again = false;; again = true) {
     bool begun = false;
     try {
       if (unknown && standsAlready(group)) return std::nullopt;
       unknown = false;
-      if (again && claim_ != nullptr) claim_->keep();
+      if (again && claim_ != nullptr) claim_->heartbeat();
       if (taken) numbers_.replace(group, services_);
       taken = false;
       services_.book.begin();
@@ -63,7 +63,7 @@ std::optional<SlipGroupWriter::Problem> SlipGroupWriter::writeTogether(Group gro
       const Failure failure = failureOf(error);
       unknown = unknown || failure == Failure::OutcomeUnknown;
       taken = taken || failure == Failure::Duplicate;
-      if (!recovery_.triesAgainAfter(failure, patience)) {
+      if (!recovery_.prepareRetry(failure, budget)) {
         if (!begun || unknown || isLoss(failure)) throw;
         return Problem{causeOf(error)};
       }
@@ -82,7 +82,7 @@ bool SlipGroupWriter::standsAlready(Group group) {
                      [this](const SlipChange& change) { return standsAlready(change); });
 }
 
-/// Looks for everything that the unit was to change, as a slip of an earlier run may be the same.
+/// Checks removals and history too: an earlier run may have written an equal slip.
 bool SlipGroupWriter::standsAlready(const SlipChange& change) {
   for (const KnownSlip& gone : change.removals) {
     const auto standing = services_.company.slips({gone.employee}, {gone.payDate, gone.payDate});
@@ -99,8 +99,8 @@ bool SlipGroupWriter::standsAlready(const SlipChange& change) {
 }
 
 void SlipGroupWriter::writeAll(Group group, bool again) {
-  if (claim_ != nullptr) claim_->hold();
-  // Whoever was in the way, or had the employees before, may have written their histories too.
+  if (claim_ != nullptr) claim_->confirmInTransaction();
+  // Another worker may have written the histories since they were read.
   if (again || claim_ != nullptr) readHistoriesNow(group);
   for (const SlipChange& change : group) writeOne(change);
 }
@@ -149,7 +149,8 @@ void SlipGroupWriter::tell(Group group) {
   }
 }
 
-/// Who was changed may have been paid since, and is looked for when the month ends.
+/// A changed employee is only noted: another page may have paid the new code. Who has no slip in
+/// the end is reported with the end of the month.
 void SlipGroupWriter::tellProblem(const SlipChange& change, const Problem& problem) {
   const std::string& cause = problem.cause;
   if (problem.changed) {

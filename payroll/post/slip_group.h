@@ -11,13 +11,13 @@
 
 namespace kt7::payroll {
 
-/// Writes the changes of some tens of employees as one unit, or one by one where that fails, so
-/// that one employee's failure is that employee's alone. A unit that another connection was in the
-/// way of is repeated, with other numbers where somebody took them; one that was lost while it was
-/// being kept is looked for first. The report says what holds, and counts.
+/// Writes the changes of some tens of employees in one transaction or, if that fails, in one
+/// transaction each, so that one employee's failure stops no other. Repeats after a conflict, with
+/// new slip numbers if another run took them. After a connection lost during COMMIT it first looks
+/// whether the changes are there. Reports and counts what was written.
 class SlipGroupWriter {
  public:
-  /// Without a claim nobody else can take the employees over.
+  /// `claim`: null if no other worker can take over the employees.
   SlipGroupWriter(RunServices& services, Attendance& attendance, Recovery& recovery, Report& report,
                   SlipNumbers& numbers, Claim* claim)
       : services_(services),
@@ -27,8 +27,8 @@ class SlipGroupWriter {
         numbers_(numbers),
         claim_(claim) {}
 
-  /// Whether all of it now holds. A unit that cannot even begin is the error of the whole run.
-  /// ClaimLost where the employees were taken over.
+  /// True if every change was written; the others are reported. An Error if no transaction can
+  /// begin, ClaimLost if the employees were taken over.
   bool write(std::vector<SlipChange> changes);
 
  private:
@@ -36,10 +36,10 @@ class SlipGroupWriter {
 
   struct Problem {
     std::string cause;
-    bool changed = false;  // the employee, under whom nobody is to be paid any more
+    bool changed = false;  // the employee's code or type has changed
   };
 
-  /// What went wrong; empty where all of it now holds.
+  /// Empty if every change was written.
   std::optional<Problem> writeTogether(Group group);
   void writeAll(Group group, bool again);
   void writeOne(const SlipChange& change);

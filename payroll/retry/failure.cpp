@@ -94,7 +94,7 @@ void pauseUpTo(milliseconds longest) {
   std::this_thread::sleep_for(milliseconds(length(random)));
 }
 
-bool Patience::waitsAgainAfter(Failure failure) {
+bool RetryBudget::pauseBeforeRetry(Failure failure) {
   constexpr int kDoublings = 6;
   constexpr milliseconds kLongestPause(1000);
   const Tries allowed = triesFor(failure);

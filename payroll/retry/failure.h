@@ -9,40 +9,40 @@ class Error;
 
 namespace kt7::payroll {
 
-/// What a unit of work that failed calls for.
+/// What to do about a transaction that failed.
 enum class Failure {
   Final,           // it would fail again
-  Conflict,        // another connection was in the way; repeating it may succeed
-  Duplicate,       // a row of that key stands already, perhaps written meanwhile
-  Lost,            // the connection was lost and nothing of the unit was kept
-  OutcomeUnknown,  // the connection was lost while the unit was being kept: look before repeating
-  Moved            // the same, and another connection would lead to another database
+  Conflict,        // a conflict with another connection; repeating may succeed
+  Duplicate,       // the key exists already, perhaps since a moment ago
+  Lost,            // the connection was lost, nothing was committed
+  OutcomeUnknown,  // the connection was lost during COMMIT: look first whether it took effect
+  Moved            // the same, and a new connection would reach another database
 };
 
-/// By the SQLSTATE of the error, or by the engine's own code where it tells no SQLSTATE.
+/// By the error's SQLSTATE, or by the engine's own code if it has no SQLSTATE.
 Failure failureOf(const Error& error);
 
-/// Kind and text of an error, for people.
+/// Kind, number and text of an error, for people.
 std::string causeOf(const Error& error);
 
-/// Whether the connection is of no use any more.
+/// Whether the connection is lost.
 inline bool isLoss(Failure failure) {
   return failure == Failure::Lost || failure == Failure::OutcomeUnknown ||
          failure == Failure::Moved;
 }
 
-/// How often and after which pauses work is repeated. The pauses grow and differ, so that those who
-/// met once do not meet again.
-class Patience {
+/// How often one piece of work is repeated. The pauses grow and are random, so that two workers in
+/// conflict do not meet again.
+class RetryBudget {
  public:
-  /// Waits and answers true, or answers false when it has been tried often enough.
-  bool waitsAgainAfter(Failure failure);
+  /// Pauses and answers true; false if no retry is left for such a failure.
+  [[nodiscard]] bool pauseBeforeRetry(Failure failure);
 
  private:
   int tries_ = 0;
 };
 
-/// A random pause of at most that length.
+/// Pauses for a random time of at most `longest`.
 void pauseUpTo(std::chrono::milliseconds longest);
 
 }  // namespace kt7::payroll

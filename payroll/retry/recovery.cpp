@@ -3,22 +3,22 @@
 namespace kt7::payroll {
 
 void Recovery::reconnect() {
-  Patience patience;
+  RetryBudget budget;
   for (;;) {
     try {
       services_.reconnect();
       services_.catchUp();
       return;
     } catch (const Error& error) {
-      if (failureOf(error) == Failure::Final || !patience.waitsAgainAfter(Failure::Lost)) throw;
+      if (failureOf(error) == Failure::Final || !budget.pauseBeforeRetry(Failure::Lost)) throw;
     }
   }
 }
 
-bool Recovery::triesAgainAfter(Failure failure, Patience& patience) {
+bool Recovery::prepareRetry(Failure failure, RetryBudget& budget) {
   if (isLoss(failure)) ++outcome_.losses;
   if (failure == Failure::Conflict || failure == Failure::Duplicate) ++outcome_.conflicts;
-  if (!patience.waitsAgainAfter(failure)) return false;
+  if (!budget.pauseBeforeRetry(failure)) return false;
   ++outcome_.retries;
   if (isLoss(failure)) reconnect();
   return true;

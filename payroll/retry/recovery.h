@@ -7,38 +7,40 @@
 
 namespace kt7::payroll {
 
-/// Takes a worker over lost connections: work that writes nothing is done again on another one.
+/// Repeats work after a lost connection, on a new one, and counts that in the outcome.
 class Recovery {
  public:
   Recovery(RunServices& services, RunOutcome& outcome) : services_(services), outcome_(outcome) {}
 
-  /// What `work` answers. Other errors leave, and a loss that lasts.
+  /// Answers what `work` answers. `work` must not write. Raises other errors, and the loss if no
+  /// retry is left.
   template <typename Work>
-  auto doing(Work work) {
-    return repeated(work, [](Failure failure) { return isLoss(failure); });
+  auto retryOnLoss(Work work) {
+    return retry(work, [](Failure failure) { return isLoss(failure); });
   }
-  /// The same of work that may be done twice: also over conflicts.
+  /// The same, repeating also after a conflict. `work` may write what can be written twice.
   template <typename Work>
-  auto repeating(Work work) {
-    return repeated(
-        work, [](Failure failure) { return isLoss(failure) || failure == Failure::Conflict; });
+  auto retryOnLossOrConflict(Work work) {
+    return retry(work,
+                 [](Failure failure) { return isLoss(failure) || failure == Failure::Conflict; });
   }
 
-  /// Another connection; the error of the last attempt where there is none to be had.
+  /// Replaces the connection; the error of the last attempt if that fails.
   void reconnect();
-  /// Counts the failure, and waits or takes another connection where trying again is worth it.
-  bool triesAgainAfter(Failure failure, Patience& patience);
+  /// Counts the failure, pauses and reconnects if need be; false if the work should not be
+  /// repeated.
+  [[nodiscard]] bool prepareRetry(Failure failure, RetryBudget& budget);
 
  private:
   template <typename Work, typename MayRepeat>
-  auto repeated(Work& work, MayRepeat mayRepeat) {
-    Patience patience;
+  auto retry(Work& work, MayRepeat mayRepeat) {
+    RetryBudget budget;
     for (;;) {
       try {
         return work();
       } catch (const Error& error) {
         const Failure failure = failureOf(error);
-        if (!mayRepeat(failure) || !triesAgainAfter(failure, patience)) throw;
+        if (!mayRepeat(failure) || !prepareRetry(failure, budget)) throw;
       }
     }
   }
@@ -47,11 +49,11 @@ class Recovery {
   RunOutcome& outcome_;
 };
 
-/// What `make` answers, over connections that are lost meanwhile.
+/// Answers what `make` answers, repeated after lost connections, which are not counted.
 template <typename Make>
-auto madeOn(RunServices& services, Make make) {
+auto buildWithRetry(RunServices& services, Make make) {
   RunOutcome uncounted;
-  return Recovery(services, uncounted).doing(make);
+  return Recovery(services, uncounted).retryOnLoss(make);
 }
 
 }  // namespace kt7::payroll

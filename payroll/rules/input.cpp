@@ -17,7 +17,7 @@ namespace kt7::payroll {
 
 namespace {
 
-/// What is wrong with one row.
+/// A row cannot be used; the text says why.
 class BadRow : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -54,7 +54,7 @@ class RowReader {
     for (const SlipPeriod& period : periods) types_.insert(period.type);
   }
 
-  /// Nothing for an employee whose type is not paid by this run.
+  /// None if the run does not pay the employee's type.
   std::optional<InputEntry> read(const InputRow& row) {
     if (!row.problem.empty()) throw BadRow(row.problem);
     const auto employee = employees_.find(row.employee);

@@ -12,7 +12,7 @@
 
 namespace kt7::payroll {
 
-/// What one sound row says.
+/// A row of the input that passed its checks.
 struct InputEntry {
   std::string employee;
   Date payDate;
@@ -33,14 +33,14 @@ class MonthInput {
   std::vector<InputEntry> entries_;
 };
 
-/// The rows read one by one, and what is wrong with them.
+/// The input and the problems of its rows.
 struct CheckedInput {
   MonthInput input;
   std::vector<std::string> problems;  // "input line 7: ..."
   int otherTypes = 0;                 // rows of employees whose type the run does not pay
 };
 
-/// The employees that the rows name, by code; a row of an unknown one is a problem.
+/// The employees that the input names, by code.
 using EmployeesByCode = std::map<std::string, Employee>;
 
 /// Checks every row against the employees and the periods that will be paid. A problem is: an

@@ -11,7 +11,7 @@ DaySpan salarySpan(const PeriodDays& days, const Month& month) {
   return {start.dayAtMost(from), month.dayAtMost(to)};
 }
 
-/// The month's periods as they will stand: a frozen row keeps the span that it has.
+/// The month's periods as they will be: a frozen one keeps the span of its row.
 std::vector<SlipPeriod> periodsToBe(const EmployeeType& type, const Month& month,
                                     const std::vector<SlipPeriod>& existing) {
   std::vector<SlipPeriod> periods = plannedPeriods(type, month);

@@ -9,16 +9,14 @@
 
 namespace kt7::payroll {
 
-/// The periods that a type's days of the month make of a month, in their order: the pay day counts
-/// as the month's last where the month is shorter, a span whose first day does not come before its
-/// last begins in the month before.
+/// The pay periods of a type in a month, in their order. A pay day beyond the month's end is its
+/// last day. A span whose first day of the month is not before its last begins in the month before.
 std::vector<SlipPeriod> plannedPeriods(const EmployeeType& type, const Month& month);
 
-/// Why a type cannot be paid in a month, one sentence each: two periods on one date, or salary
-/// spans that share days with each other, with those of the months beside, with a frozen period or
-/// with a period of another month that has been paid. `existing` are the type's periods of the
-/// database around the month; an open one of the month itself is about to be generated anew and
-/// does not count.
+/// Why a type cannot be paid in a month, one sentence each: two periods on one pay date, or salary
+/// spans that share days with another one of the month, of the month before or after, of a frozen
+/// period, or of a paid period of another month. `existing`: the type's periods in the database
+/// around the month; those of the month that are not frozen are generated anew and do not count.
 std::vector<std::string> clashesOf(const EmployeeType& type, const Month& month,
                                    const std::vector<SlipPeriod>& existing);
 

@@ -9,7 +9,7 @@
 
 namespace kt7::payroll {
 
-/// What the month's input says about the time of one slip.
+/// Days, hours and absence that the input gives for one slip.
 struct GivenTime {
   std::optional<double> days;
   std::optional<double> hours;
@@ -18,15 +18,14 @@ struct GivenTime {
 
 GivenTime givenTime(std::span<const InputEntry> entries);
 
-/// The days that a slip pays, and the same as the quantity that the salary is multiplied by: days,
-/// or hours where pay is by the hour.
+/// The time that a slip pays. `quantity` multiplies the salary: hours for hourly pay, else days.
 struct PaidTime {
   double days = 0;
   double quantity = 0;
 };
 
-/// `countedDays` are the days of the calendar that count for this kind of pay; days or hours given
-/// take their place, absence is taken off either, down to nothing.
+/// `countedDays`: days by the calendar, used if the input gives neither days nor hours. Absence is
+/// taken off, down to 0.
 PaidTime paidTime(const EmployeeType& type, int countedDays, const GivenTime& given);
 
 /// Money to two places, half away from zero.
@@ -42,9 +41,9 @@ struct MonthlyPay {
   const EmployeeType& type;
 };
 
-/// Equal parts, the last period what is left of the salary; by the day at salary / days a month
-/// where somebody came or left in the period, or days or hours are given. Absence is taken off at
-/// the same rate. Never below 0.
+/// Equal parts of the salary, the last period taking what is left. If the employee came or left in
+/// the period, or the input gives days or hours: by the day, at salary / days a month. Absence is
+/// taken off at that rate. Never below 0.
 Currency monthlyAmount(const MonthlyPay& pay, const GivenTime& given, UtilityObject& utility);
 
 }  // namespace kt7::payroll

@@ -2,24 +2,25 @@
 
 namespace kt7::payroll {
 
-void HeldPart::begin(const RunPart& part) {
+void PartLease::begin(const RunPart& part) {
   part_ = part;
   renewed_ = std::chrono::steady_clock::now();
 }
 
-void HeldPart::renew() {
+void PartLease::renew() {
   if (!services_.leases.mark(part_, worker_, PartState::Taken, until())) throw ClaimLost();
   renewed_ = std::chrono::steady_clock::now();
 }
 
-/// A clock that stands still while the machine sleeps does no harm here: `hold` looks every time.
-void HeldPart::keep() {
+/// The steady clock may stop while the machine sleeps; confirmInTransaction always asks the
+/// database.
+void PartLease::heartbeat() {
   const auto age = std::chrono::steady_clock::now() - renewed_;
   if (age >= std::chrono::seconds(length_.seconds()) / 4) renew();
 }
 
-void HeldPart::hold() {
-  if (!services_.leases.hold(part_, worker_, until())) throw ClaimLost();
+void PartLease::confirmInTransaction() {
+  if (!services_.leases.prolongInTransaction(part_, worker_, until())) throw ClaimLost();
 }
 
 }  // namespace kt7::payroll

@@ -8,25 +8,25 @@
 
 namespace kt7::payroll {
 
-/// What a worker of a shared run has taken: a part, or the run's head while it plans.
-class HeldPart : public Claim {
+/// A worker's lease on a part of a shared run, or on the run's head while it plans the month.
+class PartLease : public Claim {
  public:
-  HeldPart(RunServices& services, std::string worker, int leaseSeconds)
+  PartLease(RunServices& services, std::string worker, int leaseSeconds)
       : services_(services), worker_(std::move(worker)), length_(leaseSeconds) {}
 
   const std::string& worker() const { return worker_; }
-  /// The moment until which something is taken that is taken now.
+  /// When a lease taken now ends.
   Date until() { return length_.from(services_.leases.now()); }
-  /// It has just been taken.
+  /// Call when a lease has been taken.
   void begin(const RunPart& part);
   const RunPart& part() const { return part_; }
-  /// It has been taken over: the next one is taken for longer.
+  /// Call after losing the lease; the next one lasts longer.
   void wasLost() { length_.wasTooShort(); }
 
-  /// A sign of life. ClaimLost where it has been taken over.
+  /// Renews the lease now. ClaimLost if another worker took it.
   void renew();
-  void keep() override;
-  void hold() override;
+  void heartbeat() override;
+  void confirmInTransaction() override;
 
  private:
   RunServices& services_;

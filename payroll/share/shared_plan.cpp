@@ -1,6 +1,7 @@
 #include "payroll/share/shared_plan.h"
 
 #include <map>
+#include <tuple>
 
 #include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_listener.h>
@@ -8,14 +9,14 @@
 #include <kt7/payroll/run_request.h>
 #include "base/text.h"
 #include "payroll/facts/slip_period.h"
-#include "payroll/month/other_runs.h"
+#include "payroll/month/competing_runs.h"
 #include "payroll/ports/company.h"
 #include "payroll/ports/run_names.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/post/slip_numbers.h"
-#include "payroll/retry/waiting.h"
-#include "payroll/share/agreement.h"
+#include "payroll/retry/wait_notice.h"
 #include "payroll/share/part_lease.h"
+#include "payroll/share/run_fingerprint.h"
 #include "payroll/work/month_end.h"
 
 namespace kt7::payroll {
@@ -26,63 +27,65 @@ constexpr std::chrono::milliseconds kLongestPause(300);
 
 class Joining {
  public:
-  /// `rejoins`: the process has been at work on this run already.
+  /// `rejoins`: the process has worked on this run already.
   Joining(const RunRequest& request, RunServices& services, RunListener& listener,
           const std::string& worker, bool rejoins)
       : request_(request),
         services_(services),
         listener_(listener),
-        held_(services, worker, request.sharing->leaseSeconds),
-        head_{runName(request.month, request.type), "", agreementOf(request), 0},
-        begun_(rejoins) {}
+        lease_(services, worker, request.sharing->leaseSeconds),
+        head_{.name = runName(request.month, request.type),
+              .fingerprint = requestFingerprint(request)},
+        othersMayHavePaid_(rejoins) {}
 
   enum class Step { Joined, Paid, LookAgain };
 
-  /// LookAgain where somebody else was quicker or is at it.
+  /// LookAgain if another worker is planning the month.
   Step attempt() {
     services_.catchUp();
-    const auto head = services_.leases.head(head_.run);
-    if (begun_) requireSameRun(head);
+    const auto head = services_.leases.head(head_.name);
+    if (othersMayHavePaid_) requireSameRun(head);
     if (!head) {
-      services_.leases.makeHead(head_, held_.worker(), held_.until());
+      services_.leases.makeHead(head_, lease_.worker(), lease_.until());
       return planAsFirst();
     }
-    const bool underWay = signOfLife(*head, services_.leases).has_value();
+    const bool underWay = activeLease(*head, services_.leases).has_value();
     if (head->state == PartState::Done) {
       if (underWay) return join(*head);
-      if (begun_ && isPlanned(*head) && services_.leases.countAllUndone(head_.run) == 0) {
+      if (othersMayHavePaid_ && isPlanned(*head) &&
+          services_.leases.countAllUndone(head_.name) == 0) {
         return Step::Paid;
       }
-    } else if (underWay && head->worker != held_.worker()) {
-      waiting_.on([&] { return whoHas(*head); },
-                  [this](const std::string& text) { listener_.note(text); });
+    } else if (underWay && head->worker != lease_.worker()) {
+      waiting_.stillWaiting([&] { return leaseHolder(*head); },
+                            [this](const std::string& text) { listener_.note(text); });
       return Step::LookAgain;
     }
     PartRow mine = *head;
-    mine.part.to = head_.to;
-    if (!services_.leases.take(mine, held_.worker(), held_.until())) return Step::LookAgain;
+    mine.part.fingerprint = head_.fingerprint;
+    if (!services_.leases.take(mine, lease_.worker(), lease_.until())) return Step::LookAgain;
     return planAsFirst();
   }
 
   SharedPlan takePlan() { return std::move(*joined_); }
 
  private:
-  /// Who slept while the month was paid otherwise must not pay it once more.
+  /// A process that slept must not pay a month that has been begun with another request.
   void requireSameRun(const std::optional<PartRow>& head) {
-    if (head && isAgreed(*head, head_.to)) return;
+    if (head && isOfRequest(*head, head_.fingerprint)) return;
     throw RunSuperseded("while this process did not answer, " + request_.month.text() +
                         " was begun anew with another input or by another run: what it had not "
                         "paid yet is left to that one; run the month again for the whole register");
   }
 
   Step join(const PartRow& head) {
-    if (!isAgreed(head, head_.to)) {
+    if (!isOfRequest(head, head_.fingerprint)) {
       throw refused("a shared run of " + request_.month.text() +
                     " with another input or type is under way: wait for its end");
     }
     joined_ = SharedPlan{head.part, head.worker,
                          planMonth(request_, services_, listener_, repeated_, Preparation::Done)};
-    if (head.part.to != agreedPlan(head_.to, joined_->plan)) {
+    if (head.part.fingerprint != runFingerprint(head_.fingerprint, joined_->plan)) {
       throw refused("employee types or slip periods have changed since the shared run of " +
                     request_.month.text() +
                     " was planned: wait for its end and run the month again");
@@ -94,39 +97,41 @@ class Joining {
     return {RunStopped::Cause::Refused, {reason}};
   }
 
-  /// Where there is nothing to be paid as things stand, nobody has to wait for this one to end.
+  /// If the month cannot be paid, the head is marked as done, so that no process waits for it.
   Step planAsFirst() {
-    begun_ = true;
-    held_.begin(head_);
+    othersMayHavePaid_ = true;
+    lease_.begin(head_);
     try {
       joined_ = planned();
       return Step::Joined;
     } catch (const ClaimLost&) {
-      held_.wasLost();
+      lease_.wasLost();
       return Step::LookAgain;
     } catch (const RunStopped&) {
-      services_.leases.mark(head_, held_.worker(), PartState::Done, services_.leases.now());
+      // If another worker took the head meanwhile, it will find the same reason.
+      std::ignore =
+          services_.leases.mark(head_, lease_.worker(), PartState::Done, services_.leases.now());
       throw;
     }
   }
 
-  /// The head is kept alive on the way, so that nobody else begins with the same.
+  /// Renews the lease on the head on the way, so that no other worker plans the same.
   SharedPlan planned() {
-    endOtherRuns(request_, services_);
-    SharedPlan shared{head_, held_.worker(), planMonth(request_, services_, listener_, repeated_)};
-    shared.head.to = agreedPlan(head_.to, shared.plan);
-    held_.renew();
+    endCompetingRuns(request_, services_);
+    SharedPlan shared{head_, lease_.worker(), planMonth(request_, services_, listener_, repeated_)};
+    shared.head.fingerprint = runFingerprint(head_.fingerprint, shared.plan);
+    lease_.renew();
     noteUntypedEmployees(shared.plan, services_, listener_);
     const std::vector<RunPart> parts = partsOf(shared);
-    if (!services_.leases.lay(shared.head, held_.worker(), parts,
-                              [this] { return held_.until(); })) {
+    if (!services_.leases.publishParts(shared.head, lease_.worker(), parts,
+                                       [this] { return lease_.until(); })) {
       throw ClaimLost();
     }
     return shared;
   }
 
-  /// The employees of every period in parts, each with numbers of its own for new slips. They do
-  /// not depend on who is paid already, so that whoever takes a part over gives the same numbers.
+  /// Divides the employees of every period into parts, each with a range of slip numbers. The
+  /// ranges do not depend on who is paid already: whoever takes over a part gives the same numbers.
   std::vector<RunPart> partsOf(const SharedPlan& shared) {
     std::vector<RunPart> parts;
     std::map<std::int32_t, int> lastSequence;  // by pay date
@@ -149,9 +154,12 @@ class Joining {
     EmployeeQuery query{period.type, period.salary, "", request_.sharing->employees};
     for (;;) {
       const auto employees = services_.company.employees(query);
-      held_.renew();
+      lease_.renew();
       if (employees.empty()) return;
-      parts.push_back({name, query.afterCode, employees.back().code, lastSequence});
+      parts.push_back({.name = name,
+                       .afterCode = query.afterCode,
+                       .lastCode = employees.back().code,
+                       .sequenceBefore = lastSequence});
       query.afterCode = employees.back().code;
       lastSequence += static_cast<int>(employees.size());
     }
@@ -160,28 +168,28 @@ class Joining {
   const RunRequest& request_;
   RunServices& services_;
   RunListener& listener_;
-  HeldPart held_;
-  RunPart head_;  // as long as it has not been planned
-  bool begun_;    // the run may have been paid, or changed, by others since this process began
-  RunOutcome repeated_;  // of the planning
-  Waiting waiting_;      // for who plans the month
+  PartLease lease_;
+  RunPart head_;            // with the fingerprint of the request
+  bool othersMayHavePaid_;  // since this process began the run
+  RunOutcome repeated_;     // while planning
+  WaitNotice waiting_;      // for the worker that plans the month
   std::optional<SharedPlan> joined_;
 };
 
 }  // namespace
 
 std::string SharedPlan::partsOf(std::size_t period) const {
-  return partName(head.run, padded(static_cast<int>(period), 3));
+  return partName(head.name, padded(static_cast<int>(period), 3));
 }
 
-RunPart SharedPlan::end() const { return {partName(head.run, "end"), "", "", 0}; }
+RunPart SharedPlan::end() const { return {.name = partName(head.name, "end")}; }
 
 std::optional<SharedPlan> joinRun(const RunRequest& request, RunServices& services,
                                   RunListener& listener, const std::string& worker, bool rejoins) {
   Joining joining(request, services, listener, worker, rejoins);
   RunOutcome joiningOnly;
   Recovery recovery(services, joiningOnly);
-  Patience patience;
+  RetryBudget budget;
   for (;;) {
     try {
       const Joining::Step step = joining.attempt();
@@ -190,7 +198,7 @@ std::optional<SharedPlan> joinRun(const RunRequest& request, RunServices& servic
       if (listener.wantsToStop()) throw RunInterrupted();
       pauseUpTo(kLongestPause);
     } catch (const Error& error) {
-      if (!recovery.triesAgainAfter(failureOf(error), patience)) throw;
+      if (!recovery.prepareRetry(failureOf(error), budget)) throw;
     } catch (const RunStopped& stopped) {
       if (!rejoins) throw;
       throw RunSuperseded(std::string("a part of the month is paid, the rest is not: ") +

@@ -11,20 +11,20 @@ namespace kt7::payroll {
 /// A shared run that a process takes part in.
 struct SharedPlan {
   RunPart head;
-  std::string planner;  // who planned it; another one where it was begun anew
+  std::string planner;  // the worker that planned it; changes when the run is planned again
   MonthPlan plan;
 
-  /// The parts of a slip period, by its place in the plan.
+  /// The name of the parts of a slip period, by its index in the plan.
   std::string partsOf(std::size_t period) const;
-  /// What is left when everybody is paid.
+  /// The last part of a run: ending the month, once everybody is paid.
   RunPart end() const;
 };
 
-/// Joins the run of that month that is under way, or plans one where there is none or where nobody
-/// has worked on it for the length of a lease. `worker` is a name that nobody else has. RunStopped
-/// where the month cannot be paid, or where those at work were given or found something else.
-/// A process that `rejoins` the run that it has worked on gets none where others have paid the
-/// month since, and RunSuperseded where the run is another one by now.
+/// Joins the run of that month that is under way, or plans one if there is none or its leases have
+/// ended. `worker`: a unique name. RunStopped if the month cannot be paid, or if the run under way
+/// has another request or plan. `rejoins`: the process has worked on this run already; then the
+/// answer is none if the month has been paid meanwhile, and RunSuperseded if it is another run by
+/// now.
 std::optional<SharedPlan> joinRun(const RunRequest& request, RunServices& services,
                                   RunListener& listener, const std::string& worker, bool rejoins);
 

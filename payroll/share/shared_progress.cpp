@@ -35,26 +35,26 @@ void SharedProgress::look() {
   try {
     done_ = employeesDone();
   } catch (const Error&) {
-    // Whoever pays meets the same and goes on or ends the run.
+    // The workers meet the same error and deal with it.
     return;
   }
   tell();
 }
 
-/// A part's employees are as many as its first number lies before that of the part behind it; those
-/// of the last one are what is left of the period.
+/// The number of employees of a part is the difference of its sequence and the next part's; the
+/// last part of a period has the rest.
 int SharedProgress::employeesDone() {
-  const std::vector<PartRow> parts = services_.leases.parts(shared_.head.run);
+  const std::vector<PartRow> parts = services_.leases.parts(shared_.head.name);
   int done = 0;
   int first = 0;  // of the period
   for (std::size_t i = 0; i < parts.size(); ++i) {
     const RunPart& part = parts[i].part;
-    const auto period = employees_.find(part.run);
+    const auto period = employees_.find(part.name);
     if (period == employees_.end()) continue;
-    if (i == 0 || parts[i - 1].part.run != part.run) first = part.firstNumber;
-    const bool isLast = i + 1 == parts.size() || parts[i + 1].part.run != part.run;
-    const int behind = isLast ? first + period->second : parts[i + 1].part.firstNumber;
-    if (parts[i].state == PartState::Done) done += std::max(behind - part.firstNumber, 0);
+    if (i == 0 || parts[i - 1].part.name != part.name) first = part.sequenceBefore;
+    const bool isLast = i + 1 == parts.size() || parts[i + 1].part.name != part.name;
+    const int behind = isLast ? first + period->second : parts[i + 1].part.sequenceBefore;
+    if (parts[i].state == PartState::Done) done += std::max(behind - part.sequenceBefore, 0);
   }
   return done;
 }

@@ -10,15 +10,15 @@
 
 namespace kt7::payroll {
 
-/// How far a shared run is, for a listener who wants to know: by the parts that are done, whoever
-/// paid them, or by what this process has paid where that is more.
+/// The progress of a shared run, for a listener that wants it: the employees of the parts that any
+/// process has done, or those that this process has paid if they are more.
 class SharedProgress {
  public:
   SharedProgress(const SharedPlan& shared, RunServices& services, RunListener& listener);
 
-  /// Counts what a worker of this process has done.
+  /// Counts the report of a worker of this process.
   void count(const Report& report);
-  /// Looks at the parts, but at most once a second. A look that fails tells nothing.
+  /// Reads the parts, at most once a second. A database error is ignored here.
   void look();
 
  private:

@@ -13,23 +13,23 @@ namespace kt7::payroll {
 
 namespace {
 
-/// A name that nobody else has, with what people know the process by.
+/// A unique name that begins with the name that people know the process by.
 std::string workerName(const Sharing& sharing, int number) {
   std::random_device random;
   return sharing.name + " " + std::to_string(random()) + std::to_string(random()) + "-" +
          std::to_string(number);
 }
 
-std::unique_ptr<SharedWorker> memberOf(const SharedPlan& shared, const RunRequest& request,
-                                       RunServices& services, const std::string& name) {
-  return madeOn(services, [&] {
+std::unique_ptr<SharedWorker> sharedWorker(const SharedPlan& shared, const RunRequest& request,
+                                           RunServices& services, const std::string& name) {
+  return buildWithRetry(services, [&] {
     return std::make_unique<SharedWorker>(shared, *request.sharing, services, name);
   });
 }
 
-/// Passes the reports on until the last worker has ended, and whatever was paid when one cannot go
-/// on.
-void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told,
+/// Passes the reports on until the last worker has ended. After an error too, so that every slip
+/// that was paid is reported; the error is raised then.
+void tellAll(ReportQueue& reports, Threads& threads, const ReportSink& told,
              SharedProgress& progress, const RunListener& listener) {
   const auto stopWhereAsked = [&] {
     if (listener.wantsToStop()) throw RunInterrupted();
@@ -52,11 +52,11 @@ void tellAll(ReportQueue& reports, Threads& threads, const TakeReport& told,
   reports.raiseReason();
 }
 
-/// Pays what there is to pay by the process's workers. False where the run was begun anew.
-bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWorker& newWorker,
-              const TakeReport& told, SharedProgress& progress, const RunListener& listener) {
+/// Pays parts by the process's workers until all are done.
+RunState payParts(const SharedPlan& shared, const RunRequest& request, const NewWorker& newWorker,
+                  const ReportSink& told, SharedProgress& progress, const RunListener& listener) {
   ReportQueue reports(request.jobs);
-  std::atomic<bool> finished = true;
+  std::atomic<RunState> state = RunState::Done;
   Threads threads;
   std::atomic<int> number = 0;
   threads.start(request.jobs, [&] {
@@ -64,16 +64,15 @@ bool payParts(const SharedPlan& shared, const RunRequest& request, const NewWork
       const auto worker = newWorker();
       const OpenData open(worker->services().dataObj);
       const std::string name = workerName(*request.sharing, ++number);
-      if (!memberOf(shared, request, worker->services(), name)->payParts(reports)) {
-        finished = false;
-      }
+      const auto member = sharedWorker(shared, request, worker->services(), name);
+      if (member->payParts(reports) == RunState::BegunAnew) state = RunState::BegunAnew;
     } catch (...) {
       reports.stop(std::current_exception());
     }
     reports.workerEnds();
   });
   tellAll(reports, threads, told, progress, listener);
-  return finished;
+  return state;
 }
 
 }  // namespace
@@ -85,16 +84,20 @@ RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunL
   RunOutcome outcome;
   UnpaidSlips unpaid;
   ToldSlips toldSlips(listener);
-  const TakeReport told = [&](const Report& report) {
+  const ReportSink told = [&](const Report& report) {
     outcome += toldSlips.tell(report);
     report.addUnpaidTo(unpaid);
   };
   for (bool rejoins = false;; rejoins = true) {
     const auto shared = joinRun(request, services, listener, name, rejoins);
     if (!shared) return outcome;
-    auto progress = madeOn(services, [&] { return SharedProgress(*shared, services, listener); });
-    if (!payParts(*shared, request, newWorker, told, progress, listener)) continue;
-    if (memberOf(*shared, request, services, name)->end(listener, unpaid, told)) return outcome;
+    auto progress =
+        buildWithRetry(services, [&] { return SharedProgress(*shared, services, listener); });
+    if (payParts(*shared, request, newWorker, told, progress, listener) == RunState::BegunAnew) {
+      continue;
+    }
+    const auto last = sharedWorker(*shared, request, services, name);
+    if (last->end(listener, unpaid, told) == RunState::Done) return outcome;
   }
 }
 

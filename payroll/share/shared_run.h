@@ -7,11 +7,10 @@
 
 namespace kt7::payroll {
 
-/// The same together with other processes: the first one plans the month and divides it into parts,
-/// each takes a part after the other, and the last one ends the run. A part whose process is gone
-/// is paid by another. Tells and counts what this process did; returns when the month is paid.
-/// RunStopped also where a run with another input or type is under way. RunSuperseded,
-/// RunInterrupted.
+/// As runMonth, together with other processes: the first one plans the month and divides it into
+/// parts, all of them pay parts, and one ends the month. If a process goes away, another one pays
+/// its part. Reports and counts what this process did; returns when the month is paid. RunStopped
+/// also if a run with another input or type is under way. RunSuperseded, RunInterrupted.
 RunOutcome runSharedMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                           const NewWorker& newWorker);
 

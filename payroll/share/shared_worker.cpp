@@ -7,7 +7,7 @@
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_request.h>
 #include "payroll/facts/slip_period.h"
-#include "payroll/month/other_runs.h"
+#include "payroll/month/competing_runs.h"
 #include "payroll/ports/company.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/post/slip_change.h"
@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kLongestPause(300);
 
-/// Not always the first one: others look at the same time.
+/// A random one: other workers choose from the same rows.
 const PartRow& anyOf(const std::vector<PartRow>& rows) {
   thread_local std::minstd_rand random{std::random_device{}()};
   std::uniform_int_distribution<std::size_t> place(0, rows.size() - 1);
@@ -34,8 +34,9 @@ void PartNumbers::give(const Page& page, std::vector<SlipChange>& changes, RunSe
     const auto place = std::find_if(
         page.employees.begin(), page.employees.end(),
         [&](const Employee& employee) { return employee.code == change.slip->employee; });
-    const auto before = static_cast<std::size_t>(place - page.employees.begin()) + page.index;
-    return held_.part().firstNumber + static_cast<int>(before) + 1;
+    const auto before =
+        static_cast<std::size_t>(place - page.employees.begin()) + page.employeesBefore;
+    return lease_.part().sequenceBefore + static_cast<int>(before) + 1;
   });
 }
 
@@ -51,92 +52,98 @@ SharedWorker::SharedWorker(const SharedPlan& shared, const Sharing& sharing, Run
                            std::string name)
     : shared_(shared),
       services_(services),
-      held_(services, std::move(name), sharing.leaseSeconds),
-      numbers_(held_),
-      payer_(shared.plan, services, numbers_, &held_) {}
+      lease_(services, std::move(name), sharing.leaseSeconds),
+      numbers_(lease_),
+      payer_(shared.plan, services, numbers_, &lease_) {}
 
-/// One look at the parts of that name, and the taking of one that is free.
-SharedWorker::Look SharedWorker::takeOne(const std::string& parts) {
+/// Takes a free part of that name, if there is one.
+SharedWorker::TakeResult SharedWorker::takePart(const std::string& parts) {
   services_.catchUp();
   RunLeases& leases = services_.leases;
-  const auto head = leases.head(shared_.head.run);
-  if (!head || head->worker != shared_.planner || head->part.to != shared_.head.to) {
-    return Look::BegunAnew;
+  const auto head = leases.head(shared_.head.name);
+  if (!head || head->worker != shared_.planner ||
+      head->part.fingerprint != shared_.head.fingerprint) {
+    return TakeResult::BegunAnew;
   }
-  const auto free = leases.freeParts(parts, held_.worker(), leases.now());
-  if (free.empty()) return leases.countUndone(parts) == 0 ? Look::AllDone : Look::Wait;
+  const auto free = leases.freeParts(parts, lease_.worker(), leases.now());
+  if (free.empty()) return leases.countUndone(parts) == 0 ? TakeResult::AllDone : TakeResult::Wait;
   const auto own = std::find_if(free.begin(), free.end(), [this](const PartRow& row) {
-    return row.worker == held_.worker();
+    return row.worker == lease_.worker();
   });
   const PartRow& chosen = own == free.end() ? anyOf(free) : *own;
   try {
-    if (!leases.take(chosen, held_.worker(), held_.until())) return Look::Wait;
+    if (!leases.take(chosen, lease_.worker(), lease_.until())) return TakeResult::Wait;
   } catch (const Error& error) {
     if (failureOf(error) != Failure::Conflict) throw;
     payer_.countConflict();
-    return Look::Wait;
+    return TakeResult::Wait;
   }
-  held_.begin(chosen.part);
-  waiting_.ends();
-  return Look::Taken;
+  lease_.begin(chosen.part);
+  waiting_.end();
+  return TakeResult::Taken;
 }
 
-bool SharedWorker::payParts(ReportQueue& reports) {
+RunState SharedWorker::payParts(ReportQueue& reports) {
   for (std::size_t i = 0; i < shared_.plan.periods.size(); ++i) {
-    if (!shared_.plan.periods[i].frozen && !payPeriod(i, reports)) return false;
+    if (shared_.plan.periods[i].frozen) continue;
+    if (payPeriod(i, reports) == RunState::BegunAnew) return RunState::BegunAnew;
   }
-  return true;
+  return RunState::Done;
 }
 
-bool SharedWorker::payPeriod(std::size_t period, ReportQueue& reports) {
+RunState SharedWorker::payPeriod(std::size_t period, ReportQueue& reports) {
   while (!reports.stopped()) {
-    switch (payer_.repeating([&] { return takeOne(shared_.partsOf(period)); })) {
-      case Look::Taken:
-        if (!payPart(shared_.plan.periods[period], reports)) reports.put(reportOfLost());
+    switch (payer_.retryOnLossOrConflict([&] { return takePart(shared_.partsOf(period)); })) {
+      case TakeResult::Taken:
+        if (payPart(shared_.plan.periods[period], reports) == PartResult::TakenOver) {
+          reports.put(lostPartReport());
+        }
         break;
-      case Look::Wait:
+      case TakeResult::Wait:
         waitFor(shared_.partsOf(period), [&](const Report& report) { reports.put(report); });
         break;
-      case Look::AllDone:
-        return true;
-      case Look::BegunAnew:
-        return false;
+      case TakeResult::AllDone:
+        return RunState::Done;
+      case TakeResult::BegunAnew:
+        return RunState::BegunAnew;
     }
   }
-  return true;
+  return RunState::Done;
 }
 
-bool SharedWorker::payPart(const SlipPeriod& period, ReportQueue& reports) {
-  EmployeeQuery query{period.type, period.salary, held_.part().from, kEmployeesAtOnce,
-                      held_.part().to};
-  Page page{0, &period, {}};
+SharedWorker::PartResult SharedWorker::payPart(const SlipPeriod& period, ReportQueue& reports) {
+  EmployeeQuery query{period.type, period.salary, lease_.part().afterCode, kEmployeesAtOnce,
+                      lease_.part().lastCode};
+  Page page{.period = &period, .employees = {}};
   while (!reports.stopped()) {
-    page.employees = payer_.doing([&] { return services_.company.employees(query); });
+    page.employees = payer_.retryOnLoss([&] { return services_.company.employees(query); });
     if (page.employees.empty()) return markDone();
     try {
       payer_.pay(page);
     } catch (const ClaimLost&) {
-      return false;
+      return PartResult::TakenOver;
     } catch (...) {
       reports.put(payer_.takeReport());
       throw;
     }
     reports.put(payer_.takeReport());
-    page.index += page.employees.size();
+    page.employeesBefore += page.employees.size();
     query.afterCode = page.employees.back().code;
   }
-  return true;
+  return PartResult::Done;
 }
 
-bool SharedWorker::markDone() {
-  return payer_.repeating([&] {
-    return services_.leases.mark(held_.part(), held_.worker(), PartState::Done, held_.until());
+SharedWorker::PartResult SharedWorker::markDone() {
+  return payer_.retryOnLossOrConflict([&] {
+    const bool marked =
+        services_.leases.mark(lease_.part(), lease_.worker(), PartState::Done, lease_.until());
+    return marked ? PartResult::Done : PartResult::TakenOver;
   });
 }
 
-/// What was kept before the part was taken over.
-Report SharedWorker::reportOfLost() {
-  held_.wasLost();
+/// Of the slips that were committed before another worker took the part.
+Report SharedWorker::lostPartReport() {
+  lease_.wasLost();
   Report report = payer_.takeReport();
   report.note(
       "a part of the month was taken over while this process did not answer: slips of it may stand "
@@ -144,11 +151,11 @@ Report SharedWorker::reportOfLost() {
   return report;
 }
 
-void SharedWorker::waitFor(const std::string& parts, const TakeReport& told) {
-  waiting_.on(
+void SharedWorker::waitFor(const std::string& parts, const ReportSink& told) {
+  waiting_.stillWaiting(
       [&] {
-        return payer_.repeating(
-            [&] { return whoHasPart(shared_.head.run, parts, services_.leases); });
+        return payer_.retryOnLossOrConflict(
+            [&] { return partHolder(shared_.head.name, parts, services_.leases); });
       },
       [&](const std::string& text) {
         Report report;
@@ -158,38 +165,39 @@ void SharedWorker::waitFor(const std::string& parts, const TakeReport& told) {
   pauseUpTo(kLongestPause);
 }
 
-bool SharedWorker::end(RunListener& listener, const UnpaidSlips& named, const TakeReport& told) {
+RunState SharedWorker::end(RunListener& listener, const UnpaidSlips& named,
+                           const ReportSink& told) {
   for (;;) {
-    switch (payer_.repeating([&] { return takeOne(shared_.end().run); })) {
-      case Look::Taken:
-        if (!endMonth(named, told)) {
-          told(reportOfLost());
+    switch (payer_.retryOnLossOrConflict([&] { return takePart(shared_.end().name); })) {
+      case TakeResult::Taken:
+        if (endMonth(named, told) == PartResult::TakenOver) {
+          told(lostPartReport());
           break;
         }
         noteLaterMonths(shared_.plan, services_, payer_, listener);
         told(payer_.takeReport());
-        return true;
-      case Look::Wait:
+        return RunState::Done;
+      case TakeResult::Wait:
         if (listener.wantsToStop()) throw RunInterrupted();
-        waitFor(shared_.end().run, told);
+        waitFor(shared_.end().name, told);
         break;
-      case Look::AllDone:
+      case TakeResult::AllDone:
         told(payer_.takeReport());
-        return true;
-      case Look::BegunAnew:
+        return RunState::Done;
+      case TakeResult::BegunAnew:
         told(payer_.takeReport());
-        return false;
+        return RunState::BegunAnew;
     }
   }
 }
 
-/// False where another one ends the month, or has begun it anew.
-bool SharedWorker::endMonth(const UnpaidSlips& named, const TakeReport& told) {
+/// TakenOver also where another process has begun the run anew.
+SharedWorker::PartResult SharedWorker::endMonth(const UnpaidSlips& named, const ReportSink& told) {
   try {
     removeUndueSlips(shared_.plan, services_, payer_, told);
-    nameLeftOut(shared_.plan, services_, payer_, named, told);
+    reportMissingSlips(shared_.plan, services_, payer_, named, told);
   } catch (const ClaimLost&) {
-    return false;
+    return PartResult::TakenOver;
   }
   return markDone();
 }

@@ -9,21 +9,20 @@
 
 namespace kt7::payroll {
 
-/// The attendance allowance of employee types that have rates for it: every slip carries the
-/// period's verdict, active where the input names no ABSENCE, and an active one the allowance that
-/// the length of the run of active periods earns.
+/// The attendance allowance of employee types that have rates for it. A period is active if the
+/// input has no ABSENCE; the allowance grows with the number of active periods in a row.
 class Attendance {
  public:
   /// Reads which types have rates.
   explicit Attendance(RunServices& services);
 
   bool counts(const std::string& type) const { return types_.contains(type); }
-  /// Sets the verdict and adds the allowance. The verdicts of earlier periods stand already.
+  /// Sets the slip's verdict and adds the allowance. Earlier periods must have been written.
   void addAllowance(std::span<const InputEntry> input, Slip& slip);
 
-  /// Writes the verdict of a slip, inside the unit of work that writes the slip.
+  /// Writes the verdict in the transaction that writes the slip.
   void record(const Slip& slip);
-  /// Takes the verdict of a slip away that is no longer due.
+  /// Deletes the verdict of a slip that is no longer due.
   void withdraw(const KnownSlip& slip);
 
  private:

@@ -4,17 +4,17 @@
 
 namespace kt7::payroll {
 
-/// What the position history of an employee needs before the month is paid.
+/// What to write to an employee's position history with the last slip of the month.
 enum class HistoryStep {
   None,
-  Begin,   // there is no history: the current record becomes its first row
-  Changed  // the salary is another than that of the latest row
+  Begin,   // no history yet: the current record becomes its first row
+  Changed  // the salary differs from the latest row's
 };
 
 HistoryStep historyStep(const Employee& employee, const std::map<std::string, double>& latest);
 
-/// Writes the step by the published operations, inside the unit of work of the slip; a changed
-/// salary holds from that day on.
+/// Writes the step by the published operations, in the slip's transaction. A changed salary holds
+/// from the day `from`.
 void writeHistory(HistoryStep step, const Employee& employee, Date from, RunServices& services);
 
 }  // namespace kt7::payroll

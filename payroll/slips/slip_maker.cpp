@@ -32,7 +32,7 @@ SlipMaker::SlipMaker(RunServices& services, Attendance& attendance)
   };
   selfRate_ = setting(setting_name::kSocialSecurityPercent);
   employerRate_ = setting(setting_name::kEmployerPercent);
-  // A company that keeps no rate of its own pays as much as its people do.
+  // Without a rate of its own the employer pays as much as the employee.
   if (employerRate_ == 0) employerRate_ = selfRate_;
 }
 
@@ -52,7 +52,7 @@ Slip SlipMaker::make(const SlipOrder& order) {
   return slip;
 }
 
-/// Loading a type traps its errors, a lost connection's too: the second time finds another one.
+/// SetTypeCode traps its errors, a lost connection too: another attempt gets a new connection.
 std::unique_ptr<_EmployeeObject> SlipMaker::profileOfType(const EmployeeType& type) {
   constexpr int kTries = 3;
   for (int i = 0; i < kTries; ++i) {
@@ -133,7 +133,7 @@ Currency SlipMaker::percentOf(double base, double percent) {
 void SlipMaker::addSocialSecurity(const SlipOrder& order, const PaySums& month, Slip& slip) {
   const PaySums& rest = order.closing->restOfMonth;
   const Currency pay = month.income - month.bonus;
-  // The lowest base is meant for low pay; a month without pay owes nothing.
+  // The lowest base is for low pay; without pay no contribution is due.
   const double base =
       pay > Currency() ? services_.hr.TrimSTAXBase(pay.toDouble(), services_.dataObj) : 0;
   slip.add(kind::kSocialSecurity, Counts::Deduction,
@@ -171,7 +171,7 @@ void SlipMaker::addTax(const SlipOrder& order, Slip& slip) {
                              narrow16(slip.payDate.year()), 0, moreMonth, reduce, before.tax,
                              studySupport, donation, waive, before.income + month.income, fixToTen,
                              slip.payDate, before.socialSecurity + month.socialSecurity);
-  // Too much withheld earlier in the year is not paid back by the slip.
+  // A slip does not pay back what was withheld too much earlier in the year.
   slip.add(kind::kTax, Counts::Deduction,
            stillDue(rounded(widened(tax), services_.utility), order.closing->restOfMonth.tax));
 }

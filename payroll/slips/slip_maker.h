@@ -12,14 +12,14 @@
 
 namespace kt7::payroll {
 
-/// What the employee's last slip of the month is reckoned with.
+/// What the last slip of an employee's month needs for tax, social security and fund.
 struct MonthClosing {
-  PaySums yearBefore;   // the year's months before this one
+  PaySums yearBefore;   // the earlier months of the year
   PaySums restOfMonth;  // the month's other slips
-  bool leaves = false;  // no slip will follow in a later month
+  bool leaves = false;  // no later month will have a slip
 };
 
-/// One slip to be made. Without a closing another slip of the month follows.
+/// A slip to make. `closing` is null if another slip of the month follows.
 struct SlipOrder {
   const Employee& employee;
   const EmployeeType& type;
@@ -28,7 +28,7 @@ struct SlipOrder {
   const MonthClosing* closing = nullptr;
 };
 
-/// Why an employee cannot be paid as the records stand.
+/// An employee cannot be paid from the records as they are; the text says why.
 class NotPayable : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -39,8 +39,7 @@ class SlipMaker {
  public:
   SlipMaker(RunServices& services, Attendance& attendance);
 
-  /// The slip without its number. NotPayable where the employee's records do not suffice; the
-  /// errors of the operations are passed on.
+  /// The slip without its number. NotPayable, or the errors of the operations.
   Slip make(const SlipOrder& order);
 
  private:

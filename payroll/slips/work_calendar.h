@@ -8,12 +8,12 @@
 
 namespace kt7::payroll {
 
-/// The days that branches work, asked once a branch and day.
+/// The working days of branches; each branch and day is asked once.
 class WorkCalendar {
  public:
   WorkCalendar(_HRObject& hr, DataObj& dataObj) : hr_(hr), dataObj_(dataObj) {}
 
-  /// The days of the span that the branch's weekly pattern does not mark as days off.
+  /// The number of days in the span that are not days off in the branch's weekly pattern.
   int workDays(const std::string& branch, const DaySpan& span);
 
  private:

@@ -18,12 +18,20 @@ constexpr int kPartsShown = 16;
 
 std::string number(PartState state) { return std::to_string(static_cast<int>(state)); }
 
+/// The column TRLeTo holds a part's last code and a head's fingerprint.
 PartRow rowIn(ado::Recordset& row) {
-  return {{textIn(row, "TRLeRun"), textIn(row, "TRLeFrom"), textIn(row, "TRLeTo"),
-           wholeIn(row, "TRLeFirstNo")},
-          textIn(row, "TRLeWorker"),
-          static_cast<PartState>(wholeIn(row, "TRLeState")),
-          row.get("TRLeUntil").toDate()};
+  RunPart part{.name = textIn(row, "TRLeRun"),
+               .afterCode = textIn(row, "TRLeFrom"),
+               .sequenceBefore = wholeIn(row, "TRLeFirstNo")};
+  (isPartName(part.name) ? part.lastCode : part.fingerprint) = textIn(row, "TRLeTo");
+  return {.part = std::move(part),
+          .worker = textIn(row, "TRLeWorker"),
+          .state = static_cast<PartState>(wholeIn(row, "TRLeState")),
+          .until = row.get("TRLeUntil").toDate()};
+}
+
+const std::string& lastColumn(const RunPart& part) {
+  return isPartName(part.name) ? part.lastCode : part.fingerprint;
 }
 
 Date dateIn(const Value& value) {
@@ -43,7 +51,8 @@ Date LeaseStore::now() {
 std::string LeaseStore::moment(Date date) const { return dateLiteral(date.isoDateTimeText()); }
 
 std::string LeaseStore::rowOf(const RunPart& part) const {
-  return "TRLeRun=" + records_.quoted(part.run) + " AND TRLeFrom=" + records_.quoted(part.from);
+  return "TRLeRun=" + records_.quoted(part.name) +
+         " AND TRLeFrom=" + records_.quoted(part.afterCode);
 }
 
 std::string LeaseStore::named(const std::pair<std::string, std::string>& names) const {
@@ -54,7 +63,7 @@ std::string LeaseStore::named(const std::pair<std::string, std::string>& names) 
 std::string LeaseStore::partsOf(const std::string& run) const { return named(partNames(run)); }
 
 std::optional<PartRow> LeaseStore::head(const std::string& run) {
-  auto rows = records_.open("SELECT " + std::string(kColumns) + rowOf({run, "", "", 0}));
+  auto rows = records_.open("SELECT " + std::string(kColumns) + rowOf({.name = run}));
   if (rows->Eof()) return std::nullopt;
   return rowIn(*rows);
 }
@@ -65,7 +74,7 @@ std::vector<PartRow> LeaseStore::heads(const Month& month) {
                             " AND TRLeFrom='' ORDER BY TRLeRun");
   for (; !rows->Eof(); rows->MoveNext()) {
     PartRow row = rowIn(*rows);
-    if (!isPartName(row.part.run)) heads.push_back(std::move(row));
+    if (!isPartName(row.part.name)) heads.push_back(std::move(row));
   }
   return heads;
 }
@@ -74,9 +83,10 @@ void LeaseStore::insert(const PartRow& row) {
   records_.execute(
       "INSERT INTO KT7TRunLease (TRLeRun, TRLeFrom, TRLeTo, TRLeFirstNo, TRLeWorker, TRLeState, "
       "TRLeUntil) VALUES (" +
-      records_.quoted(row.part.run) + ", " + records_.quoted(row.part.from) + ", " +
-      records_.quoted(row.part.to) + ", " + std::to_string(row.part.firstNumber) + ", " +
-      records_.quoted(row.worker) + ", " + number(row.state) + ", " + moment(row.until) + ")");
+      records_.quoted(row.part.name) + ", " + records_.quoted(row.part.afterCode) + ", " +
+      records_.quoted(lastColumn(row.part)) + ", " + std::to_string(row.part.sequenceBefore) +
+      ", " + records_.quoted(row.worker) + ", " + number(row.state) + ", " + moment(row.until) +
+      ")");
 }
 
 void LeaseStore::makeHead(const RunPart& head, const std::string& worker, Date until) {
@@ -85,23 +95,24 @@ void LeaseStore::makeHead(const RunPart& head, const std::string& worker, Date u
   unit.commit();
 }
 
-bool LeaseStore::lay(const RunPart& head, const std::string& worker,
-                     const std::vector<RunPart>& parts, const std::function<Date()>& until) {
+bool LeaseStore::publishParts(const RunPart& head, const std::string& worker,
+                              const std::vector<RunPart>& parts,
+                              const std::function<Date()>& until) {
   UnitOfWork unit(dataObj_);
   const Date begun = until();
   if (!update(head, ownedBy(worker), worker, PartState::Done, begun)) return false;
-  records_.execute("DELETE FROM KT7TRunLease WHERE " + partsOf(head.run));
+  records_.execute("DELETE FROM KT7TRunLease WHERE " + partsOf(head.name));
   for (const RunPart& part : parts) insert({part, "", PartState::Open, begun});
   records_.execute("UPDATE KT7TRunLease SET TRLeUntil=" + moment(until()) + " WHERE " +
-                   partsOf(head.run));
+                   partsOf(head.name));
   unit.commit();
   return true;
 }
 
-std::vector<PartRow> LeaseStore::freeParts(const std::string& run, const std::string& worker,
+std::vector<PartRow> LeaseStore::freeParts(const std::string& part, const std::string& worker,
                                            Date now) {
   return read("SELECT TOP " + std::to_string(kPartsShown) + " " + kColumns +
-              "TRLeRun=" + records_.quoted(run) + " AND (TRLeState=" + number(PartState::Open) +
+              "TRLeRun=" + records_.quoted(part) + " AND (TRLeState=" + number(PartState::Open) +
               " OR (TRLeState=" + number(PartState::Taken) + " AND (TRLeUntil<" + moment(now) +
               " OR TRLeUntil>=" + moment(latestUntil(now)) +
               " OR TRLeWorker=" + records_.quoted(worker) + "))) ORDER BY TRLeFrom");
@@ -124,8 +135,8 @@ int LeaseStore::count(const std::string& where) {
   return wholeIn(*rows, "Parts");
 }
 
-int LeaseStore::countUndone(const std::string& run) {
-  return count("TRLeRun=" + records_.quoted(run));
+int LeaseStore::countUndone(const std::string& part) {
+  return count("TRLeRun=" + records_.quoted(part));
 }
 
 int LeaseStore::countAllUndone(const std::string& run) { return count(partsOf(run)); }
@@ -155,7 +166,7 @@ bool LeaseStore::mark(const RunPart& part, const std::string& worker, PartState 
   return true;
 }
 
-bool LeaseStore::hold(const RunPart& part, const std::string& worker, Date until) {
+bool LeaseStore::prolongInTransaction(const RunPart& part, const std::string& worker, Date until) {
   return update(part, ownedBy(worker) + " AND TRLeState=" + number(PartState::Taken), worker,
                 PartState::Taken, until);
 }
@@ -169,7 +180,8 @@ std::string LeaseStore::ownedBy(const std::string& worker) const {
 bool LeaseStore::update(const RunPart& part, const std::string& condition,
                         const std::string& worker, PartState state, Date until) {
   records_.execute("UPDATE KT7TRunLease SET TRLeWorker=" + records_.quoted(worker) +
-                   ", TRLeState=" + number(state) + ", TRLeTo=" + records_.quoted(part.to) +
+                   ", TRLeState=" + number(state) +
+                   ", TRLeTo=" + records_.quoted(lastColumn(part)) +
                    ", TRLeUntil=" + moment(until) + " WHERE " + rowOf(part) + condition);
   return isHeldBy(part, worker);
 }

@@ -15,17 +15,17 @@ class LeaseStore : public RunLeases {
   std::optional<PartRow> head(const std::string& run) override;
   void makeHead(const RunPart& head, const std::string& worker, Date until) override;
   std::vector<PartRow> heads(const Month& month) override;
-  bool lay(const RunPart& head, const std::string& worker, const std::vector<RunPart>& parts,
-           const std::function<Date()>& until) override;
-  std::vector<PartRow> freeParts(const std::string& run, const std::string& worker,
+  bool publishParts(const RunPart& head, const std::string& worker,
+                    const std::vector<RunPart>& parts, const std::function<Date()>& until) override;
+  std::vector<PartRow> freeParts(const std::string& part, const std::string& worker,
                                  Date now) override;
   std::vector<PartRow> parts(const std::string& run) override;
-  int countUndone(const std::string& run) override;
+  int countUndone(const std::string& part) override;
   int countAllUndone(const std::string& run) override;
   std::optional<PartRow> latestPart(const std::string& run, Date now) override;
   bool take(const PartRow& row, const std::string& worker, Date until) override;
   bool mark(const RunPart& part, const std::string& worker, PartState state, Date until) override;
-  bool hold(const RunPart& part, const std::string& worker, Date until) override;
+  bool prolongInTransaction(const RunPart& part, const std::string& worker, Date until) override;
 
  private:
   std::vector<PartRow> read(const std::string& query);

@@ -20,9 +20,9 @@ constexpr const char* kInputLost =
     "code in the input and run the month again";
 
 void removeUndueSlips(UndueQuery query, RunServices& services, PagePayer& payer,
-                      const TakeReport& told) {
+                      const ReportSink& told) {
   for (;;) {
-    const auto slips = payer.doing([&] { return services.company.undueSlips(query); });
+    const auto slips = payer.retryOnLoss([&] { return services.company.undueSlips(query); });
     if (slips.empty()) return;
     query.afterNumber = slips.back().number;
     payer.remove(slips);
@@ -30,9 +30,9 @@ void removeUndueSlips(UndueQuery query, RunServices& services, PagePayer& payer,
   }
 }
 
-/// Some entries' employees are asked for at a time: the entries are in the order of their codes.
-void nameLostInput(const MonthPlan& plan, RunServices& services, PagePayer& payer,
-                   const TakeReport& told) {
+/// Asks for the employees in groups; the set is in the order of codes.
+void reportLostInput(const MonthPlan& plan, RunServices& services, PagePayer& payer,
+                     const ReportSink& told) {
   UnpaidSlips entered;
   for (const InputEntry& entry : plan.input.entries()) {
     entered.emplace(entry.employee, entry.payDate.dayNumber());
@@ -42,7 +42,7 @@ void nameLostInput(const MonthPlan& plan, RunServices& services, PagePayer& paye
     for (; next != entered.end() && gone.size() < kEmployeesAtOnce; ++next) gone.insert(*next);
     std::vector<std::string> codes;
     for (const auto& [code, payDate] : gone) codes.push_back(code);
-    const auto standing = payer.doing([&] { return services.company.employees(codes); });
+    const auto standing = payer.retryOnLoss([&] { return services.company.employees(codes); });
     for (const Employee& employee : standing) gone.erase(employee.code);
     Report report;
     for (const auto& [code, payDate] : gone) {
@@ -55,10 +55,10 @@ void nameLostInput(const MonthPlan& plan, RunServices& services, PagePayer& paye
 }  // namespace
 
 void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
-                      const TakeReport& told) {
+                      const ReportSink& told) {
   payer.catchUp();
-  const auto dates =
-      payer.doing([&] { return services.company.slipDates(plan.onlyType, plan.month.days()); });
+  const auto dates = payer.retryOnLoss(
+      [&] { return services.company.slipDates(plan.onlyType, plan.month.days()); });
   for (const SlipDate& date : dates) {
     if (plan.isFrozen(date.type, date.payDate)) continue;
     const SlipPeriod* period = plan.period(date.type, date.payDate);
@@ -68,14 +68,14 @@ void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& p
   }
 }
 
-void nameLeftOut(const MonthPlan& plan, RunServices& services, PagePayer& payer,
-                 const UnpaidSlips& named, const TakeReport& told) {
+void reportMissingSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
+                        const UnpaidSlips& named, const ReportSink& told) {
   for (const SlipPeriod& period : plan.periods) {
     if (period.frozen) continue;
     EmployeeQuery query{period.type, period.salary, "", kEmployeesAtOnce};
     for (;;) {
-      const auto employees =
-          payer.doing([&] { return services.company.employeesWithoutSlip(query, period.payDate); });
+      const auto employees = payer.retryOnLoss(
+          [&] { return services.company.employeesWithoutSlip(query, period.payDate); });
       if (employees.empty()) break;
       query.afterCode = employees.back().code;
       Report report;
@@ -88,7 +88,7 @@ void nameLeftOut(const MonthPlan& plan, RunServices& services, PagePayer& payer,
       told(report);
     }
   }
-  nameLostInput(plan, services, payer, told);
+  reportLostInput(plan, services, payer, told);
 }
 
 void noteUntypedEmployees(const MonthPlan& plan, RunServices& services, RunListener& listener) {
@@ -104,7 +104,7 @@ void noteUntypedEmployees(const MonthPlan& plan, RunServices& services, RunListe
 void noteLaterMonths(const MonthPlan& plan, RunServices& services, PagePayer& payer,
                      RunListener& listener) {
   const DaySpan rest{plan.month.lastDay().plusDays(1), Date::fromYmd(plan.month.year(), 12, 31)};
-  if (rest.empty() || !payer.doing([&] { return services.company.hasSlips(rest); })) return;
+  if (rest.empty() || !payer.retryOnLoss([&] { return services.company.hasSlips(rest); })) return;
   listener.note("later months of " + std::to_string(plan.month.year()) +
                 " are paid already: run them again, their tax builds on this month");
 }

@@ -6,18 +6,18 @@
 
 namespace kt7::payroll {
 
-/// Takes away slips of employees whom no period of theirs met: those who left, whose type changed,
-/// or whose pay date is none any more.
+/// Removes slips that are no longer due: of employees who left or changed type, and of pay dates
+/// that no longer exist.
 void removeUndueSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
-                      const TakeReport& told);
+                      const ReportSink& told);
 
-/// Names, and counts as failed, who is due a slip and has none, `named` aside: the code or the type
-/// was changed at a moment at which no page met the employee under either, or another process could
-/// not pay. So is who was named by the input and stands under that code no more.
-void nameLeftOut(const MonthPlan& plan, RunServices& services, PagePayer& payer,
-                 const UnpaidSlips& named, const TakeReport& told);
+/// Reports as failed the employees who are due a slip and have none, except those in `named`, who
+/// have been reported already. Their code or type changed while the month was paid, or another
+/// process could not pay them. The same for codes of the input that no longer exist.
+void reportMissingSlips(const MonthPlan& plan, RunServices& services, PagePayer& payer,
+                        const UnpaidSlips& named, const ReportSink& told);
 
-// What the run tells beside its slips.
+// Notes beside the slips.
 void noteUntypedEmployees(const MonthPlan& plan, RunServices& services, RunListener& listener);
 void noteLaterMonths(const MonthPlan& plan, RunServices& services, PagePayer& payer,
                      RunListener& listener);

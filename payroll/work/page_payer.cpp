@@ -12,7 +12,7 @@
 
 namespace kt7::payroll {
 
-/// What the run knows of the employees of a page.
+/// The records of the employees of a page.
 struct PagePayer::Records {
   std::map<std::string, std::vector<KnownSlip>> slips;
   std::map<std::string, PaySums> yearBefore;
@@ -54,16 +54,16 @@ PagePayer::PagePayer(const MonthPlan& plan, RunServices& services, SlipNumbers& 
 
 void PagePayer::pay(const Page& page) {
   report_.employees += static_cast<int>(page.employees.size());
-  // The slips of the periods before, which this one builds on, may be others' work.
+  // Other workers may have written the slips of earlier periods, on which this one builds.
   if (page.period != caughtUpFor_) catchUp();
   caughtUpFor_ = page.period;
   Report attempt;
-  Changes changes = recovery_.doing([&] {
+  Changes changes = recovery_.retryOnLoss([&] {
     attempt = Report();
     return make(page, attempt);
   });
   report_.append(attempt);
-  recovery_.doing([&] { numbers_.give(page, changes, services_); });
+  recovery_.retryOnLoss([&] { numbers_.give(page, changes, services_); });
   writer_.write(std::move(changes));
   for (const Slip& slip : page.standing) report_.standing(slip);
 }
@@ -86,7 +86,7 @@ PagePayer::Changes PagePayer::make(const Page& page, Report& attempt) {
   Records records = recordsOf(page, due);
   changes.reserve(due.size());
   for (const Employee* const employee : due) {
-    if (claim_ != nullptr) recovery_.repeating([&] { claim_->keep(); });
+    if (claim_ != nullptr) recovery_.retryOnLossOrConflict([&] { claim_->heartbeat(); });
     try {
       changes.push_back(changeOf(*employee, page, records));
     } catch (const Error& error) {
@@ -134,7 +134,7 @@ SlipChange PagePayer::changeOf(const Employee& employee, const Page& page, Recor
       if (plan_.month.days().contains(known.payDate)) restOfMonth += known.sums;
     }
   }
-  withdrawFirst(employee, change);
+  removeUndueFirst(employee, change);
   const bool last = isLast(employee, period, records.slips[employee.code]);
   const MonthClosing closing{records.yearBefore[employee.code], restOfMonth, leaves(employee)};
   change.slip =
@@ -148,8 +148,8 @@ SlipChange PagePayer::changeOf(const Employee& employee, const Page& page, Recor
   return change;
 }
 
-/// The length of a run of active periods must not count a slip that is about to go.
-void PagePayer::withdrawFirst(const Employee& employee, SlipChange& change) {
+/// Removes undue slips before the allowance is reckoned: it must not count their periods.
+void PagePayer::removeUndueFirst(const Employee& employee, SlipChange& change) {
   if (!attendance_.counts(employee.type) || change.removals.empty()) return;
   if (!writer_.write({{std::nullopt, change.removals}})) {
     throw NotPayable("a slip that is no longer due stands in the way");
@@ -157,7 +157,7 @@ void PagePayer::withdrawFirst(const Employee& employee, SlipChange& change) {
   change.removals.clear();
 }
 
-/// Whether a slip of the month stands for a period that does not pay the employee any more.
+/// Whether a slip of the month is of a period that no longer pays the employee.
 bool PagePayer::isUndue(const KnownSlip& slip, const Employee& owner) const {
   if (!plan_.month.days().contains(slip.payDate)) return false;
   if (!isOwn(slip) || plan_.isFrozen(slip.type, slip.payDate)) return false;
@@ -165,8 +165,8 @@ bool PagePayer::isUndue(const KnownSlip& slip, const Employee& owner) const {
   return period == nullptr || !isDue(owner, *period);
 }
 
-/// Whether no later period of the month pays the employee. A frozen one pays only whom it has paid
-/// already.
+/// Whether no later period of the month pays the employee. A frozen one counts only if it has paid
+/// the employee.
 bool PagePayer::isLast(const Employee& employee, const SlipPeriod& of,
                        const std::vector<KnownSlip>& slips) const {
   return std::none_of(plan_.periods.begin(), plan_.periods.end(), [&](const SlipPeriod& later) {
@@ -177,7 +177,7 @@ bool PagePayer::isLast(const Employee& employee, const SlipPeriod& of,
   });
 }
 
-/// Whether the employee has left before the days that the next month pays for begin.
+/// Whether the employee leaves before the first day that the next month pays.
 bool PagePayer::leaves(const Employee& employee) const {
   if (!employee.resignDate) return false;
   const auto next = plannedPeriods(plan_.type(employee.type), plan_.month.plus(1));

@@ -14,34 +14,34 @@
 
 namespace kt7::payroll {
 
-/// One worker: makes and writes the slips of a page after the other.
+/// One worker: makes and writes slips, page by page.
 class PagePayer {
  public:
-  /// Reads the rates. Everything outlives it. The claim is none where nobody else can take the
-  /// employees over.
+  /// Reads the rates. All arguments outlive it. `claim`: null if no other worker can take over the
+  /// employees.
   PagePayer(const MonthPlan& plan, RunServices& services, SlipNumbers& numbers,
             Claim* claim = nullptr);
 
-  /// Leaves the report. An Error where the database is lost, ClaimLost where the employees were
-  /// taken over; what holds is reported then too.
+  /// Adds to the report. An Error if the database is lost, ClaimLost if the employees were taken
+  /// over; the report then holds what was written before.
   void pay(const Page& page);
-  /// Takes slips away that nobody is due.
+  /// Removes slips that are no longer due.
   void remove(const std::vector<KnownSlip>& slips);
-  /// What happened since the last time it was asked.
+  /// What happened since the last call.
   Report takeReport() { return std::exchange(report_, Report()); }
-  /// What `work` answers, over lost connections.
+  /// As Recovery::retryOnLoss, counted in the report.
   template <typename Work>
-  auto doing(Work work) {
-    return recovery_.doing(std::move(work));
+  auto retryOnLoss(Work work) {
+    return recovery_.retryOnLoss(std::move(work));
   }
-  /// The same, over conflicts too.
+  /// As Recovery::retryOnLossOrConflict.
   template <typename Work>
-  auto repeating(Work work) {
-    return recovery_.repeating(std::move(work));
+  auto retryOnLossOrConflict(Work work) {
+    return recovery_.retryOnLossOrConflict(std::move(work));
   }
   void countConflict() { ++report_.outcome.conflicts; }
-  /// From here on it sees what other workers wrote.
-  void catchUp() { recovery_.repeating(services_.catchUp); }
+  /// Makes it see what other workers have committed (RunServices::catchUp).
+  void catchUp() { recovery_.retryOnLossOrConflict(services_.catchUp); }
 
  private:
   struct Records;
@@ -50,7 +50,7 @@ class PagePayer {
   Changes make(const Page& page, Report& attempt);
   Records recordsOf(const Page& page, const std::vector<const Employee*>& due);
   SlipChange changeOf(const Employee& employee, const Page& page, Records& records);
-  void withdrawFirst(const Employee& employee, SlipChange& change);
+  void removeUndueFirst(const Employee& employee, SlipChange& change);
   bool isUndue(const KnownSlip& slip, const Employee& owner) const;
   bool isLast(const Employee& employee, const SlipPeriod& of,
               const std::vector<KnownSlip>& slips) const;
@@ -68,8 +68,8 @@ class PagePayer {
   SlipGroupWriter writer_;
 };
 
-/// Whether the run wrote the slip. It writes over its own slips and takes them away, never those of
-/// another program.
+/// Whether the pay run wrote the slip. It replaces and removes only its own, never those of another
+/// program.
 bool isOwn(const KnownSlip& slip);
 
 }  // namespace kt7::payroll

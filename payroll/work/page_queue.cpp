@@ -5,13 +5,12 @@
 
 #include "payroll/facts/slip_period.h"
 #include "payroll/ports/run_services.h"
-#include "payroll/post/slip_change.h"
 
 namespace kt7::payroll {
 
 namespace {
 
-/// Pages that are under way or wait to be told, for each worker.
+/// Pages handed out and not reported, for each worker.
 constexpr std::size_t kPagesForEach = 4;
 
 }  // namespace
@@ -25,7 +24,7 @@ std::optional<Page> PageQueue::take(RunServices& services) {
     const SlipPeriod& period = plan_.periods[period_];
     if (!periodRead_) {
       if (!waitForRoom()) return std::nullopt;
-      Page page{0, &period, {}};
+      Page page{.period = &period, .employees = {}};
       if (readPage(services, page)) {
         const std::lock_guard lock(state_);
         page.index = handedOut_++;
@@ -68,7 +67,7 @@ bool PageQueue::waitForRoom() {
   return !stopped_;
 }
 
-/// Goes on to the next period once the slips of this one stand: the next one builds on them.
+/// Waits until the slips of this period are written, because the next period builds on them.
 bool PageQueue::nextPeriod() {
   std::unique_lock lock(state_);
   changed_.wait(lock, [this] { return stopped_ || finished_ == handedOut_; });
@@ -80,49 +79,10 @@ bool PageQueue::nextPeriod() {
   Report report;
   report.note("slip period " + period.name() + " is frozen: left alone");
   reports_.emplace(handedOut_++, std::move(report));
-  ++numbered_;
+  numbers_.skipPage();
   ++finished_;
   changed_.notify_all();
   return true;
-}
-
-void PageQueue::give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) {
-  {
-    std::unique_lock lock(state_);
-    changed_.wait(lock, [&] { return stopped_ || numbered_ == page.index; });
-    if (stopped_) throw RunAbandoned();
-  }
-  {
-    const std::lock_guard numbering(numbering_);
-    numberNew(changes, [&](const SlipChange& change) {
-      return ++lastSequence(change.slip->payDate, services);
-    });
-  }
-  const std::lock_guard lock(state_);
-  ++numbered_;
-  changed_.notify_all();
-}
-
-/// Behind the numbers that other workers of this process were given too.
-void PageQueue::replace(std::span<SlipChange> changes, RunServices& services) {
-  const std::lock_guard numbering(numbering_);
-  bool looked = false;
-  numberAnew(changes, [&](const SlipChange& change) {
-    const Date payDate = change.slip->payDate;
-    int& last = lastSequence(payDate, services);
-    if (!looked) last = std::max(last, lastSequenceOn(payDate, services.company));
-    looked = true;
-    return ++last;
-  });
-}
-
-int& PageQueue::lastSequence(Date payDate, RunServices& services) {
-  auto known = lastSequence_.find(payDate.dayNumber());
-  if (known == lastSequence_.end()) {
-    const int last = lastSequenceOn(payDate, services.company);
-    known = lastSequence_.emplace(payDate.dayNumber(), last).first;
-  }
-  return known->second;
 }
 
 void PageQueue::finish(const Page& page, Report report) {
@@ -134,10 +94,13 @@ void PageQueue::finish(const Page& page, Report report) {
 }
 
 void PageQueue::stop(std::exception_ptr reason) {
-  const std::lock_guard lock(state_);
-  if (!stopped_) reason_ = std::move(reason);
-  stopped_ = true;
-  changed_.notify_all();
+  {
+    const std::lock_guard lock(state_);
+    if (!stopped_) reason_ = std::move(reason);
+    stopped_ = true;
+    changed_.notify_all();
+  }
+  numbers_.stop();  // after the reason is set: the workers that it wakes stop the queue too
 }
 
 std::optional<Report> PageQueue::nextReport() {

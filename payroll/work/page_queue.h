@@ -4,46 +4,39 @@
 #include <exception>
 #include <map>
 #include <mutex>
-#include <stdexcept>
+#include <optional>
+#include <string>
 
 #include "payroll/month/month_plan.h"
 #include "payroll/ports/run_services.h"
-#include "payroll/post/slip_change.h"
 #include "payroll/post/report.h"
-#include "payroll/post/slip_numbers.h"
+#include "payroll/work/page_numbers.h"
 
 namespace kt7::payroll {
 
-/// Raised in workers that wait when another one stopped the run.
-class RunAbandoned : public std::runtime_error {
- public:
-  RunAbandoned() : std::runtime_error("the run was given up") {}
-};
-
-/// Hands the pages of a month out to workers and gives their reports back in the order of the
-/// pages, so that neither slip numbers nor the register depend on how many workers there are. A
-/// bounded number of pages is under way or waits to be told.
-class PageQueue : public SlipNumbers {
+/// Hands out the pages of a month to workers and gives back their reports in page order, so that
+/// the register does not depend on the number of workers. The number of pages handed out and not
+/// reported yet is limited.
+class PageQueue {
  public:
   PageQueue(const MonthPlan& plan, int workers);
 
-  /// The next page, read by the caller's services; none where all are handed out or the run
-  /// stopped. Pages of a period are handed out when those of the period before are finished.
+  /// Reads the next page with the caller's services; none after the last one or once the run has
+  /// stopped. A period begins when the pages of the one before are finished.
   std::optional<Page> take(RunServices& services);
-  /// Waits until all pages before have been numbered: numbers rise in the order of the pages.
-  void give(const Page& page, std::vector<SlipChange>& changes, RunServices& services) override;
-  void replace(std::span<SlipChange> changes, RunServices& services) override;
-  /// The page is done with, or given up.
+  /// Numbers the slips of the pages, in page order too.
+  SlipNumbers& numbers() { return numbers_; }
+  /// The page is paid, or given up.
   void finish(const Page& page, Report report);
-  /// A worker could not go on: nothing is handed out any more.
+  /// A worker failed: no more pages are handed out.
   void stop(std::exception_ptr reason);
 
-  /// The report of the next page in order, waited for; none after the last one or where the run
-  /// stopped before it.
+  /// Waits for the report of the next page in order; none after the last one, or if the run stopped
+  /// before that page was finished.
   std::optional<Report> nextReport();
-  /// The same where it is there already. When no worker is left, also reports behind a gap.
+  /// The same without waiting. If no worker is left, reports after a missing page too.
   std::optional<Report> readyReport(bool workersLeft = true);
-  /// Raises what stopped the run.
+  /// Raises the error that stopped the run, if any.
   void raiseReason() const;
 
  private:
@@ -52,12 +45,12 @@ class PageQueue : public SlipNumbers {
   bool waitForRoom();
   bool endReached();
   std::optional<Report> takeReport(std::map<std::size_t, Report>::iterator next);
-  int& lastSequence(Date payDate, RunServices& services);
 
   const MonthPlan& plan_;
   const std::size_t window_;
+  PageNumbers numbers_;
 
-  std::mutex reading_;  // who reads the next page; taken before state_
+  std::mutex reading_;  // held while a page is read; lock before state_
   std::size_t period_ = 0;
   std::string afterCode_;
   bool periodRead_ = false;
@@ -65,17 +58,13 @@ class PageQueue : public SlipNumbers {
   std::mutex state_;
   std::condition_variable changed_;
   std::size_t handedOut_ = 0;
-  std::size_t numbered_ = 0;
   std::size_t finished_ = 0;
   std::size_t told_ = 0;
-  std::size_t underWay_ = 0;  // pages that were handed out and not told
+  std::size_t underWay_ = 0;  // pages handed out and not reported
   bool allHandedOut_ = false;
   bool stopped_ = false;
   std::exception_ptr reason_;
   std::map<std::size_t, Report> reports_;
-
-  std::mutex numbering_;
-  std::map<std::int32_t, int> lastSequence_;  // by pay date
 };
 
 }  // namespace kt7::payroll

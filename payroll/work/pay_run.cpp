@@ -2,7 +2,7 @@
 
 #include <kt7/payroll/run_errors.h>
 #include "payroll/facts/slip_period.h"
-#include "payroll/month/other_runs.h"
+#include "payroll/month/competing_runs.h"
 #include "payroll/work/month_end.h"
 #include "payroll/work/told_slips.h"
 #include "payroll/work/worker_threads.h"
@@ -19,27 +19,29 @@ class MonthRun {
         listener_(listener),
         toldSlips_(listener),
         queue_(plan, 1),
-        payer_(madeOn(services,
-                      [&] { return std::make_unique<PagePayer>(plan, services, queue_); })) {}
+        payer_(buildWithRetry(services, [&] {
+          return std::make_unique<PagePayer>(plan, services, queue_.numbers());
+        })) {}
 
   RunOutcome run(int jobs, const NewWorker& newWorker) {
-    payer_->doing([&] { noteUntypedEmployees(plan_, services_, listener_); });
+    payer_->retryOnLoss([&] { noteUntypedEmployees(plan_, services_, listener_); });
     if (listener_.wantsProgress()) countWork();
     stopWhereAsked();
     if (jobs > 1 && newWorker) {
-      payByCrew(plan_, jobs, newWorker, [this](const Report& report) { tell(report); });
+      payByThreads(plan_, jobs, newWorker, [this](const Report& report) { tell(report); });
     } else {
       payAlone();
     }
     removeUndueSlips(plan_, services_, *payer_, [this](const Report& report) { tell(report); });
-    nameLeftOut(plan_, services_, *payer_, unpaid_, [this](const Report& report) { tell(report); });
+    reportMissingSlips(plan_, services_, *payer_, unpaid_,
+                       [this](const Report& report) { tell(report); });
     noteLaterMonths(plan_, services_, *payer_, listener_);
     return outcome_;
   }
 
  private:
   void payAlone() {
-    while (const auto page = payer_->doing([&] { return queue_.take(services_); })) {
+    while (const auto page = payer_->retryOnLoss([&] { return queue_.take(services_); })) {
       tellReady();
       try {
         payPage(*payer_, queue_, *page);
@@ -65,7 +67,7 @@ class MonthRun {
     stopWhereAsked();
   }
 
-  /// Once: what others have paid by then is told all the same.
+  /// Raises only once: what other workers have paid by then is still reported.
   void stopWhereAsked() {
     if (stopping_ || !listener_.wantsToStop()) return;
     stopping_ = true;
@@ -75,7 +77,7 @@ class MonthRun {
   void countWork() {
     for (const SlipPeriod& period : plan_.periods) {
       if (period.frozen) continue;
-      total_ += payer_->doing(
+      total_ += payer_->retryOnLoss(
           [&] { return services_.company.countEmployees(period.type, period.salary); });
     }
     listener_.progress(0, total_);
@@ -94,17 +96,17 @@ class MonthRun {
   bool stopping_ = false;
 };
 
-/// The notes of an attempt that a lost connection ended are not told twice.
+/// Records the notes of each attempt, so that those of a repeated one are told once.
 MonthPlan planned(const RunRequest& request, RunServices& services, RunListener& listener,
                   RunOutcome& outcome) {
   Report attempt;
   const auto plan = [&] {
     attempt = Report();
-    endOtherRuns(request, services);
+    endCompetingRuns(request, services);
     return planMonth(request, services, attempt, outcome);
   };
   try {
-    MonthPlan result = Recovery(services, outcome).repeating(plan);
+    MonthPlan result = Recovery(services, outcome).retryOnLossOrConflict(plan);
     attempt.tellTo(listener);
     return result;
   } catch (...) {

@@ -7,13 +7,12 @@
 
 namespace kt7::payroll {
 
-/// Pays a month: brings employee statuses and slip periods up to date, makes and posts the slip of
-/// every employee who is due one, and takes away slips of the month that are not due any more.
-/// Frozen periods stay as they are. Running it again gives the same slips and balances, whatever
-/// the number of jobs. With more than one, `newWorker` makes each of them its services. The data
-/// object's connection is opened and closed; slips are written some tens at a time, and one by one
-/// where that fails. RunStopped before anything is written, also where a shared run of the same
-/// employees is under way; RunInterrupted; an Error where the database is lost.
+/// Pays a month: updates employee statuses and slip periods, makes and posts the slip of every
+/// employee who is due one, and removes slips of the month that are no longer due. Frozen periods
+/// are left alone. Another run gives the same slips and balances, whatever the number of jobs.
+/// `newWorker` makes the services of each job if there are several. Opens and closes the data
+/// object's connection. RunStopped before any slip is written, also if a shared run of the same
+/// employees is under way; RunInterrupted; an Error if the database is lost.
 RunOutcome runMonth(const RunRequest& request, RunServices& services, RunListener& listener,
                     const NewWorker& newWorker = {});
 

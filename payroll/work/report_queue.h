@@ -10,7 +10,8 @@
 
 namespace kt7::payroll {
 
-/// Reports of several workers in the order in which they come; a worker waits while many are kept.
+/// Passes reports from several workers to one reader, in the order in which they arrive. A worker
+/// waits while the queue is full.
 class ReportQueue {
  public:
   explicit ReportQueue(int workers) : workers_(workers) {}
@@ -27,7 +28,7 @@ class ReportQueue {
     --workers_;
     changed_.notify_all();
   }
-  /// Somebody cannot go on; the workers end at their next look.
+  /// A worker or the reader failed; the workers end when they next ask stopped().
   void stop(std::exception_ptr reason) {
     const std::lock_guard lock(mutex_);
     if (!stopped_) reason_ = std::move(reason);
@@ -38,8 +39,8 @@ class ReportQueue {
     const std::lock_guard lock(mutex_);
     return stopped_;
   }
-  /// The next report; none when all workers have ended. `meanwhile` is called once a second that it
-  /// is waited for.
+  /// Waits for the next report; none when all workers have ended. Calls `meanwhile` once a second
+  /// while it waits.
   template <typename Meanwhile>
   std::optional<Report> next(Meanwhile meanwhile) {
     std::unique_lock lock(mutex_);
@@ -55,7 +56,7 @@ class ReportQueue {
     changed_.notify_all();
     return report;
   }
-  /// Raises what stopped a worker.
+  /// Raises the error that stopped the workers, if any.
   void raiseReason() const {
     if (reason_) std::rethrow_exception(reason_);
   }

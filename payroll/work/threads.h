@@ -5,7 +5,7 @@
 
 namespace kt7::payroll {
 
-/// Threads that have ended when it goes out of scope.
+/// Threads that are joined at the end of the scope.
 class Threads {
  public:
   Threads() = default;

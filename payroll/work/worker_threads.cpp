@@ -12,9 +12,9 @@ void work(const MonthPlan& plan, const NewWorker& newWorker, PageQueue& queue) {
     const auto worker = newWorker();
     RunServices& services = worker->services();
     const OpenData open(services.dataObj);
-    const auto payer =
-        madeOn(services, [&] { return std::make_unique<PagePayer>(plan, services, queue); });
-    while (const auto page = payer->doing([&] { return queue.take(services); })) {
+    const auto payer = buildWithRetry(
+        services, [&] { return std::make_unique<PagePayer>(plan, services, queue.numbers()); });
+    while (const auto page = payer->retryOnLoss([&] { return queue.take(services); })) {
       payPage(*payer, queue, *page);
     }
   } catch (...) {
@@ -34,15 +34,15 @@ void payPage(PagePayer& payer, PageQueue& queue, const Page& page) {
   queue.finish(page, payer.takeReport());
 }
 
-void payByCrew(const MonthPlan& plan, int workers, const NewWorker& newWorker,
-               const TakeReport& told) {
+void payByThreads(const MonthPlan& plan, int workers, const NewWorker& newWorker,
+                  const ReportSink& told) {
   PageQueue queue(plan, workers);
   Threads threads;
   threads.start(workers, [&] { work(plan, newWorker, queue); });
   try {
     while (const auto report = queue.nextReport()) told(*report);
   } catch (...) {
-    // Who takes the reports cannot go on, so nobody can.
+    // Without a reader of the reports the workers must not go on.
     queue.stop(std::current_exception());
   }
   threads.join();

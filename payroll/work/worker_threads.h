@@ -6,15 +6,15 @@
 
 namespace kt7::payroll {
 
-/// Pays one page of the queue and hands its report over, also where an error leaves.
+/// Pays one page of the queue and gives the queue its report, also if an error is raised.
 void payPage(PagePayer& payer, PageQueue& queue, const Page& page);
 
-/// Is passed every report in the order of the pages, in the caller's thread.
-using TakeReport = std::function<void(const Report& report)>;
+/// Receives the reports, in the caller's thread.
+using ReportSink = std::function<void(const Report& report)>;
 
-/// Pays the month's pages by that many workers, each in a thread of its own. The error that stopped
-/// one of them stops all and leaves when the last has ended; what holds has been told by then.
-void payByCrew(const MonthPlan& plan, int workers, const NewWorker& newWorker,
-               const TakeReport& told);
+/// Pays the month by that many workers, each in a thread of its own. An error in one of them stops
+/// all; it is raised when the last has ended and everything that was paid has been reported.
+void payByThreads(const MonthPlan& plan, int workers, const NewWorker& newWorker,
+                  const ReportSink& told);
 
 }  // namespace kt7::payroll

@@ -21,8 +21,8 @@ class Session {
   /// First column of the first row; null without a row. The text is prepared once and kept.
   virtual Value askOne(const std::string& sql, std::span<const std::string> parameters) = 0;
 
-  /// The form in which the engine keeps a value of a column of that kind; a database error for one
-  /// that it would not give back equal.
+  /// The form in which the engine stores a value of a column of that kind; a database error if the
+  /// engine could not return the same value.
   virtual Stored stored(const Value& value, ColumnKind kind) const = 0;
   /// Runs a fixed text with its "?" bound and answers how many rows it changed.
   virtual std::int64_t change(const std::string& sql, std::span<const Stored> values) = 0;
@@ -38,11 +38,11 @@ class Session {
   virtual void rollback() = 0;
   virtual bool inTransaction() const = 0;
 
-  /// Waits until what was committed anywhere in a cluster before is seen here; nothing on a single
+  /// Waits until this node has applied what other nodes of a cluster committed; nothing on a single
   /// server.
   virtual void catchUp() {}
 
-  /// How long an idle session is taken as it is; after that `usable` is asked first.
+  /// How long a session may be idle before `usable` is asked first.
   virtual std::chrono::seconds trustedIdleness() const { return std::chrono::seconds(30); }
   /// False when the connection should be dropped; it counts as lost then.
   virtual bool usable() = 0;

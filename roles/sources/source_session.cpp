@@ -112,7 +112,7 @@ std::int64_t SourceSession::madeKey(const std::string& sql) {
 Value SourceSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
   const std::vector<data::Stored> values(parameters.begin(), parameters.end());
   data::Snapshot rows;
-  const bool found = ask(fixed_.withLiterals(sql, values, dialectOf(engine_)), rows);
+  const bool found = ask(templates_.withLiterals(sql, values, dialectOf(engine_)), rows);
   return found ? rows.value(0, 0) : Value();
 }
 
@@ -122,7 +122,7 @@ data::Stored SourceSession::stored(const Value& value, data::ColumnKind kind) co
 }
 
 std::int64_t SourceSession::change(const std::string& sql, std::span<const data::Stored> values) {
-  const std::string& text = fixed_.withLiterals(sql, values, dialectOf(engine_));
+  const std::string& text = templates_.withLiterals(sql, values, dialectOf(engine_));
   return guarded(text, [&] { return source_->execute(text); });
 }
 
@@ -131,7 +131,7 @@ std::int64_t SourceSession::insert(const std::string& sql, std::span<const data:
   if (key.empty()) return change(sql, values), 0;
   if (engine_ == Engine::PostgreSql) {
     const std::string returning = sql + " RETURNING " + key;
-    return madeKey(fixed_.withLiterals(returning, values, dialectOf(engine_)));
+    return madeKey(templates_.withLiterals(returning, values, dialectOf(engine_)));
   }
   change(sql, values);
   return madeKey(engine_ == Engine::Sqlite ? "SELECT last_insert_rowid()"

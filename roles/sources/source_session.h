@@ -6,8 +6,8 @@
 #include <string>
 
 #include <kt7/roles/data_source.h>
-#include "roles/data/fixed_texts.h"
 #include "roles/data/session.h"
+#include "roles/data/statement_templates.h"
 #include "roles/sql/statement_text.h"
 
 namespace kt7::roles {
@@ -51,7 +51,7 @@ class SourceSession final : public data::Session {
   std::unique_ptr<DataSource> source_;
   Engine engine_;
   data::StatementText text_;
-  data::FixedTexts fixed_;
+  data::StatementTemplates templates_;
   std::map<std::string, std::string> primaryKeys_;
   bool begun_ = false;
   bool lost_ = false;

@@ -49,7 +49,7 @@ std::string HRObject::SelectEmployee2(DataObj& dataObj, AppObj& appObj, ClientOb
                                       const std::string& /*FieldTypeName*/,
                                       bool /*CheckAdminLevel*/,
                                       const std::string& /*FilterEmployeeType*/) {
-  // Intended: the last three arguments have no effect.
+  // Intended 18: the last three arguments have no effect.
   return self().SelectEmployee3(
       dataObj, appObj, clientObj, MultiSelect, ShowActiveOnly, DoFilterPermission, ShowDoSlipOnly,
       SortByDivision ? KT7EmployeeSortTypeDivName : KT7EmployeeSortTypeCode, UseDataFromSaleHolder,
@@ -113,7 +113,7 @@ std::string HRObject::SelectSection(DataObj& dataObj, const std::string& BranchC
   if (!DivisionCode.empty()) where += " AND TCBBTDivCode='" + DivisionCode + "'";
   if (!DepartmentCode.empty()) where += " AND TCBBTDepCode='" + DepartmentCode + "'";
   if (ShowProductionOnly) where += " AND TSecIsProduction=1";
-  // Intended: the bracket of the title stays empty.
+  // Intended 19: the bracket of the title stays empty.
   const PickerRequest request{"เลือกหน่วยงาน จากแผนก []",
                               "TSecCode",
                               "TSecCode,TSecName,TSecTDepCode",

@@ -37,7 +37,7 @@ int16_t serviceNumber(const std::string& service, std::size_t piece, Collaborato
 
 std::string HRObject::DateDifText(Date StartDate, Date ToDate) {
   const int16_t months = calendar::monthsBetween(StartDate, ToDate);
-  // Intended: the day field is counted from the anchor to itself and always 0.
+  // Intended 23: the day field is counted from the anchor to itself and always 0.
   return std::to_string(months / kMonthsPerYear) + "-" + std::to_string(months % kMonthsPerYear) +
          "-0";
 }

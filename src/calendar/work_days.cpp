@@ -31,7 +31,7 @@ bool HRObject::ISWorkDay(Date iDate, DataObj& dataObj, const std::string& Branhc
   const std::string branch = branchCode(Branhcode, collaborators_, dataObj);
   const std::string pattern = dataTool().LookupText("", 0, 0, "TBraCode", branch, "TBraHolidayList",
                                                     "KT7TBranch", dataObj.ConnectionString());
-  // Intended: a weekday that the pattern marks answers true, although the name says work day.
+  // Intended 24: a weekday that the pattern marks answers true, although the name says work day.
   return calendar::marksWeekday(pattern, iDate.weekday());
 }
 

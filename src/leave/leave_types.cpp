@@ -15,7 +15,7 @@ std::string listItem(ado::Recordset& leaveType, bool nameOnly) {
   return "Leave" + code + ";" + leaveType.get("TLvtName").joinedText();
 }
 
-/// Intended: a leave type that cannot be read is left out and the list goes on.
+/// Intended 20: a leave type that cannot be read is left out and the list goes on.
 void addItem(std::string& list, ado::Recordset& leaveType, bool nameOnly) {
   try {
     const std::string item = listItem(leaveType, nameOnly);
@@ -36,7 +36,7 @@ std::string HRObject::GetLeaveName(const std::string& ConnectionString, bool Nam
     leaveTypes.close();
     connection.close();
   } catch (const std::exception&) {
-    // Intended: whatever fails, the answer is what had been gathered so far.
+    // Intended 21: whatever fails, the answer is what had been gathered so far.
   }
   return list;
 }

@@ -5,13 +5,13 @@ namespace kt7 {
 int16_t HRObject::SumAmass(const std::string& /*TEmpCode*/, int32_t /*CheckGroup*/,
                            const std::string& /*TAmyCode*/, const std::string& /*TEPSNo*/,
                            const std::string& /*ConnectionString*/) {
-  return 0;  // Intended: published and without effect.
+  return 0;  // Intended 4: published and without effect.
 }
 
 int16_t HRObject::SumAmassTR(const std::string& /*TEmpCode*/, int32_t /*CheckGroup*/,
                              const std::string& /*TAmyCode*/, const std::string& /*TEPSNo*/,
                              ado::Connection& /*ConObj*/) {
-  return 0;  // Intended: published and without effect.
+  return 0;  // Intended 4: published and without effect.
 }
 
 int16_t HRObject::SumAmass2(const std::string& TEmpCode, int32_t CheckGroup,

@@ -21,8 +21,8 @@ struct ItemKind {
 /// column of the kind. Unlisted kinds go by income or not, and fixed or not.
 std::vector<std::string> amountColumns(const ItemKind& item);
 
-/// The totals that receive an item's amount. Intended: an accumulation counts into the total of all
-/// deductions too.
+/// The totals that receive an item's amount. Intended 2: an accumulation counts into the total of
+/// all deductions too.
 std::vector<std::string> totalColumns(std::optional<double> checkMoney);
 
 }  // namespace kt7::periods

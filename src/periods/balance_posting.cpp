@@ -76,7 +76,7 @@ void fillSlip(ado::Recordset& balance, ado::Recordset& item, const Posting& post
     return posting.dataTool.LookupDate("", 0, 0, "TEPSNo", posting.slipNumber, column,
                                        "KT7TEmpSlipDoc", posting.dataObj.Connection());
   };
-  slipDate("TEpsStartDate");  // Intended: the slip's span is looked up and not kept.
+  slipDate("TEpsStartDate");  // Intended 6: the slip's span is looked up and not kept.
   slipDate("TEpsEndDate");
   const Value workDays = item.get("TEPSTotalWorkDay");
   balance.set("TEATTotalDay", workDays);
@@ -100,7 +100,7 @@ void postItem(ado::Recordset& item, const Posting& posting) {
       balance->set(column, Currency());
     }
   }
-  // Intended: debit and credit both count, one of them being 0 as a rule.
+  // Intended 7: debit and credit both count, one of them being 0 as a rule.
   const Currency debit = moneyOf(item, "TSmbDebit");
   const Currency credit = moneyOf(item, "TSmbCrebit");
   const auto add = [&](const std::vector<std::string>& columns) {

@@ -26,7 +26,7 @@ int16_t HRObject::IsFirstPeriodOfMonth(const std::string& TSAPTEmTCode, Date TSA
 
 int16_t HRObject::IsFirstPeriodOfMonthTR(const std::string& TSAPTEmTCode, Date TSAPDate,
                                          DataObj& dataObj) {
-  // Intended: neither month nor order; whichever row of the year comes first decides.
+  // Intended 5: neither month nor order; whichever row of the year comes first decides.
   const std::string sql = dataTool().PrepareSql(
       "SELECT TSaPPeriodNo" + ofTypeAndYear(TSAPTEmTCode, TSAPDate), dataObj.DatabaseType());
   OpenRecordset periods(platform_, sql, dataObj.Connection());

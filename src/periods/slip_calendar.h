@@ -14,7 +14,7 @@ struct PayDates {
 };
 
 /// The pay date and the alternative date of a period in the month of `today`: the days counted from
-/// the start of the month, then moved day by day until the pay date lies in it. Intended: the
+/// the start of the month, then moved day by day until the pay date lies in it. Intended 3: the
 /// alternative date moves along and is never pulled into the month by itself.
 PayDates payDatesInMonth(Date today, std::int16_t payDay, std::int16_t customDay);
 

@@ -17,7 +17,7 @@ void EmployeeObject::SetTypeCode(const std::string& vData, DataObj& dataObj) {
   try {
     loadType(vData, dataObj);
   } catch (const std::exception&) {
-    // Intended: a type that cannot be loaded ends the call; what was set before stays set.
+    // Intended 16: a type that cannot be loaded ends the call; what was set before stays set.
   }
 }
 
@@ -52,7 +52,7 @@ void EmployeeObject::readTypeRow(ado::Recordset& type) {
   self().HourPerYear(number("TEmTHourPerYear"));
   self().SalaryType(toInt16(number("TEmTSalaryType")));
   calculateType_ = toInt16(number("TEmTCalculateType"));
-  // Intended: the stored hours a week and a month are not trusted; a day's hours decide.
+  // Intended 17: the stored hours a week and a month are not trusted; a day's hours decide.
   self().HourPerWeek(hoursOf(dayPerWeek_));
   self().HourPerMonth(hoursOf(dayPerMonth_));
 }

@@ -12,7 +12,7 @@ void EmployeeObject::SETSALARY(double iSalary1, double iSalary2, double Quantity
   } else if (iSalary2 == 0) {
     salFactor_ = 100;
   } else {
-    // Intended: the first salary is added to the ratio.
+    // Intended 15: the first salary is added to the ratio.
     salFactor_ = toSingle(roundedSalary(divide(iSalary2, iSalary1)) + iSalary1);
   }
   condition_ = 0;

@@ -120,7 +120,7 @@ int16_t HRObject::UpdatePostionTR(DataObj& dataObj, const std::string& TEmpCode,
   }
   history->set("TEHPTEmpCode", TEmpCode);
   history->set("TEHPStartDate", StartDate);
-  // Intended: the snapshot is the employee's stored record; the text arguments have no effect.
+  // Intended 14: the snapshot is the employee's stored record; the text arguments have no effect.
   EmployeeLookups employee(dataTool(), dataObj, TEmpCode);
   writeSnapshot(*history, employee);
   history->set("TEHPSalary", Salary);

@@ -39,7 +39,7 @@ void fillBranch(ado::Recordset& row, const records::OrganisationText& text, cons
                 Records& with) {
   row.set("TBraCode", text.code);
   row.set("TBraName", text.name);
-  row.set("TBraName", text.name2);  // Intended: a branch keeps its second name as its name.
+  row.set("TBraName", text.name2);  // Intended 12: a branch keeps its second name as its name.
   row.set("TBraDoccode", text.docCode);
   row.set("TBraTBrTAlias", "BRANCH");
   row.set("TBraTCmpCode", with.collaborators.settings().ReadSettingText(

@@ -25,7 +25,7 @@ void addWorkPeriod(Platform& platform, ado::Connection& connection,
   period.close();
 }
 
-/// Intended: a pay type that a user set on an existing weekday is reset.
+/// Intended 13: a pay type that a user set on an existing weekday is reset.
 void writeWeekday(Platform& platform, ado::Connection& connection, const std::string& code,
                   int32_t weekday) {
   OpenRecordset row(platform,

@@ -6,8 +6,8 @@
 namespace kt7::schema {
 
 /// The money columns of KT7TEmpAmassType that a new balance row starts with at 0, in the order in
-/// which they are written. Intended: the welfare columns 10 to 15 are created under an 18-character
-/// spelling and posted to under their full names.
+/// which they are written. Intended 1: the welfare columns 10 to 15 are created under an
+/// 18-character spelling and posted to under their full names.
 inline constexpr auto kAmassMoneyColumns = std::to_array<std::string_view>(
     {"TEATAddSalary",      "TEATSubSalary",      "TEATSubSalaryHol",   "TEATSubSalaryChild",
      "TEATAddOT",          "TEATSubOT",          "TEATSubOT15",        "TEATSubOT2",

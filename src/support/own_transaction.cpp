@@ -14,8 +14,8 @@ constexpr const char* kCannotSaveNow =
     "ไม่สามารถบันทึกข้อมูลได้ในขณะนี้ โปรดจดจำ หรือบันทึกข้อความต่อไปนี้ หรือ Print Screen "
     "เพื่อแจ้งให้กับผู้ดูแลระบบ - ";
 
-/// Where there is nothing to roll back that is the error, with what led to it for people to read.
-/// An error of a host's own kind may carry more than this one knows: it travels as it is.
+/// Rolls back. If that fails, its error is raised with the text of the first error added.
+/// An error class of the host's own may carry more than these fields: it is passed on as it is.
 void rollBackWhatNeverBegan(ado::Connection& connection, const std::string& cause) {
   try {
     connection.RollbackTrans();
@@ -26,8 +26,8 @@ void rollBackWhatNeverBegan(ado::Connection& connection, const std::string& caus
   }
 }
 
-/// Lets a connection go that may be lost: what fails now changes nothing any more, the engine has
-/// taken the transaction back or kept it.
+/// Rolls back or closes a connection that may be lost. Errors are dropped: they change nothing, the
+/// engine has rolled the transaction back or committed it.
 template <typename Act>
 void ignoringFailure(Act act) noexcept {
   try {

@@ -44,7 +44,7 @@ double expenseAllowance(double yearIncome, const Allowances& allowances);
 double projectedContribution(const MonthlyIncome& income, const Allowances& allowances);
 
 /// Net taxable income of the year: expense allowance, deductions and contributions taken off the
-/// year's income in their order, each rounded to a ten-thousandth first. Intended: study support
+/// year's income in their order, each rounded to a ten-thousandth first. Intended 9: study support
 /// counts twice.
 Currency netIncome(double yearIncome, double expenses, double contribution,
                    const Deductions& deductions, Currency socialSecurityPaid);
@@ -54,7 +54,7 @@ Currency netIncome(double yearIncome, double expenses, double contribution,
 double monthlyTax(double taxWithBonus, double taxWithoutBonus, Currency withheld,
                   std::int16_t monthsToCome);
 
-/// The tax less the last digit of its whole-number value: 1234.56 gives 1229.56. Intended: the
+/// The tax less the last digit of its whole-number value: 1234.56 gives 1229.56. Intended 10: the
 /// digit is that of the rounded value, so the result is not always a multiple of ten.
 double trimmedByLastDigit(double tax);
 

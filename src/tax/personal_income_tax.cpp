@@ -23,7 +23,7 @@ void readSocialSecurity(tax::Allowances& allowances, SettingStore& settings, Dat
   const auto setting = [&](const char* key) {
     return settings.GetNumberSetting(key, dataObj.ConnectionString());
   };
-  setting(setting_name::kSelfAllowance);  // Intended: read and without effect.
+  setting(setting_name::kSelfAllowance);  // Intended 8: read and without effect.
   allowances.socialSecurityMinPay = setting(setting_name::kSocialSecurityMinPay);
   allowances.socialSecurityMaxPay = setting(setting_name::kSocialSecurityMaxPay);
   allowances.socialSecurityPercent = setting(setting_name::kSocialSecurityPercent);
@@ -88,7 +88,7 @@ float HRObject::CalcPTAX4(DataObj& dataObj, Currency iTaxBase, Currency iBonus, 
   const double expenses = tax::expenseAllowance(yearIncome, allowances);
   readSocialSecurity(allowances, settings(), dataObj);
   const double contribution = tax::projectedContribution(income, allowances);
-  Donation = Currency();  // Intended: a donation never reduces the tax.
+  Donation = Currency();  // Intended 11: a donation never reduces the tax.
   const Currency net = tax::netIncome(yearIncome, expenses, contribution,
                                       {CutWaive, Reduce, CutStudySup, Donation}, LastSSO);
 

@@ -37,9 +37,18 @@ class Plan2026 : public PaidCompany {
     StoreWorker worker(platform_, dataObj);
     OtherPeriods hr(platform_, change);
     const RunServices& own = worker.services();
-    RunServices services{hr,          own.dataObj,    own.utility,     own.settings,
-                         own.company, own.book,       own.leases,      own.newProfile,
-                         own.now,     own.messagesOf, own.showMessage, own.reconnect};
+    RunServices services{.hr = hr,
+                         .dataObj = own.dataObj,
+                         .utility = own.utility,
+                         .settings = own.settings,
+                         .company = own.company,
+                         .book = own.book,
+                         .leases = own.leases,
+                         .newProfile = own.newProfile,
+                         .now = own.now,
+                         .messagesOf = own.messagesOf,
+                         .showMessage = own.showMessage,
+                         .reconnect = own.reconnect};
     try {
       told.outcome = runMonth(request, services, told);
     } catch (const RunStopped& stopped) {

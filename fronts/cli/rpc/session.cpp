@@ -76,7 +76,7 @@ Session::Session(const SessionOptions& options)
   }
   if (options.showMessage) platform_.setMessageView(options.showMessage);
   dataObj_.OpenConnection();
-  schema::requireCompany(dataObj_.Connection(), schema::Maker::Any);
+  schema::requireCompany(dataObj_.Connection(), schema::SchemaOwner::Any);
   opens_ = dataObj_.opens();
 }
 

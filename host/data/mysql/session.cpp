@@ -280,7 +280,7 @@ const MysqlSession::Shape& MysqlSession::shapeOf(MYSQL_RES& result) {
 
 Value MysqlSession::askOne(const std::string& sql, std::span<const std::string> parameters) {
   const std::vector<Stored> values(parameters.begin(), parameters.end());
-  run(fixed_.withLiterals(sql, values, kMysqlDialect), sql);
+  run(templates_.withLiterals(sql, values, kMysqlDialect), sql);
   Snapshot rows;
   readRows(sql, rows);
   return rows.rowCount() == 0 ? Value() : rows.value(0, 0);
@@ -291,7 +291,7 @@ Stored MysqlSession::stored(const Value& value, ColumnKind kind) const {
 }
 
 std::int64_t MysqlSession::change(const std::string& sql, std::span<const Stored> values) {
-  run(fixed_.withLiterals(sql, values, kMysqlDialect), sql);
+  run(templates_.withLiterals(sql, values, kMysqlDialect), sql);
   return static_cast<std::int64_t>(mysql_affected_rows(connection_.get()));
 }
 

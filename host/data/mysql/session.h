@@ -5,8 +5,8 @@
 #include <map>
 #include <vector>
 
-#include "roles/data/fixed_texts.h"
 #include "roles/data/session.h"
+#include "roles/data/statement_templates.h"
 #include "roles/sql/statement_text.h"
 
 namespace kt7::data {
@@ -77,7 +77,7 @@ class MysqlSession final : public Session {
   std::string firstCause_;  // of a transaction that the server rolled back
   bool refused_ = false;    // to commit it: the caller may still roll it back
   StatementText text_;
-  FixedTexts fixed_;
+  StatementTemplates templates_;
   std::vector<std::unique_ptr<const Shape>> shapes_;  // of results that were read, often used first
   std::map<std::string, std::string> primaryKeys_;
 };

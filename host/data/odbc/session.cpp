@@ -162,7 +162,7 @@ void OdbcSession::query(const std::string& sql, Snapshot& rows) {
 }
 
 const std::string& OdbcSession::inlined(const std::string& sql, std::span<const Stored> values) {
-  return fixed_.withLiterals(sql, values, dialect_);
+  return templates_.withLiterals(sql, values, dialect_);
 }
 
 Value OdbcSession::askOne(const std::string& sql, std::span<const std::string> parameters) {

@@ -4,8 +4,8 @@
 
 #include <kt7/engine.h>
 #include "host/data/odbc/handle.h"
-#include "roles/data/fixed_texts.h"
 #include "roles/data/session.h"
+#include "roles/data/statement_templates.h"
 #include "roles/sql/statement_text.h"
 
 namespace kt7::data {
@@ -66,7 +66,7 @@ class OdbcSession final : public Session {
   std::string firstCause_;  // of a transaction that the engine rolled back
   bool refused_ = false;    // to commit it: the caller may still roll it back
   StatementText text_;
-  FixedTexts fixed_;
+  StatementTemplates templates_;
   std::string buffer_;
   std::vector<ColumnKind> kinds_;
   std::vector<int> decimals_;

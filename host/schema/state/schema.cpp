@@ -25,14 +25,14 @@ void dropEverything(ado::Connection& connection, Engine engine) {
   }
 }
 
-/// Where every statement that makes something commits, what was made is taken away on an error.
-class TakenBack {
+/// Drops what was made if an error leaves, on engines that commit every CREATE by itself.
+class DropOnFailure {
  public:
-  TakenBack(ado::Connection& connection, Engine engine)
+  DropOnFailure(ado::Connection& connection, Engine engine)
       : connection_(connection), engine_(engine) {}
-  TakenBack(const TakenBack&) = delete;
-  TakenBack& operator=(const TakenBack&) = delete;
-  ~TakenBack() {
+  DropOnFailure(const DropOnFailure&) = delete;
+  DropOnFailure& operator=(const DropOnFailure&) = delete;
+  ~DropOnFailure() {
     if (kept_ || !keepsEveryStep(engine_)) return;
     try {
       dropEverything(connection_, engine_);
@@ -87,7 +87,7 @@ void createSchema(ado::Connection& connection, Engine engine, Content content) {
                          "; the tables are made in an empty database only");
   }
   requireUnicode(connection, engine);
-  TakenBack takenBack(connection, engine);
+  DropOnFailure dropOnFailure(connection, engine);
   const std::vector<std::string> texts = creationTexts(connection, engine);
   MakingTransaction transaction(connection, engine);
   for (const std::string& statement : texts) connection.Execute(statement);
@@ -96,7 +96,7 @@ void createSchema(ado::Connection& connection, Engine engine, Content content) {
   if (content == Content::Sample) loadSampleTR(connection);
   writeSchemaVersion(connection, kSchemaVersion);
   transaction.commit();
-  takenBack.keep();
+  dropOnFailure.keep();
 }
 
 void completeSchema(ado::Connection& connection, Engine engine) {

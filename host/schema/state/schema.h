@@ -11,7 +11,7 @@
 
 namespace kt7::schema {
 
-/// What stands in a database, as far as this system goes.
+/// What a database holds of this system.
 struct SchemaState {
   enum class Kind {
     Absent,         // none of our tables and views
@@ -45,20 +45,20 @@ class KT7_API UnfitDatabase : public Error {
 /// UnfitDatabase unless the database holds a company of this version.
 void requireCurrentSchema(ado::Connection& connection, Engine engine);
 
-/// Whose databases are taken.
-enum class Maker { Own, Any };
+/// Whose databases requireCompany accepts.
+enum class SchemaOwner { Own, Any };
 
 /// The same by a single question where the version is right, for whoever opens a company to work on
-/// it. Maker::Any lets through what has no KT7TSchema: another program keeps it, or nothing is
-/// there.
-void requireCompany(ado::Connection& connection, Maker maker = Maker::Own);
+/// it. SchemaOwner::Any lets through what has no KT7TSchema: another program keeps it, or nothing
+/// is there.
+void requireCompany(ado::Connection& connection, SchemaOwner owner = SchemaOwner::Own);
 
 /// True where the database already holds a table or view of this system, whole schema or not.
 bool hasSchema(ado::Connection& connection, Engine engine);
 
 /// The version kept in KT7TSchema; 0 where none is, a database error where there is no such table.
 int schemaVersion(ado::Connection& connection);
-/// Keeps it there. kCopyMark while a copy is under way.
+/// Writes the version there; kCopyMark while a copy is under way.
 void writeSchemaVersion(ado::Connection& connection, int version);
 inline constexpr int kCopyMark = -1;
 

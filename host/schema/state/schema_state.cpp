@@ -132,14 +132,14 @@ void requireCurrentSchema(ado::Connection& connection, Engine engine) {
   if (state.kind != SchemaState::Kind::Current) throw UnfitDatabase(state);
 }
 
-void requireCompany(ado::Connection& connection, Maker maker) {
+void requireCompany(ado::Connection& connection, SchemaOwner owner) {
   try {
     if (schemaVersion(connection) == kSchemaVersion) return;
   } catch (const Error&) {
     // Most likely there is no such table: the look below tells.
   }
   const Engine engine = data::engineOn(connection);
-  if (maker == Maker::Any && !readCatalogue(connection, engine).holds("KT7TSchema")) return;
+  if (owner == SchemaOwner::Any && !readCatalogue(connection, engine).holds("KT7TSchema")) return;
   requireCurrentSchema(connection, engine);
 }
 

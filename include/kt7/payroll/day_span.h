@@ -6,7 +6,7 @@
 
 namespace kt7::payroll {
 
-/// Whole days from the first to the last, both included; empty where the last comes first.
+/// Whole days from the first to the last, both included; empty if the last is before the first.
 struct DaySpan {
   Date first;
   Date last;
@@ -23,7 +23,7 @@ struct DaySpan {
   friend bool operator==(const DaySpan&, const DaySpan&) = default;
 };
 
-/// The days that lie in both.
+/// The days in both spans.
 inline DaySpan common(const DaySpan& a, const DaySpan& b) {
   return {std::max(a.first, b.first), std::min(a.last, b.last)};
 }

@@ -4,7 +4,7 @@
 
 namespace kt7::payroll {
 
-/// A row of the month's input file, as its texts stand there.
+/// A row of the month's input, as text.
 struct InputRow {
   int line = 0;  // in the file, for messages
   std::string employee;
@@ -12,7 +12,7 @@ struct InputRow {
   std::string kind;      // in any letter case
   std::string quantity;  // days or hours
   std::string amount;    // baht
-  std::string problem;   // what makes it no row at all; "" for a row that could be read
+  std::string problem;   // why the row could not be read; "" if it could
 };
 
 }  // namespace kt7::payroll

@@ -40,8 +40,8 @@ inline constexpr std::string_view kFundEmployer = "SFUNDCO";
 inline constexpr std::string_view kTax = "PTAX";
 }  // namespace kind
 
-/// The kind of that code, in upper case. One that is not listed is an income by amount, whose name
-/// is its code; nothing is kept of `code`, the result's texts last only as long as it does.
+/// The kind of that code, given in upper case. An unlisted code is an income by amount, named by
+/// its code. The result's views refer to `code`.
 KT7_API ItemKind itemKind(std::string_view code);
 
 }  // namespace kt7::payroll

@@ -13,22 +13,24 @@
 
 namespace kt7::payroll {
 
-/// What a front gives one worker: a platform and a data object of its own.
+/// What a host gives each worker: a platform and a data object of its own.
 struct Workplace {
   std::unique_ptr<Platform> platform;
   std::unique_ptr<DataObj> dataObj;
-  /// As RunServices::catchUp, of this or any other data object of the front.
+  /// On a cluster: waits until the data object's node has applied what other nodes committed.
   std::function<void(DataObj&)> catchUp = {};
 };
 using NewWorkplace = std::function<Workplace()>;
 
-/// runMonth on a host's platform and data object. The platform's clock says when the run takes
-/// place: it must stand in the month. More jobs than one need a workplace for each; one more is
-/// made to learn how the host catches up.
+/// Pays a month on a host's platform and data object. The date of the platform's clock must lie in
+/// the month. Several jobs need `newWorkplace`, which is called once for each and once more for its
+/// `catchUp`. RunStopped before any slip is written; RunInterrupted; an Error if the database is
+/// lost.
 KT7_API RunOutcome payMonth(Platform& platform, DataObj& dataObj, const RunRequest& request,
                             RunListener& listener, const NewWorkplace& newWorkplace = {});
 
-/// runSharedMonth in workplaces of its own, one more than the request has jobs.
+/// The same together with other processes (RunRequest::sharing); `newWorkplace` is called once for
+/// each job and once more. Also RunSuperseded.
 KT7_API RunOutcome paySharedMonth(const RunRequest& request, RunListener& listener,
                                   const NewWorkplace& newWorkplace);
 

@@ -46,15 +46,15 @@ class KT7_API SharedRunUnderWay : public RunStopped {
   std::string atWork_;
 };
 
-/// A listener wanted the run to end. What was told as paid is paid.
+/// A listener ended the run. Slips that were reported as paid are paid.
 class KT7_API RunInterrupted : public std::runtime_error {
  public:
   RunInterrupted() : std::runtime_error("the run was interrupted") {}
 };
 
-/// A shared run went on without a process that had begun to work on it and did not answer for
-/// longer than its lease: it was begun anew with other input, ended otherwise, or given up. What
-/// the process paid until then was kept; what it was about to pay was not.
+/// A process of a shared run did not answer for longer than its lease, and meanwhile the run was
+/// begun anew with other input, ended, or given up. What the process had paid stays paid; it wrote
+/// nothing after that.
 class KT7_API RunSuperseded : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;

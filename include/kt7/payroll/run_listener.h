@@ -7,22 +7,22 @@
 
 namespace kt7::payroll {
 
-/// Hears what the run does, while it does it.
+/// Is told what a run does, as it happens.
 class KT7_API RunListener {
  public:
   virtual ~RunListener() = default;
 
-  /// A slip that now stands in the database.
+  /// A slip that was written and committed.
   virtual void paid(const Slip& slip) = 0;
-  /// A slip of a frozen period, which stands as it was paid.
+  /// A slip of a frozen period, unchanged.
   virtual void standing(const Slip& /*slip*/) {}
   virtual void note(const std::string& text) = 0;
   /// An employee who was not paid on that date, and why.
   virtual void failed(const std::string& employee, Date payDate, const std::string& cause) = 0;
-  /// Whether progress is worth counting the employees for.
+  /// Whether to call `progress`, which costs a count of the employees.
   virtual bool wantsProgress() const { return false; }
   virtual void progress(int /*done*/, int /*total*/) {}
-  /// Whether the run is to end before it is done. Asked between pages and while it waits.
+  /// Whether to end the run early. Asked between pages and while the run waits.
   virtual bool wantsToStop() const { return false; }
 };
 

@@ -9,9 +9,9 @@ struct KT7_API RunOutcome {
   int paid = 0;
   int failed = 0;  // slips that were due and could not be made or written
   int removed = 0;
-  int conflicts = 0;  // units of work that another connection was in the way of
-  int losses = 0;     // connections that were lost
-  int retries = 0;    // units of work that were repeated, for whatever reason
+  int conflicts = 0;  // transactions that met another connection's
+  int losses = 0;     // lost connections
+  int retries = 0;    // transactions that were repeated, for any reason
 
   RunOutcome& operator+=(const RunOutcome& other);
 };

@@ -9,11 +9,11 @@
 
 namespace kt7::payroll {
 
-/// How a process takes part in a run that several share.
+/// How a process takes part in a shared run.
 struct Sharing {
   std::string name;       // of the process, for people
-  int leaseSeconds = 60;  // after so long without a sign of life its part is taken over
-  int employees = 200;    // of a part
+  int leaseSeconds = 60;  // a part without a renewal for so long may be taken over
+  int employees = 200;    // in a part
 };
 
 /// A month to be paid.
@@ -21,7 +21,7 @@ struct RunRequest {
   Month month;
   std::string type;  // "" for all types in use
   std::vector<InputRow> input;
-  int jobs = 1;  // workers that pay at a time
+  int jobs = 1;  // workers at a time
   std::optional<Sharing> sharing = {};
 };
 

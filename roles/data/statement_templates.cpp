@@ -1,4 +1,4 @@
-#include "roles/data/fixed_texts.h"
+#include "roles/data/statement_templates.h"
 
 #include "roles/data/server_values.h"
 
@@ -10,9 +10,10 @@ constexpr std::size_t kKeptTexts = 128;
 
 }  // namespace
 
-FixedTexts::FixedTexts() : kept_(kKeptTexts) {}
+StatementTemplates::StatementTemplates() : kept_(kKeptTexts) {}
 
-FixedTexts::Pieces FixedTexts::piecesOf(const std::string& sql, const Dialect& dialect) {
+StatementTemplates::Pieces StatementTemplates::piecesOf(const std::string& sql,
+                                                        const Dialect& dialect) {
   StatementText rewritten;
   rewritten.read(sql, dialect);
   const std::string_view text = rewritten.text();
@@ -29,8 +30,9 @@ FixedTexts::Pieces FixedTexts::piecesOf(const std::string& sql, const Dialect& d
   return pieces;
 }
 
-const std::string& FixedTexts::withLiterals(const std::string& sql, std::span<const Stored> values,
-                                            const Dialect& dialect) {
+const std::string& StatementTemplates::withLiterals(const std::string& sql,
+                                                    std::span<const Stored> values,
+                                                    const Dialect& dialect) {
   refuseZeroCharacters(sql, values);
   const Pieces* known = kept_.find(sql);
   if (known == nullptr) known = &kept_.keep(sql, piecesOf(sql, dialect));

@@ -1,4 +1,4 @@
-#include "payroll/month/other_runs.h"
+#include "payroll/month/competing_runs.h"
 
 #include <kt7/payroll/run_errors.h>
 #include <kt7/payroll/run_request.h>
@@ -12,53 +12,53 @@ namespace {
 
 constexpr const char* kNobody = "given up";
 
-/// False where somebody was quicker.
+/// False if another worker took the head.
 bool giveUp(const PartRow& head, RunLeases& leases) {
   PartRow given = head;
-  given.part.to.clear();
+  given.part.fingerprint.clear();
   const Date now = leases.now();
   if (!leases.take(given, kNobody, now)) return false;
-  return leases.lay(given.part, kNobody, {}, [now] { return now; });
+  return leases.publishParts(given.part, kNobody, {}, [now] { return now; });
 }
 
 }  // namespace
 
-std::optional<PartRow> signOfLife(const PartRow& head, RunLeases& leases) {
+std::optional<PartRow> activeLease(const PartRow& head, RunLeases& leases) {
   const Date now = leases.now();
   std::optional<PartRow> latest = head;  // somebody plans
   if (head.state == PartState::Done) {
-    if (leases.countAllUndone(head.part.run) == 0) return std::nullopt;
-    latest = leases.latestPart(head.part.run, now);
+    if (leases.countAllUndone(head.part.name) == 0) return std::nullopt;
+    latest = leases.latestPart(head.part.name, now);
   }
   return latest && isHeld(latest->until, now) ? latest : std::nullopt;
 }
 
-std::string whoHas(const PartRow& row) {
-  // Behind the last blank stands what tells workers of one process apart.
+std::string leaseHolder(const PartRow& row) {
+  // The part after the last blank tells the workers of one process apart.
   const std::string process = row.worker.substr(0, row.worker.rfind(' '));
   return (process.empty() ? "a process that is about to begin" : process) + ", who has until " +
          row.until.isoDateTimeText() + " (UTC)";
 }
 
-std::string whoHasPart(const std::string& run, const std::string& parts, RunLeases& leases) {
+std::string partHolder(const std::string& run, const std::string& parts, RunLeases& leases) {
   for (const PartRow& row : leases.parts(run)) {
-    if (row.part.run == parts && row.state == PartState::Taken) return whoHas(row);
+    if (row.part.name == parts && row.state == PartState::Taken) return leaseHolder(row);
   }
   return {};
 }
 
-void endOtherRuns(const RunRequest& request, RunServices& services) {
+void endCompetingRuns(const RunRequest& request, RunServices& services) {
   RunLeases& leases = services.leases;
   const std::string all = runName(request.month, "");
   const std::string own = runName(request.month, request.type);
   services.catchUp();
   for (const PartRow& head : leases.heads(request.month)) {
-    const std::string& other = head.part.run;
+    const std::string& other = head.part.name;
     if (other == own ? request.sharing.has_value() : other != all && own != all) continue;
     const bool ended = head.state == PartState::Done && leases.countAllUndone(other) == 0;
-    const auto working = signOfLife(head, leases);
+    const auto working = activeLease(head, leases);
     if (ended || (!working && giveUp(head, leases))) continue;
-    throw SharedRunUnderWay(other, working ? whoHas(*working) : "");
+    throw SharedRunUnderWay(other, working ? leaseHolder(*working) : "");
   }
 }
 

@@ -10,11 +10,11 @@
 
 namespace kt7::data {
 
-/// Fixed texts with "?" for an engine that gets their values as literals: each is put into the
-/// engine's words once and kept.
-class FixedTexts {
+/// Statements with "?" for an engine that takes values as literals: each is translated into the
+/// engine's dialect once and kept.
+class StatementTemplates {
  public:
-  FixedTexts();
+  StatementTemplates();
 
   /// The statement with literals in the place of its "?", valid until the next call. A statement
   /// error for another number of values than it takes and for a text with a zero character.
@@ -22,7 +22,7 @@ class FixedTexts {
                                   const Dialect& dialect);
 
  private:
-  /// What stands between the "?", one piece more than there are of them.
+  /// The text before, between and after the "?": one piece more than there are "?".
   using Pieces = std::vector<std::string>;
   static Pieces piecesOf(const std::string& sql, const Dialect& dialect);
 

@@ -6,16 +6,16 @@
 
 namespace kt7::payroll {
 
-/// A worker that waits for another one says for whom, once it has waited for some seconds and again
-/// when it waits for somebody else.
-class Waiting {
+/// Says whom a worker is waiting for: once it has waited for some seconds, and again when it waits
+/// for another one.
+class WaitNotice {
  public:
   using Clock = std::chrono::steady_clock;
 
-  /// One more look that found the worker waiting. `whom` is asked once it is time to say so, and
-  /// answers "" where nobody can be named.
+  /// Call at every look that finds the worker still waiting. `whom` is asked when a notice is due;
+  /// it answers "" if nobody is known.
   template <typename Whom, typename Say>
-  void on(Whom whom, Say say) {
+  void stillWaiting(Whom whom, Say say) {
     constexpr std::chrono::seconds kQuiet(2);
     const auto now = Clock::now();
     if (!asked_) asked_ = now;
@@ -26,7 +26,7 @@ class Waiting {
     said_ = name;
     say("waiting for " + name);
   }
-  void ends() { asked_.reset(); }
+  void end() { asked_.reset(); }
 
  private:
   std::optional<Clock::time_point> asked_;

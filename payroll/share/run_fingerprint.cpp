@@ -1,4 +1,4 @@
-#include "payroll/share/agreement.h"
+#include "payroll/share/run_fingerprint.h"
 
 #include <kt7/payroll/input_row.h>
 #include <kt7/payroll/run_request.h>
@@ -10,7 +10,7 @@ namespace {
 
 constexpr char kBeforePlan = '/';
 
-/// Many texts as a short one. FNV-1a.
+/// FNV-1a of several texts.
 class Digest {
  public:
   Digest& add(const std::string& text) {
@@ -36,7 +36,7 @@ std::string digestOf(const MonthPlan& plan) {
 
 }  // namespace
 
-std::string agreementOf(const RunRequest& request) {
+std::string requestFingerprint(const RunRequest& request) {
   Digest digest;
   digest.add(request.type);
   for (const InputRow& row : request.input) {
@@ -45,16 +45,18 @@ std::string agreementOf(const RunRequest& request) {
   return digest.text();
 }
 
-std::string agreedPlan(const std::string& agreement, const MonthPlan& plan) {
-  return agreement + kBeforePlan + digestOf(plan);
+std::string runFingerprint(const std::string& requestFingerprint, const MonthPlan& plan) {
+  return requestFingerprint + kBeforePlan + digestOf(plan);
 }
 
 bool isPlanned(const PartRow& head) {
-  return head.state == PartState::Done && head.part.to.find(kBeforePlan) != std::string::npos;
+  return head.state == PartState::Done &&
+         head.part.fingerprint.find(kBeforePlan) != std::string::npos;
 }
 
-bool isAgreed(const PartRow& head, const std::string& agreement) {
-  return head.part.to.substr(0, head.part.to.find(kBeforePlan)) == agreement;
+bool isOfRequest(const PartRow& head, const std::string& requestFingerprint) {
+  return head.part.fingerprint.substr(0, head.part.fingerprint.find(kBeforePlan)) ==
+         requestFingerprint;
 }
 
 }  // namespace kt7::payroll
