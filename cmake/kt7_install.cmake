@@ -37,16 +37,25 @@ function(kt7_install_component component library summary)
   return(PROPAGATE kt7_built_components)
 endfunction()
 
-# The shared form of a static library: all of it, with what is not marked KT7_API hidden. The other
-# shared libraries come first, so that only what they hide is taken from the static ones again.
+# The shared form of a static library: all of it, with what is not marked KT7_API hidden. The shared
+# libraries that it stands on come first and count although nothing has asked for them yet, which
+# --as-needed, a compiler's default on some systems, would prevent: whatever they show is theirs, and
+# only small functions that they hide are taken from the static ones. A second copy of the list of
+# drivers would be one that nobody reads.
 function(kt7_add_shared library)
   set(needed ${ARGN})
-  list(TRANSFORM needed APPEND _shared)
+  foreach(other IN LISTS ARGN)
+    get_target_property(below ${other}_shared KT7_STANDS_ON)
+    list(APPEND needed ${below})
+  endforeach()
+  list(TRANSFORM needed APPEND _shared OUTPUT_VARIABLE needed_shared)
   set(source ${PROJECT_BINARY_DIR}/${library}_shared.cpp)
   file(CONFIGURE OUTPUT ${source} CONTENT "")
   add_library(${library}_shared SHARED ${source})
-  target_link_libraries(${library}_shared PUBLIC ${needed}
-                        PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${library}>)
+  target_link_options(${library}_shared PRIVATE LINKER:--no-as-needed)
+  target_link_libraries(${library}_shared PUBLIC ${needed_shared}
+                        PRIVATE -Wl,--as-needed $<LINK_LIBRARY:WHOLE_ARCHIVE,${library}>)
+  set_target_properties(${library}_shared PROPERTIES KT7_STANDS_ON "${needed}")
   get_target_property(headers ${library} HEADER_SET)
   if(headers)
     target_sources(${library}_shared PUBLIC FILE_SET HEADERS
