@@ -13,7 +13,7 @@ int main(int argc, char** argv) try {
   // The first month of a tax year. What is not named is 0.
   const kt7::MonthTax january{.pay = pay,
                               .payDate = kt7::Date::fromYmd(2026, 1, 31),
-                              .incomeBefore = pay,
+                              .incomeToDate = pay,
                               .allowances = kt7::Currency::fromWhole(60000)};
 
   std::printf("hour rate %.2f\n", company.hr().GETHOURRATE(argv[2], company.data()));

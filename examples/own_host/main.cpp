@@ -56,7 +56,7 @@ int main(int argc, char** argv) try {
   const auto pay = kt7::Currency::fromWhole(42000);
   const kt7::MonthTax january{.pay = pay,  // CalcPTAX4 by named fields
                               .payDate = kt7::Date::fromYmd(2026, 1, 31),
-                              .incomeBefore = pay,
+                              .incomeToDate = pay,
                               .allowances = kt7::Currency::fromWhole(60000)};
   std::printf("day rate %.1f\ntax %.2f\nposted %d\n", hr.GETDAYRATE(argv[2], company),
               static_cast<double>(ask(january, hr, company)),
