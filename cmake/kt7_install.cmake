@@ -5,10 +5,12 @@
 #   mysql, postgresql, odbc  its other drivers
 #   payroll                  the pay run
 # Static libraries always, shared ones beside them where BUILD_SHARED_LIBS is on; and the command.
+# What is installed falls into four parts, `cmake --install BUILD --component PART`: libraries (the
+# shared ones), drivers (those that need a server's client library), development, command.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/KT7HRLib)
-set(kt7_built_components)
+set(kt7_server_drivers mysql postgresql odbc)
 
 # kt7_install_component(COMPONENT LIBRARY SUMMARY NEEDS...): NEEDS are the libraries of other
 # components that it stands on.
@@ -24,29 +26,40 @@ function(kt7_install_component component library summary)
   install(EXPORT KT7HRLib-${component}-static NAMESPACE KT7HRLib:: DESTINATION ${package_dir}
           COMPONENT development)
   if(BUILD_SHARED_LIBS)
+    set(part libraries)
+    if(component IN_LIST kt7_server_drivers)
+      set(part drivers)
+    endif()
     kt7_add_shared(${library} ${ARGN})
     install(TARGETS ${library}_shared EXPORT KT7HRLib-${component}-shared
-            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT libraries
+            LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${part}
             NAMELINK_COMPONENT development
             FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
     install(EXPORT KT7HRLib-${component}-shared NAMESPACE KT7HRLib:: DESTINATION ${package_dir}
             COMPONENT development)
   endif()
   kt7_write_pkgconfig(${library} "${summary}" ${ARGN})
-  list(APPEND kt7_built_components ${component})
-  return(PROPAGATE kt7_built_components)
 endfunction()
 
-# The shared form of a static library: all of it, with what is not marked KT7_API hidden. The other
-# shared libraries come first, so that only what they hide is taken from the static ones again.
+# The shared form of a static library: all of it, with what is not marked KT7_API hidden. The shared
+# libraries that it stands on come first and count although nothing has asked for them yet, which
+# --as-needed, a compiler's default on some systems, would prevent: whatever they show is theirs, and
+# only small functions that they hide are taken from the static ones. A second copy of the list of
+# drivers would be one that nobody reads.
 function(kt7_add_shared library)
   set(needed ${ARGN})
-  list(TRANSFORM needed APPEND _shared)
+  foreach(other IN LISTS ARGN)
+    get_target_property(below ${other}_shared KT7_STANDS_ON)
+    list(APPEND needed ${below})
+  endforeach()
+  list(TRANSFORM needed APPEND _shared OUTPUT_VARIABLE needed_shared)
   set(source ${PROJECT_BINARY_DIR}/${library}_shared.cpp)
   file(CONFIGURE OUTPUT ${source} CONTENT "")
   add_library(${library}_shared SHARED ${source})
-  target_link_libraries(${library}_shared PUBLIC ${needed}
-                        PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,${library}>)
+  target_link_options(${library}_shared PRIVATE LINKER:--no-as-needed)
+  target_link_libraries(${library}_shared PUBLIC ${needed_shared}
+                        PRIVATE -Wl,--as-needed $<LINK_LIBRARY:WHOLE_ARCHIVE,${library}>)
+  set_target_properties(${library}_shared PROPERTIES KT7_STANDS_ON "${needed}")
   get_target_property(headers ${library} HEADER_SET)
   if(headers)
     target_sources(${library}_shared PUBLIC FILE_SET HEADERS
@@ -58,12 +71,16 @@ function(kt7_add_shared library)
                         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 endfunction()
 
-# kt7NAME.pc; what a library needs of others is asked of it, so that it stands in one place.
+# kt7NAME.pc; what a library needs of others is asked of it, so that it stands in one place. The
+# libraries share what is not public, so they are of one version.
 function(kt7_write_pkgconfig library summary)
   set(name ${library})
-  list(JOIN ARGN " " requires)
+  file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+  string(REGEX REPLACE "/$" "" up "${up}")
+  list(TRANSFORM ARGN APPEND " = ${PROJECT_VERSION}" OUTPUT_VARIABLE requires)
+  list(JOIN requires ", " requires)
   set(private)
-  get_target_property(links ${library} LINK_LIBRARIES)
+  get_property(links TARGET ${library} PROPERTY LINK_LIBRARIES)
   foreach(link IN LISTS links)
     if(link STREQUAL SQLite::SQLite3)
       string(APPEND private " -lsqlite3")
@@ -84,7 +101,7 @@ kt7_install_component(kt7hrlib kt7hrlib "Payroll and personnel rules for Thailan
 kt7_install_component(roles kt7roles "The roles of a host over one small interface" kt7hrlib)
 if(KT7_BUILD_HOST)
   kt7_install_component(host kt7host "The reference host with SQLite" kt7roles)
-  foreach(driver mysql postgresql odbc)
+  foreach(driver IN LISTS kt7_server_drivers)
     if(TARGET kt7${driver})
       kt7_install_component(${driver} kt7${driver} "A driver of the reference host" kt7host)
     endif()
@@ -95,7 +112,8 @@ endif()
 
 configure_package_config_file(cmake/KT7HRLibConfig.cmake.in
                               ${PROJECT_BINARY_DIR}/KT7HRLibConfig.cmake
-                              INSTALL_DESTINATION ${package_dir})
+                              INSTALL_DESTINATION ${package_dir}
+                              PATH_VARS CMAKE_INSTALL_LIBDIR)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/KT7HRLibConfigVersion.cmake
                                  COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/KT7HRLibConfig.cmake

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <stdexcept>
 
-#include <kt7/hr_object.h>
-#include <kt7/roles/source_host.h>
+#include <kt7/kt7.h>
+#include <kt7/roles/roles.h>
 
 class OwnSource : public kt7::roles::DataSource {
  public:
@@ -53,15 +53,14 @@ int main(int argc, char** argv) try {
   kt7::roles::SourcePlatform platform([](auto& file) { return std::make_unique<OwnSource>(file); });
   kt7::roles::SourceDataObj company(platform, argv[1], kt7::roles::Engine::Sqlite);
   kt7::HRObject hr(platform);
-  auto reduce = kt7::Currency::fromWhole(60000), pay = kt7::Currency::fromWhole(42000);
-  kt7::Currency none;
-  std::int16_t months = 12;
-  bool toTen = false;
-  const float tax =
-      hr.CalcPTAX4(company, pay, none, kt7::Date::fromYmd(2020, 1, 1), 0, 0, months, reduce, none,
-                   none, none, none, pay, toTen, kt7::Date::fromYmd(2026, 1, 31), none);
+  const auto pay = kt7::Currency::fromWhole(42000);
+  const kt7::MonthTax january{.pay = pay,  // CalcPTAX4 by named fields
+                              .payDate = kt7::Date::fromYmd(2026, 1, 31),
+                              .incomeToDate = pay,
+                              .allowances = kt7::Currency::fromWhole(60000)};
   std::printf("day rate %.1f\ntax %.2f\nposted %d\n", hr.GETDAYRATE(argv[2], company),
-              static_cast<double>(tax), hr.SumAmass2(argv[2], 1, "", argv[3], company, 1));
+              static_cast<double>(ask(january, hr, company)),
+              hr.SumAmass2(argv[2], 1, "", argv[3], company, 1));
 } catch (const std::exception& error) {
   return std::fprintf(stderr, "own_host: %s\n", error.what()), 1;
 }

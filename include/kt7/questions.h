@@ -20,8 +20,8 @@ struct MonthTax {
   Currency pay;                  // of this month, the bonus included
   Currency bonus = {};           // the one-off part of it
   Date payDate = {};             // tells the months left in the year
-  Currency incomeBefore = {};    // of the tax year, this month included
-  Currency taxBefore = {};       // withheld in the tax year
+  Currency incomeToDate = {};    // of the tax year, this month included
+  Currency taxToDate = {};       // withheld in the tax year before this month
   Currency socialSecurity = {};  // the employee's, paid in the tax year
   Currency allowances = {};      // personal ones of the year, the taxpayer's own included
   Currency studySupport = {};    // counts twice

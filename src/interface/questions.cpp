@@ -13,7 +13,7 @@ float ask(const MonthTax& question, _HRObject& hr, DataObj& dataObj) {
   bool trimToTen = question.trimToTen;
   const Date signDate;  // accepted and ignored, as the two numbers after it
   return hr.CalcPTAX4(dataObj, question.pay, question.bonus, signDate, 0, 0, monthsLeft, allowances,
-                      question.taxBefore, studySupport, donation, exemption, question.incomeBefore,
+                      question.taxToDate, studySupport, donation, exemption, question.incomeToDate,
                       trimToTen, question.payDate, question.socialSecurity);
 }
 

@@ -33,7 +33,7 @@ class KT7_API Lease {
 
 /// An idle session of exactly that connection string, user and password, or a new one.
 KT7_API Lease takeSession(std::string_view connectionString, std::string_view user = {},
-                  std::string_view password = {});
+                          std::string_view password = {});
 
 /// Closes the idle sessions of that connection string, whoever logged in by it.
 void dropIdleSessions(std::string_view connectionString);

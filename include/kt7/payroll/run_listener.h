@@ -7,7 +7,8 @@
 
 namespace kt7::payroll {
 
-/// Is told what a run does, as it happens.
+/// What the caller of a run hears while it goes on: in the caller's thread, whatever the number of
+/// workers. An exception of its own ends the run as an error would.
 class KT7_API RunListener {
  public:
   virtual ~RunListener() = default;
@@ -16,6 +17,7 @@ class KT7_API RunListener {
   virtual void paid(const Slip& slip) = 0;
   /// A slip of a frozen period, unchanged.
   virtual void standing(const Slip& /*slip*/) {}
+  /// A remark for people, such as a message that an operation showed.
   virtual void note(const std::string& text) = 0;
   /// An employee who was not paid on that date, and why.
   virtual void failed(const std::string& employee, Date payDate, const std::string& cause) = 0;

@@ -1,0 +1,1 @@
+inline int ownError() { return 1; }

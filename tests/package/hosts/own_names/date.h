@@ -1,0 +1,1 @@
+inline int ownDate() { return 16; }

@@ -1,0 +1,1 @@
+inline int ownPlatform() { return 4; }

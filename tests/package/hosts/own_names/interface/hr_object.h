@@ -1,0 +1,1 @@
+inline int ownHrObject() { return 2; }

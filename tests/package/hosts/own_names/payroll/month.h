@@ -1,0 +1,1 @@
+inline int ownMonth() { return 8; }
