@@ -17,6 +17,14 @@ namespace {
 class ConnectionTest : public DataTest {
  protected:
   std::string rowCount() { return text("SELECT COUNT(*) FROM KT7TPay"); }
+  void endAtTheServer(ado::Connection& victim, bool whileIdle = false) {
+    const bool mysql = engine().kind == "MYSQL";
+    const std::string id =
+        askOne(victim, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
+            .joinedText();
+    if (whileIdle) victim.Close();
+    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
+  }
 };
 
 TEST(ConnectionStringTest, KeywordsAndBraces) {
@@ -283,15 +291,11 @@ TEST_F(ConnectionTest, AFullDiskEndsTheTransactionAndNothingOfItIsKept) {
 
 TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
   if (engine().files) GTEST_SKIP() << "no connection to lose";
-  const bool mysql = engine().kind == "MYSQL";
   for (const bool writing : {false, true}) {
     const auto victim = another();
-    const std::string id =
-        askOne(*victim, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
-            .joinedText();
     if (writing) victim->BeginTrans();
     if (writing) victim->Execute("INSERT INTO KT7TPay(Code) VALUES('lost')");
-    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
+    endAtTheServer(*victim);
     try {
       writing ? victim->CommitTrans() : victim->Execute("DELETE FROM KT7TPay");
       ADD_FAILURE() << "a dead connection answered";
@@ -307,16 +311,10 @@ TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
 
 TEST_F(ConnectionTest, OneLostConnectionTakesTheIdleOnesWithIt) {
   if (engine().files) GTEST_SKIP() << "no connection to lose";
-  const bool mysql = engine().kind == "MYSQL";
   const auto victim = another();
   const auto idle = another();
-  for (const auto* const killed : {&idle, &victim}) {
-    const std::string id =
-        askOne(**killed, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
-            .joinedText();
-    if (killed == &idle) idle->Close();
-    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
-  }
+  endAtTheServer(*idle, true);
+  endAtTheServer(*victim);
   EXPECT_THROW(askOne(*victim, "SELECT 1", {}), Error);
   victim->Close();
   victim->Open(connectionString());
@@ -367,19 +365,6 @@ TEST_F(ConnectionTest, ASecondWriterOfTheSameThreadFailsAtOnce) {
     connection_->RollbackTrans();
     EXPECT_NO_THROW(second->Execute("UPDATE KT7TPay SET Flag=NULL"));
   }
-}
-
-TEST_F(ConnectionTest, AnotherThreadWaitsForTheWriter) {
-  connection_->BeginTrans();
-  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('first')");
-  std::thread other([this] {
-    const auto second = another();
-    EXPECT_NO_THROW(second->Execute("INSERT INTO KT7TPay(Code) VALUES('second')"));
-  });
-  std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  connection_->CommitTrans();
-  other.join();
-  EXPECT_EQ(rowCount(), "2");
 }
 
 TEST_F(ConnectionTest, ThreadsShareThePool) {

@@ -61,17 +61,6 @@ TEST_F(DataToolTest, LookupsAnswerTheKeyedRowOrTheDefault) {
   EXPECT_EQ(date("99"), Date());
 }
 
-TEST_F(DataToolTest, TheFirstRowInTheOrderOfTheTableTextAnswers) {
-  run({"CREATE TABLE Ranks (Code TEXT, Line INTEGER)", "INSERT INTO Ranks VALUES ('a', 1)",
-       "INSERT INTO Ranks VALUES ('a', 3)", "INSERT INTO Ranks VALUES ('a', 2)"});
-  const auto line = [&](const std::string& table) {
-    return tool_->LookupNumber("", 0, 0, "Code", "a", "Line", table, connectionString_);
-  };
-  EXPECT_EQ(line("Ranks ORDER BY Line"), 1);
-  EXPECT_EQ(line("Ranks ORDER BY Line DESC"), 3);
-  EXPECT_EQ(line("Ranks WHERE Line<3 ORDER BY Line DESC"), 2);
-}
-
 TEST_F(DataToolTest, RecordExistsAlsoForARowOfNulls) {
   const auto exists = [&](const char* key) {
     return tool_->RecordExists("TBraCode", 0, key, "KT7TBranch", connectionString_, "TBraName", "",
