@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <kt7/roles/utility_object.h>
+#include "base/text.h"
 #include "support/company.h"
 #include "support/permission_token.h"
 
@@ -11,14 +12,13 @@ TEST(SalaryFilter, LetsAdministratorsAndHoldersOfATokenOfTheirOwnThrough) {
   test::Company company;
   const auto utility = company.platform().createUtilityObject();
   const std::string token = permissionToken(3, "M", *utility);
-  for (const std::string& row :
-       {std::string("KT7TUser (TUsrID, TUsrIsAdministrator) VALUES (1, 1), (2, 0)"),
-        std::string("KT7TUserModule (TUMdTUsrID, TUMdTCmGAlias, TUMdIsAdministrator) VALUES "
-                    "(2, 'HR', 1), (4, 'GL', 1)"),
+  for (const char* row :
+       {"KT7TUser (TUsrID, TUsrIsAdministrator) VALUES (1, 1), (2, 0)",
+        "KT7TUserModule (TUMdTUsrID, TUMdTCmGAlias, TUMdIsAdministrator) VALUES (2, 'HR', 1), "
+        "(4, 'GL', 1)",
         "KT7TUserEmpType (TUETTCmGAlias, TUETTUsrID, TUETTEmTCode, TUETSalary) VALUES ('HR', 3, "
-        "'A', ''), ('HR', 3, 'M', '" +
-            token + "'), ('HR', 3, 'W', '" + token + "'), ('HR', 4, 'M', '" + token + "')"}) {
-    company.run("INSERT INTO " + row);
+        "'A', ''), ('HR', 3, 'M', '{}'), ('HR', 3, 'W', '{}'), ('HR', 4, 'M', '{}')"}) {
+    company.run("INSERT INTO " + replaceAll(row, "{}", token));
   }
   const std::string& where = company.connectionString();
   for (int user = 1; user <= 5; ++user) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <kt7/employee_object.h>
+#include "base/text.h"
 #include "support/company.h"
 
 namespace kt7 {
@@ -63,11 +64,12 @@ TEST(EmployeeProfile, LoadsTheHoursOfATypeAndItsRates) {
   for (const auto& [type, quantity, hour1, hour2] : cases) {
     SCOPED_TRACE(type);
     const std::string code = std::to_string(type);
-    company.run(
+    company.run(replaceAll(
         "INSERT INTO KT7TEmployeeType (TEmTCode, TEmTHourPerDay, TEmTDayPerWeek, TEmTDayPerMonth, "
         "TEmTTotalPeriod, TEmTDayPerPeriod, TEmTDayPerYear, TEmTHourPerPeriod, TEmTHourPerWeek, "
-        "TEmTHourPerMonth, TEmTHourPerYear, TEmTSalaryType, TEmTCalculateType) VALUES ('" +
-        code + "', 8, 5, 26, 2, 15, 313, 104.5, 99, 1, NULL, 9, " + code + ")");
+        "TEmTHourPerMonth, TEmTHourPerYear, TEmTSalaryType, TEmTCalculateType) VALUES ('{}', "
+        "8, 5, 26, 2, 15, 313, 104.5, 99, 1, NULL, 9, {})",
+        "{}", code));
     EmployeeObject profile(company.platform());
     profile.Salary1(10000);
     profile.Salary2(700);
@@ -77,7 +79,8 @@ TEST(EmployeeProfile, LoadsTheHoursOfATypeAndItsRates) {
     profile.HourRate2(2);
     profile.HourPerYear(3);
     profile.SetTypeCode("none", company.data());
-    EXPECT_EQ(profile.TypeCode() + " " + std::to_string(profile.DayPerMonth()), "1 30");
+    EXPECT_EQ(profile.TypeCode(), "1");
+    EXPECT_EQ(profile.DayPerMonth(), 30);
     profile.SetTypeCode(code, company.data());
     EXPECT_EQ(profile.TypeCode(), code);
     EXPECT_EQ(profile.CalculateQuantity(), quantity);

@@ -96,7 +96,7 @@ TEST(PositionHistory, KeepsTheStoredRecordLineByLine) {
   EXPECT_EQ(hr.BackupBlankPostionTR(company.data(), "E1"), 1);
   EXPECT_EQ(hr.BackupBlankPostionTR(company.data(), "E1"), 1);
   std::string ignored = "D";
-  for (const int16_t line : {2, 3}) {  // the second time the row of the day is written again
+  for (const int line : {2, 3}) {  // the second time the row of the day is written again
     EXPECT_EQ(hr.UpdatePostionTR(company.data(), "E1", Date::fromYmd(2026, 1, 31), "X", "Y", "B",
                                  "V", ignored, "S", line * 10.5, line),
               line);
