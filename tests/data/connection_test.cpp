@@ -17,6 +17,14 @@ namespace {
 class ConnectionTest : public DataTest {
  protected:
   std::string rowCount() { return text("SELECT COUNT(*) FROM KT7TPay"); }
+  void endAtTheServer(ado::Connection& victim, bool whileIdle = false) {
+    const bool mysql = engine().kind == "MYSQL";
+    const std::string id =
+        askOne(victim, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
+            .joinedText();
+    if (whileIdle) victim.Close();
+    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
+  }
 };
 
 TEST(ConnectionStringTest, KeywordsAndBraces) {
@@ -151,6 +159,7 @@ TEST_F(ConnectionTest, RefusesMisuse) {
   connection_->BeginTrans();
   expectStatementError([&] { connection_->BeginTrans(); }, "already open");
   connection_->CommitTrans();
+  expectStatementError([&] { ask("SELECT 1 FROM KT7TPay WHERE Code=?"); }, "takes 1 parameters");
   connection_->Close();
   expectStatementError([&] { connection_->Execute("DELETE FROM KT7TPay"); }, "closed");
   expectStatementError([&] { opened("SELECT * FROM KT7TPay"); }, "closed");
@@ -282,15 +291,11 @@ TEST_F(ConnectionTest, AFullDiskEndsTheTransactionAndNothingOfItIsKept) {
 
 TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
   if (engine().files) GTEST_SKIP() << "no connection to lose";
-  const bool mysql = engine().kind == "MYSQL";
   for (const bool writing : {false, true}) {
     const auto victim = another();
-    const std::string id =
-        askOne(*victim, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
-            .joinedText();
     if (writing) victim->BeginTrans();
     if (writing) victim->Execute("INSERT INTO KT7TPay(Code) VALUES('lost')");
-    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
+    endAtTheServer(*victim);
     try {
       writing ? victim->CommitTrans() : victim->Execute("DELETE FROM KT7TPay");
       ADD_FAILURE() << "a dead connection answered";
@@ -306,16 +311,10 @@ TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
 
 TEST_F(ConnectionTest, OneLostConnectionTakesTheIdleOnesWithIt) {
   if (engine().files) GTEST_SKIP() << "no connection to lose";
-  const bool mysql = engine().kind == "MYSQL";
   const auto victim = another();
   const auto idle = another();
-  for (const auto* const killed : {&idle, &victim}) {
-    const std::string id =
-        askOne(**killed, mysql ? "SELECT CONNECTION_ID()" : "SELECT pg_backend_pid()", {})
-            .joinedText();
-    if (killed == &idle) idle->Close();
-    connection_->Execute(mysql ? "KILL " + id : "SELECT pg_terminate_backend(" + id + ")");
-  }
+  endAtTheServer(*idle, true);
+  endAtTheServer(*victim);
   EXPECT_THROW(askOne(*victim, "SELECT 1", {}), Error);
   victim->Close();
   victim->Open(connectionString());
@@ -368,19 +367,6 @@ TEST_F(ConnectionTest, ASecondWriterOfTheSameThreadFailsAtOnce) {
   }
 }
 
-TEST_F(ConnectionTest, AnotherThreadWaitsForTheWriter) {
-  connection_->BeginTrans();
-  connection_->Execute("INSERT INTO KT7TPay(Code) VALUES('first')");
-  std::thread other([this] {
-    const auto second = another();
-    EXPECT_NO_THROW(second->Execute("INSERT INTO KT7TPay(Code) VALUES('second')"));
-  });
-  std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  connection_->CommitTrans();
-  other.join();
-  EXPECT_EQ(rowCount(), "2");
-}
-
 TEST_F(ConnectionTest, ThreadsShareThePool) {
   connection_->Execute("INSERT INTO KT7TPay(Code,Number) VALUES('a',0)");
   std::vector<std::thread> threads;
@@ -398,40 +384,6 @@ TEST_F(ConnectionTest, ThreadsShareThePool) {
   }
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(text("SELECT Number FROM KT7TPay"), "80");
-}
-
-class Forwarding final : public WrappedConnection {
- public:
-  explicit Forwarding(ado::Connection& to) : to_(to) {}
-  ado::Connection& inner() override { return to_; }
-  void CursorLocation(int location) override { to_.CursorLocation(location); }
-  void Open(const std::string& where, const std::string& user, const std::string& password,
-            int options) override {
-    to_.Open(where, user, password, options);
-  }
-  void Close() override { to_.Close(); }
-  void Execute(const std::string& sql) override { to_.Execute(sql); }
-  void BeginTrans() override { to_.BeginTrans(); }
-  void CommitTrans() override { to_.CommitTrans(); }
-  void RollbackTrans() override { to_.RollbackTrans(); }
-
- private:
-  ado::Connection& to_;
-};
-
-TEST_F(ConnectionTest, LookupsSeeThroughAWrapping) {
-  Forwarding wrapped(*connection_);
-  Forwarding twice(wrapped);
-  twice.BeginTrans();
-  twice.Execute("INSERT INTO KT7TPay(Code,Number) VALUES('it''s',7)");
-  const std::vector<std::string> key{"it's"};
-  const std::string sql = "SELECT Number FROM KT7TPay WHERE Code=?";
-  EXPECT_EQ(askOne(twice, sql, key).toInt32(), 7);
-  EXPECT_TRUE(askOne(connectionString(), sql, key).isNull());  // not committed yet
-  const auto rows = createRecordset();
-  rows->Open("SELECT * FROM KT7TPay", twice, ado::kStatic, ado::kReadOnly);
-  EXPECT_EQ(rows->get("code").toText(), "it's");
-  expectStatementError([&] { askOne(twice, sql, {}); }, "takes 1 parameters");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <sqlite3.h>
 
+#include "support/cases.h"
 #include "test_database.h"
 
 namespace kt7::data::test {
@@ -69,63 +70,22 @@ class LiftedResultsTest : public DataTest {
 };
 
 TEST_F(LiftedResultsTest, AnswerAsTheTextStands) {
-  const char* const cases[] = {
-      "SELECT Code AS c FROM KT7TPay WHERE Code='a'",
-      "SELECT Code FROM KT7TPay WHERE Code<>'a' AND Code>='' ORDER BY Code='it''s', Code DESC",
-      "SELECT Code FROM KT7TPay WHERE Code IN ('a','it''s','ก') ORDER BY 1",
-      "SELECT Code FROM KT7TPay WHERE Code LIKE 'A%' ORDER BY 1",
-      "SELECT Code FROM KT7TPay WHERE Code LIKE 'i!t%' ESCAPE '!'",
-      "SELECT Code FROM KT7TPay WHERE Day BETWEEN '2026-01-01' AND '2026-12-31' ORDER BY 1",
-      "SELECT Code FROM KT7TPay WHERE Amount='1.5' OR Amount='2.0' OR Flag='1 ' ORDER BY 1",
-      "SELECT Code FROM KT7TPay WHERE Amount>'9' ORDER BY 1",
-      "SELECT Code FROM KT7TPay WHERE Number IN ('10','5') AND PayRowID<>'4'",
-      "SELECT Code FROM KT7TPay WHERE PayRowID='1'",
-      "SELECT Code FROM KT7TPay WHERE PayRowID='one'",
-      "SELECT Code FROM KT7TPay WHERE Number+1='11' OR '20'=Number",
-      "SELECT Code FROM KT7TPay WHERE (Code,Number)=('a','10')",
-      "SELECT Code FROM KT7TPay WHERE CAST('10' AS INTEGER)=Number AND ''<>1",
-      "SELECT Code FROM KT7TPay WHERE Code='A' COLLATE NOCASE ORDER BY 1",
-      "SELECT Code FROM KT7TPay WHERE lower(Code)=lower('A') ORDER BY 1",
-      "SELECT Name FROM Other WHERE Name='b' OR Free='1' ORDER BY Name",
-      "SELECT Name FROM Other WHERE Free=1 OR Name IN ('IT''S') ORDER BY Name",
-      "SELECT Code FROM KT7TPay p WHERE EXISTS(SELECT 1 FROM Other WHERE Name=Code AND Name<>'a')",
-      "SELECT Code='a', 'x', (SELECT Name FROM Other WHERE Name='b') FROM KT7TPay WHERE Code='a'",
-      "SELECT * FROM (SELECT Code='a', Number FROM KT7TPay WHERE Code>'') WHERE Number>'5'",
-      "SELECT Code FROM KT7TPay WHERE Code='a' UNION SELECT 'z' ORDER BY 1",
-      "SELECT max(Number) FROM KT7TPay WHERE Code>'' GROUP BY Code='a' HAVING max(Code)<>'q'",
-      "SELECT Code FROM KT7TPay WHERE Code='a' -- and 'not' this",
-      "SELECT Code FROM KT7TPay WHERE Nothing='a'",
-      "SELECT Code FROM KT7TPay WHERE Code='a' 'b'",
-      "SELECT Code FROM KT7TPay WHERE Code='a' y'",
-      "SELECT Code FROM KT7TPay WHERE (Code='a'",
-      "SELECT Code FROM KT7TPay WHERE Code IN 'Nothing'",
-      "SELECT Code FROM KT7TPay WHERE CAST(Code AS VARCHAR('x'))='a'",
-  };
-  for (const char* const sql : cases) {
+  const auto cases = kt7::test::casesOf("data/lifted_questions.txt");
+  for (const std::string& sql : cases[0]) {
     const Rows expected = plainly(sql);
-    EXPECT_FALSE(expected.empty() && std::string(sql).find("one") == std::string::npos) << sql;
+    EXPECT_FALSE(expected.empty() && sql.find("one") == std::string::npos) << sql;
     EXPECT_EQ(throughTheDriver(sql, expected), expected) << sql;
   }
 }
 
 TEST_F(LiftedResultsTest, WriteAsTheTextStands) {
-  const char* const cases[] = {
-      "UPDATE KT7TPay SET Code='x''y',Amount='7.5',Number='12' WHERE Code='a'",
-      "UPDATE KT7TPay SET Code=Code||'z' WHERE Amount='2'",
-      "UPDATE KT7TPay SET 'Code'='q' WHERE Day=''",
-      "UPDATE KT7TPay SET Flag=2,'Code'='q' WHERE Day=''",
-      "UPDATE KT7TPay SET (Code,Amount)=('r','1') WHERE Flag IS NULL",
-      "DELETE FROM KT7TPay WHERE Number<'15' AND Code<>'ก'",
-      "INSERT INTO KT7TPay('Code',Amount,Flag,Number,Rate,Day) VALUES('','012','x','1e2','3','')",
-      "INSERT INTO KT7TPay(Code,Number) SELECT 'new',Number FROM KT7TPay WHERE Code='a'",
-      "INSERT INTO Other VALUES('A','9') ON CONFLICT(Name) DO UPDATE SET Free='8' WHERE Name='a'",
-  };
   const std::string dump =
       "SELECT group_concat(line,'/') AS line FROM (SELECT quote(PayRowID)||quote(Code)||quote("
       "Amount)||quote(Flag)||quote(Number)||quote(Rate)||quote(Day) AS line FROM KT7TPay UNION ALL "
       "SELECT quote(Name)||quote(Free) FROM Other)";
   const Rows before = plainly(dump);
-  for (const char* const sql : cases) {
+  const auto cases = kt7::test::casesOf("data/lifted_writes.txt");
+  for (const std::string& sql : cases[0]) {
     plainly("BEGIN");
     EXPECT_EQ(plainly(sql), Rows{}) << sql;
     const Rows expected = plainly(dump);

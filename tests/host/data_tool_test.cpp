@@ -1,51 +1,23 @@
 #include "company.h"
 #include "roles/texts/date_text.h"
 #include "roles/texts/lookup_statement.h"
+#include "support/cases.h"
 
 namespace kt7::host {
 namespace {
 
 TEST(DateMarkers, BecomeLiteralsAndNothingElseChanges) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"", ""},
-      {"SELECT 1", "SELECT 1"},
-      {"d<#$2026-01-31#$", "d<'2026-01-31'"},
-      {"d<#$2026-01-31#$ AND e>=#$2025-12-01#$ x", "d<'2026-01-31' AND e>='2025-12-01' x"},
-      {"#$2026-01-31 08:05:09#$#$2026-01-31T08:05#$", "'2026-01-31 08:05:09''2026-01-31 08:05:00'"},
-      {"SET d=#$#$, e=1", "SET d=NULL, e=1"},
-      {"a='#$' AND d=#$2026-01-31#$", "a='#$' AND d='2026-01-31'"},
-      {"a='#$b' AND d=#$#$", "a='#$b' AND d=NULL"},
-      {"a='#$2026-01-31#$' AND d=#$2026-01-31#$", "a='#$2026-01-31#$' AND d='2026-01-31'"},
-      {"a='x''#$#$' OR d=#$#$ OR a='#$'", "a='x''#$#$' OR d=NULL OR a='#$'"},
-      {"a='x' y' AND d=#$2026-01-31#$", "a='x' y' AND d='2026-01-31'"},
-      {"a=#$x' OR 1#$", "a=#$x' OR 1#$"},
-      {"a=#$2026-02-30#$", "a=#$2026-02-30#$"},
-      {"open #$2026-01-31", "open #$2026-01-31"},
-      {"#$ # $ #", "#$ # $ #"},
-  };
-  for (const auto& [sql, prepared] : cases) EXPECT_EQ(roles::resolveDateMarkers(sql), prepared);
+  EXPECT_EQ(roles::resolveDateMarkers(""), "");
+  for (const auto& lines : test::casesOf("host/date_markers.txt")) {
+    EXPECT_EQ(roles::resolveDateMarkers(lines.front()), lines.back());
+  }
 }
 
 TEST(LookupStatement, TheKeyJoinsTheConditionsOfTheTableText) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"T", "T WHERE K=?"},
-      {"T ORDER BY C DESC", "T WHERE K=? ORDER BY C DESC"},
-      {"T WHERE A=1 OR B=2", "T WHERE (K=?) AND (A=1 OR B=2)"},
-      {"T where A=1 order by C", "T WHERE (K=?) AND (A=1) order by C"},
-      {"T WHERE\nA=1\nGROUP BY C", "T WHERE (K=?) AND (A=1) GROUP BY C"},
-      {"T WHERE A='x ORDER BY y' AND B=1", "T WHERE (K=?) AND (A='x ORDER BY y' AND B=1)"},
-      {"T WHERE A='it''s' ORDER BY B", "T WHERE (K=?) AND (A='it''s') ORDER BY B"},
-      {"(SELECT * FROM T WHERE A=1 ORDER BY B) X",
-       "(SELECT * FROM T WHERE A=1 ORDER BY B) X WHERE K=?"},
-      {"(SELECT * FROM T WHERE A=1) X WHERE B IN (SELECT C FROM U ORDER BY C) ORDER BY D",
-       "(SELECT * FROM T WHERE A=1) X WHERE (K=?) AND (B IN (SELECT C FROM U ORDER BY C)) "
-       "ORDER BY D"},
-      {"T WHERE Orders=1 AND TWhere=2", "T WHERE (K=?) AND (Orders=1 AND TWhere=2)"},
-  };
   std::string sql = "left over";
-  for (const auto& [table, statement] : cases) {
-    roles::writeLookupStatement(sql, "R", "K", table);
-    EXPECT_EQ(sql, std::string("SELECT R FROM ") + statement);
+  for (const auto& lines : test::casesOf("host/lookup_statements.txt")) {
+    roles::writeLookupStatement(sql, "R", "K", lines.front());
+    EXPECT_EQ(sql, "SELECT R FROM " + lines.back());
   }
 }
 
@@ -87,17 +59,6 @@ TEST_F(DataToolTest, LookupsAnswerTheKeyedRowOrTheDefault) {
   EXPECT_EQ(date("01"), Date::fromYmd(2020, 5, 1));
   EXPECT_EQ(date("02"), Date());
   EXPECT_EQ(date("99"), Date());
-}
-
-TEST_F(DataToolTest, TheFirstRowInTheOrderOfTheTableTextAnswers) {
-  run({"CREATE TABLE Ranks (Code TEXT, Line INTEGER)", "INSERT INTO Ranks VALUES ('a', 1)",
-       "INSERT INTO Ranks VALUES ('a', 3)", "INSERT INTO Ranks VALUES ('a', 2)"});
-  const auto line = [&](const std::string& table) {
-    return tool_->LookupNumber("", 0, 0, "Code", "a", "Line", table, connectionString_);
-  };
-  EXPECT_EQ(line("Ranks ORDER BY Line"), 1);
-  EXPECT_EQ(line("Ranks ORDER BY Line DESC"), 3);
-  EXPECT_EQ(line("Ranks WHERE Line<3 ORDER BY Line DESC"), 2);
 }
 
 TEST_F(DataToolTest, RecordExistsAlsoForARowOfNulls) {

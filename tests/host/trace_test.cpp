@@ -73,55 +73,6 @@ TEST_F(TraceTest, ShowsEveryStepInOrder) {
   EXPECT_EQ(seen("SELECT TBraName FROM KT7TBranch WHERE TBraCode='01'"), "renamed");
 }
 
-TEST_F(TraceTest, ConnectionsOfTheLibraryAreTheirOwn) {
-  const auto connection = platform_.createConnection();
-  connection->CursorLocation(ado::kClientSide);
-  connection->Open(connectionString_);
-  connection->BeginTrans();
-  connection->Execute("DELETE FROM KT7TBranch");
-  platform_.createRecordset()->Open("SELECT 1", *connection, ado::kStatic, ado::kReadOnly);
-  connection->RollbackTrans();
-  connection->Close();
-  const std::vector<std::string> expected{"open (own)",
-                                          "begin (own)",
-                                          "execute (own): DELETE FROM KT7TBranch",
-                                          "recordset (own): SELECT 1",
-                                          "rollback (own)",
-                                          "close (own)"};
-  EXPECT_EQ(observer_.lines(), expected);
-  EXPECT_EQ(seen("SELECT COUNT(*) FROM KT7TBranch"), "3");
-}
-
-TEST_F(TraceTest, AnyStepCanFailBeforeOrAfterItTookEffect) {
-  work();
-  const int steps = observer_.steps();
-  const int commit = steps - 1;
-  for (const auto when : {FaultInjector::When::Before, FaultInjector::When::After}) {
-    for (int step = 1; step <= steps; ++step) {
-      SCOPED_TRACE(step);
-      run({"UPDATE KT7TBranch SET TBraName='Bangkok'",
-           "DELETE FROM KT7TBranch WHERE TBraCode='05'"});
-      observer_.failAt(step, when);
-      const std::int32_t expected =
-          step == 1 ? error_number::kConnectionFailed : error_number::kStatementFailed;
-      EXPECT_EQ(errorOf([&] { work(); }), expected);
-      EXPECT_TRUE(observer_.failed());
-      EXPECT_EQ(observer_.steps(), step);
-      const bool opened = step > 1 || when == FaultInjector::When::After;
-      const bool closed = step == steps && when == FaultInjector::When::After;
-      EXPECT_EQ(hostDataObj_.opens(), opened && !closed ? 1 : 0);
-      hostDataObj_.reset(0);
-      const bool committed =
-          step > commit || (step == commit && when == FaultInjector::When::After);
-      EXPECT_EQ(seen("SELECT TBraName FROM KT7TBranch WHERE TBraCode='01'"),
-                committed ? "renamed" : "Bangkok");
-    }
-  }
-  observer_.failAt(0, FaultInjector::When::Before);
-  EXPECT_EQ(errorOf([&] { platform_.showMessage("fine"); }), 0);
-  EXPECT_FALSE(observer_.failed());
-}
-
 TEST_F(TraceTest, AStepThatFailsByItselfHasNoAfter) {
   observer_.failAt(2, FaultInjector::When::After);
   dataObj_.OpenConnection();

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include <kt7/error.h>
+#include "support/cases.h"
 #include "support/company.h"
 #include "support/raises.h"
 
@@ -34,46 +37,15 @@ Lines periods(Company& company) {
 }
 
 TEST(SlipPeriods, FollowTheDaysOfTheTypeInTheMonthOfTheClock) {
-  const struct {
-    const char* now;
+  for (const Lines& lines : test::casesOf("library/slip_periods.txt")) {
+    Company company(lines[0].c_str());
     Days days;
-    const char* expected;
-  } cases[] = {// a pay day past the month's end is pulled back and takes the custom date along
-               {"2016-04-10",
-                {"31", "31"},
-                "2016-04-30 2016-04-30 2016-04-01..2016-04-30 2016-04-01..2016-04-30"},
-               {"2016-04-10",
-                {"31", "25"},
-                "2016-04-30 2016-04-24 2016-04-01..2016-04-30 2016-04-01..2016-04-30"},
-               {"2016-04-10",
-                {"-2", "5"},
-                "2016-04-01 2016-04-08 2016-04-01..2016-04-30 2016-03-01..2016-03-30"},
-               // a span that crosses the month, also the year
-               {"2016-01-31",
-                {"31", "31", "21", "20", "26", "25"},
-                "2016-01-31 2016-01-31 2015-12-21..2016-01-20 2015-12-26..2016-01-25"},
-               {"2016-02-29",
-                {"31", "31", "1", "31"},
-                "2016-02-29 2016-02-29 2016-02-01..2016-02-29 2016-02-01..2016-02-29"},
-               {"2016-03-15",
-                {"20", "20", "16", "16"},
-                "2016-03-20 2016-03-20 2016-02-16..2016-03-16 2016-02-01..2016-02-29"},
-               // overtime moves back until it ends by the pay date
-               {"2016-04-10",
-                {"10", "10", "1", "31", "1", "15"},
-                "2016-04-10 2016-04-10 2016-04-01..2016-04-30 2016-03-01..2016-03-15"},
-               {"2016-04-10",
-                {"25", "25", "1", "31", "26", "25"},
-                "2016-04-25 2016-04-25 2016-04-01..2016-04-30 2016-03-26..2016-04-25"},
-               {"2016-04-10",
-                {"10", "10", "1", "31", "26", "25"},
-                "2016-04-10 2016-04-10 2016-04-01..2016-04-30 2016-02-26..2016-03-25"}};
-  for (const auto& [now, days, expected] : cases) {
-    Company company(now);
+    std::istringstream(lines[1]) >> days.pay >> days.custom >> days.start >> days.end >>
+        days.otStart >> days.otEnd;
     addType(company, "M", days);
     company.hr().UpdatePeriodStatus(company.data(), false);
-    const std::string month = std::to_string(Date::fromIsoText(now).month());
-    EXPECT_EQ(periods(company), Lines{"M " + std::string(expected) + " 1/" + month + " 1"}) << now;
+    const std::string month = std::to_string(Date::fromIsoText(lines[0]).month());
+    EXPECT_EQ(periods(company), Lines{"M " + lines[2] + " 1/" + month + " 1"}) << lines[1];
     EXPECT_TRUE(company.messages().empty());
   }
 }

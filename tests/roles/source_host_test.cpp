@@ -160,26 +160,6 @@ TEST_F(SourceHost, WritesBackTheRowsItRead) {
                      "'2005-01-01' AND '2005-12-31'")));
 }
 
-TEST_F(SourceHost, KeepsWhatWasCommittedAlone) {
-  const auto insert = [&](const char* key) {
-    data_.ExecuteSql(std::string("INSERT INTO KT7TSetting (TSetKey) VALUES ('") + key + "')");
-  };
-  data_.OpenConnection();
-  data_.BeginTransaction();
-  EXPECT_EQ(test::raised([&] { data_.BeginTransaction(); }), "database");
-  insert("a");
-  data_.RollbackTransaction();
-  data_.BeginTransaction();
-  insert("b");
-  data_.CommitTransaction();
-  EXPECT_EQ(test::raised([&] { data_.CommitTransaction(); }), "database");
-  data_.BeginTransaction();
-  insert("c");
-  data_.CloseConnection();
-  EXPECT_EQ(seen("SELECT MAX(TSetKey) FROM KT7TSetting WHERE TSetKey IN ('a','b','c')"), "b");
-  EXPECT_EQ(seen("SELECT COUNT(*) FROM KT7TSetting WHERE TSetKey IN ('a','b','c')"), "1");
-}
-
 /// Answers the same rows always and notes the statements.
 struct Told {
   Engine engine = Engine::Sqlite;

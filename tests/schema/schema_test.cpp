@@ -2,6 +2,8 @@
 
 #include <kt7/error.h>
 #include "base/text.h"
+#include "host/schema/sample/sample_files.h"
+#include "host/schema/transfer/import.h"
 #include "schema/open_database.h"
 
 namespace kt7::schema {
@@ -116,6 +118,25 @@ TEST(Schema, ViewsJoinWhatBelongsTogether) {
                           "SELECT * FROM KT7VEmployeeGroup WHERE TEmpCode='E9' AND "
                           "TEGdDate<='2026-01-01'"),
             "G1");
+}
+
+TEST(Sample, RefersToWhatIsThereAndIsLoadedWholeOrNotAtAll) {
+  OpenDatabase database;
+  createSchema(database.connection(), testedEngine());
+  loadSample(database.connection());
+  for (const char* incomplete :
+       {"KT7VEmployee WHERE TBraName IS NULL OR TDivName IS NULL OR TDepName IS NULL OR TSecName "
+        "IS NULL OR TPstName IS NULL OR TEm2SkipSlip IS NULL",
+        "KT7TEmployee LEFT JOIN KT7TEmployeeType ON TEmTCode=TEmpTEmTCode WHERE TEmTCode IS "
+        "NULL"}) {
+    EXPECT_EQ(database.count(incomplete), "0") << incomplete;
+  }
+  for (const SampleFile& file : sampleFiles()) {
+    EXPECT_NE(database.count(std::string(file.table)), "0") << file.table;
+  }
+  database.run("DELETE FROM KT7TBranch");
+  EXPECT_THROW(loadSample(database.connection()), ImportError);
+  EXPECT_EQ(database.count("KT7TBranch"), "0");
 }
 
 }  // namespace

@@ -1,0 +1,5 @@
+INSERT INTO KT7TEmployee (TEmpCode, TEmpTEmTCode, TEmpTBraCode, TEmpStatus, TEmpResignDate) VALUES ('E1', 'M', 'B1', 3, '2026-01-01'), ('E2', 'M', 'B1', 1, NULL)
+INSERT INTO KT7TEmployee2 (TEm2TEmpCode, TEm2BonusAmass) VALUES ('E1', 9)
+INSERT INTO KT7TEmployeeType (TEmTCode, TEMTFlag1, TEMTTotalPeriod, TEMTPaymentPeriod1, TEMTStartPeriod1, TEMTEndPeriod1, TEMTOTStartPeriod1, TEMTOTEndPeriod1) VALUES ('M', 1, 1, 31, 1, 31, 1, 31)
+INSERT INTO KT7TEmpSlipDoc (TEPSNo, TEpSTEmpCode, TEPSCheckGroup, TEpsTSaPDate) VALUES ('N1', 'E1', 1, '2026-01-31')
+INSERT INTO KT7TEmpSlipItem (TSmbTEPSNo, TSmbTAMTAlias, TSmbCheckMoney, TSmbDebit) VALUES ('N1', 'SALARY', 1, 100), ('N1', 'PTAX', 0, 5)
