@@ -36,7 +36,7 @@ class Plan2026 : public PaidCompany {
     host::HostDataObj dataObj(database_.connectionString());
     StoreWorker worker(platform_, dataObj);
     OtherPeriods hr(platform_, change);
-    const RunServices& own = worker.services();
+    RunServices own = worker.services();
     RunServices services{hr,          own.dataObj,    own.utility,     own.settings,
                          own.company, own.book,       own.leases,      own.newProfile,
                          own.now,     own.messagesOf, own.showMessage, own.reconnect};
@@ -60,6 +60,7 @@ TEST_F(Plan2026, NobodyIsPaidByPeriodsThatWereNotPlanned) {
       {"another span", "UPDATE KT7TEmpSlipPeriod SET TSAPEndDate='2026-01-30'" + ofM1, 1},
       {"another pay date", "UPDATE KT7TEmpSlipPeriod SET TSAPDate='2026-01-30'" + ofM1, 1},
       {"frozen meanwhile", "UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0" + ofM1, 1},
+      {"of another type", "UPDATE KT7TEmpSlipPeriod SET TSaPTEmTCode='X'" + ofM1, 1},
       {"gone", "DELETE FROM KT7TEmpSlipPeriod", 10},
       {"never generated", "", 10}};
   for (const Case& row : cases) {

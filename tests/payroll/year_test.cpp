@@ -60,8 +60,8 @@ class Year2026 : public PaidCompany {
       if (month == 6) rows.push_back(input("E0012", "2026-06-15", "BONUS", "", "50000"));
       if (month == 12) rows.push_back(input("E0003", "2026-12-31", "BONUS", "", "90000"));
       if (month == 7) {
-        OwnConnection connection(platform_, connectionString);
-        connection->Execute("UPDATE KT7TEmployee SET TEmpSalary=47500.25 WHERE TEmpCode='E0002'");
+        test::execute(connectionString,
+                      "UPDATE KT7TEmployee SET TEmpSalary=47500.25 WHERE TEmpCode='E0002'");
       }
       year.push_back(payIn(connectionString, month, rows));
       EXPECT_TRUE(year.back().failures.empty() && year.back().reasons.empty()) << month;
@@ -73,7 +73,8 @@ class Year2026 : public PaidCompany {
   /// The rows of a table without their ids, which engines give as they like.
   std::vector<std::string> rowsOf(const std::string& connectionString, const schema::Table& table) {
     std::vector<std::string> rows;
-    OwnConnection connection(platform_, connectionString);
+    const auto connection = data::createConnection();
+    connection->Open(connectionString);
     schema::dumpTable(*connection, table, schema::RowIds::LeftOut,
                       [&](std::string_view line) { rows.emplace_back(line); });
     std::ranges::sort(rows);
