@@ -144,6 +144,7 @@ TEST_F(PayrollCommand, PaysTheOthersWhenOneFails) {
   const Outcome outcome = payJanuary({"--type", "H1", "--format", "json"});
   EXPECT_EQ(outcome.exitCode, kFailed);
   EXPECT_EQ(outcome.err.find("kt7hr: E0032 was not paid on 2026-01-10: no sign date\n"), 0u);
+  EXPECT_TRUE(says(outcome.err, "1 failed, the others are paid")) << outcome.err;
   EXPECT_EQ(OrderedJson::parse(outcome.out).size(), 3u);
 }
 

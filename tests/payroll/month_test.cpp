@@ -209,6 +209,12 @@ TEST_F(Month2026, NothingRunsOnWrongRecords) {
   sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=NULL WHERE TEmTCode='M2'");
   stops(pay(1, {}, "M1"), "could not be generated");
   EXPECT_EQ(messages_.size(), 1u);
+  host::HostDataObj dataObj(database_.connectionString());
+  sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=16 WHERE TEmTCode='M2'");
+  Told told;
+  platform_.setNow(Date::fromIsoText("2026-02-01"));
+  EXPECT_THROW(payMonth(platform_, dataObj, {Month(2026, 1), "H1", {}}, told), RunStopped);
+  EXPECT_TRUE(told.slips.empty()) << "the clock does not stand in the month";
 }
 
 TEST_F(Month2026, WhateverStandsInACodeIsPaidAsAnyOther) {
