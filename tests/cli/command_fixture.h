@@ -22,20 +22,40 @@ struct Outcome {
   std::string err;
 };
 
+/// Which of the streams are a terminal's.
+struct Terminal {
+  bool in = false;
+  bool out = false;
+  bool err = false;
+};
+
 /// Runs the command in this process, without a KT7HR_DB from outside.
-inline Outcome kt7hr(std::vector<std::string> words, const std::string& input = "",
-                     bool errIsTerminal = false) {
+inline Outcome kt7hr(std::vector<std::string> words, std::istream& in, Terminal terminal = {}) {
   unsetenv("KT7HR_DB");
   words.insert(words.begin(), "kt7hr");
   std::vector<const char*> argv;
-  argv.reserve(words.size());
   for (const std::string& word : words) argv.push_back(word.c_str());
-  std::istringstream in(input);
   std::ostringstream out, err;
-  Console console{in, out, err, false, errIsTerminal};
+  Console console{in, out, err, terminal.out, terminal.err, terminal.in};
   const int exitCode = run(static_cast<int>(argv.size()), argv.data(), console);
   return {exitCode, out.str(), err.str()};
 }
+inline Outcome kt7hr(const std::vector<std::string>& words, const std::string& input = "",
+                     Terminal terminal = {}) {
+  std::istringstream in(input);
+  return kt7hr(words, in, terminal);
+}
+
+inline bool says(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+/// A command that is refused, and what its one line says.
+struct Refusal {
+  std::vector<std::string> words;
+  int exitCode;
+  const char* hint;
+};
 
 /// A folder of its own that goes with the test.
 class Commands : public testing::Test {
@@ -58,6 +78,30 @@ class Commands : public testing::Test {
   std::string secretFile(const std::string& name, const std::string& text) const {
     std::filesystem::permissions(written(name, text), std::filesystem::perms::owner_all);
     return path(name);
+  }
+
+  /// On the company of the test.
+  Outcome ask(std::vector<std::string> words, const std::string& input = "",
+              Terminal terminal = {}) const {
+    words.insert(words.end(), {"--db", database()});
+    return kt7hr(words, input, terminal);
+  }
+  std::string done(const std::vector<std::string>& words) const {
+    const Outcome outcome = ask(words);
+    EXPECT_EQ(outcome.exitCode, kDone) << outcome.err;
+    return outcome.out;
+  }
+  void expectRefused(const std::vector<Refusal>& cases) const {
+    for (const Refusal& row : cases) {
+      const Outcome outcome = ask(row.words);
+      EXPECT_EQ(outcome.exitCode, row.exitCode) << outcome.err;
+      EXPECT_TRUE(says(outcome.err, row.hint)) << row.hint << ": " << outcome.err;
+      EXPECT_EQ(outcome.out, "") << row.hint;
+    }
+  }
+  void execute(const std::string& sql) const { test::execute(database(), sql); }
+  std::string asked(const std::string& sql, const std::vector<std::string>& parameters = {}) const {
+    return data::askOne(database(), sql, parameters).joinedText();
   }
 
   std::filesystem::path folder_;

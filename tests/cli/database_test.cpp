@@ -1,5 +1,4 @@
 // The commands that make, upgrade and copy a database, on the engine under test.
-#include "host/data/contract/database.h"
 #include "cli/command_fixture.h"
 #include "host/data/session/pool.h"
 #include "host/schema/state/schema.h"
@@ -10,12 +9,6 @@ namespace {
 
 using test::engine;
 
-void runOn(const std::string& connectionString, const std::string& sql) {
-  const auto connection = data::createConnection();
-  connection->Open(connectionString);
-  connection->Execute(sql);
-}
-
 class DatabaseCommands : public Commands {
  protected:
   DatabaseCommands() { server_.make(); }
@@ -25,27 +18,23 @@ class DatabaseCommands : public Commands {
   test::TemporaryDatabase server_;
 };
 
-bool says(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
 TEST_F(DatabaseCommands, InitUpgradesWhatIsOlderAndRefusesWhatItDoesNotKnow) {
   ASSERT_EQ(init(db()).exitCode, kDone);
   const Outcome again = init(db());
   EXPECT_EQ(again.exitCode, kDone) << again.err;
   EXPECT_TRUE(says(again.out, "holds a company already: nothing was changed")) << again.out;
 
-  runOn(db(), "UPDATE KT7TSchema SET TSchVersion=1");
+  test::execute(db(), "UPDATE KT7TSchema SET TSchVersion=1");
   const Outcome upgraded = init(db());
   EXPECT_EQ(upgraded.exitCode, kDone) << upgraded.err;
   EXPECT_TRUE(says(upgraded.out, "from version 1 to 2")) << upgraded.out;
 
-  runOn(db(), "UPDATE KT7TSchema SET TSchVersion=3");
+  test::execute(db(), "UPDATE KT7TSchema SET TSchVersion=3");
   const Outcome newer = init(db());
   EXPECT_EQ(newer.exitCode, kFailed);
   EXPECT_TRUE(says(newer.err, "of version 3")) << newer.err;
-  runOn(db(), "DROP TABLE KT7TUserRight");
-  runOn(db(), "UPDATE KT7TSchema SET TSchVersion=2");
+  test::execute(db(), "DROP TABLE KT7TUserRight");
+  test::execute(db(), "UPDATE KT7TSchema SET TSchVersion=2");
   const Outcome partial = init(db());
   EXPECT_EQ(partial.exitCode, kFailed);
   EXPECT_TRUE(says(partial.err, "missing: KT7TUserRight;")) << partial.err;
@@ -80,12 +69,12 @@ TEST_F(DatabaseCommands, WorkOnACompanyOfThisVersionOnly) {
                {"3", "of version 3, this kt7hr knows them up to 2; use a newer one"},
                {"-1", "a copy that was never finished; run the same kt7hr copy again"}};
   for (const auto& row : cases) {
-    runOn(db(), std::string("UPDATE KT7TSchema SET TSchVersion=") + row.version);
+    test::execute(db(), std::string("UPDATE KT7TSchema SET TSchVersion=") + row.version);
     expectAll(own, kFailed, row.advice);
     expectAll(ofAnyMaker, kFailed, row.advice);
   }
   // Another program's: it keeps no version.
-  runOn(db(), "DROP TABLE KT7TSchema");
+  test::execute(db(), "DROP TABLE KT7TSchema");
   expectAll(own, kFailed, "where another program keeps it only kt7hr call and kt7hr rpc work");
   expectAll(ofAnyMaker, kDone, "");
   for (const char* table : {"KT7TEmpSlipDoc", "KT7TUser", "KT7TSetting WHERE TSetKey='A'",
@@ -99,17 +88,17 @@ TEST_F(DatabaseCommands, InitMakesAnewWhatWasBrokenOff) {
   const Engine dialect = engineOf(engine().kind);
   const auto makeSome = [&] {
     for (const char* table : {"KT7TSchema", "KT7TUser"}) {
-      runOn(db(), schema::createTableText(*schema::findTable(table), dialect));
+      test::execute(db(), schema::createTableText(*schema::findTable(table), dialect));
     }
   };
   makeSome();
-  runOn(db(), "INSERT INTO KT7TUser (TUsrID) VALUES (7)");
+  test::execute(db(), "INSERT INTO KT7TUser (TUsrID) VALUES (7)");
   const Outcome kept = init(db());
   EXPECT_EQ(kept.exitCode, kFailed);
   EXPECT_TRUE(says(kept.err, "where it holds rows restore it")) << kept.err;
   EXPECT_EQ(data::askOne(db(), "SELECT TUsrID FROM KT7TUser", {}).toInt32(), 7);
 
-  runOn(db(), "DELETE FROM KT7TUser");
+  test::execute(db(), "DELETE FROM KT7TUser");
   const Outcome made = kt7hr({"init", "--sample", "--db", db()});
   EXPECT_EQ(made.exitCode, kDone) << made.err;
   EXPECT_EQ(data::askOne(db(), "SELECT COUNT(*) FROM KT7TEmployee", {}).toInt32(), 40);
@@ -118,7 +107,7 @@ TEST_F(DatabaseCommands, InitMakesAnewWhatWasBrokenOff) {
 TEST_F(DatabaseCommands, InitMakesTheFunctionOfTheEngineAnew) {
   ASSERT_EQ(init(db()).exitCode, kDone);
   if (engine().kind != "POSTGRESQL") return;
-  runOn(db(), "DROP FUNCTION year(date)");
+  test::execute(db(), "DROP FUNCTION year(date)");
   EXPECT_TRUE(says(init(db()).out, "year() was made anew"));
   EXPECT_TRUE(says(init(db()).out, "nothing was changed"));
 }
@@ -128,17 +117,18 @@ class WeakUser {
  public:
   explicit WeakUser(const std::string& database) : database_(database) {
     if (engine().templates) {
-      runOn(server(), "CREATE ROLE kt7_weak LOGIN PASSWORD 'weak'");
+      test::execute(server(), "CREATE ROLE kt7_weak LOGIN PASSWORD 'weak'");
       return;
     }
     const std::string name = database_.substr(database_.rfind('=') + 1);
-    runOn(server(), "CREATE USER kt7_weak@'127.0.0.1' IDENTIFIED BY 'weak'");
-    runOn(server(), "GRANT CREATE, DROP, ALTER, INDEX, SELECT, INSERT, UPDATE, DELETE ON " + name +
-                        ".* TO kt7_weak@'127.0.0.1'");
+    test::execute(server(), "CREATE USER kt7_weak@'127.0.0.1' IDENTIFIED BY 'weak'");
+    test::execute(server(), "GRANT CREATE, DROP, ALTER, INDEX, SELECT, INSERT, UPDATE, DELETE ON " +
+                                name + ".* TO kt7_weak@'127.0.0.1'");
   }
   ~WeakUser() {
     data::dropIdleSessions(login());
-    runOn(server(), engine().templates ? "DROP ROLE kt7_weak" : "DROP USER kt7_weak@'127.0.0.1'");
+    test::execute(server(),
+                  engine().templates ? "DROP ROLE kt7_weak" : "DROP USER kt7_weak@'127.0.0.1'");
   }
   WeakUser(const WeakUser&) = delete;
   WeakUser& operator=(const WeakUser&) = delete;
@@ -166,9 +156,9 @@ TEST_F(DatabaseCommands, InitWithoutRightsTellsWhichAndLeavesNothing) {
 
 TEST_F(DatabaseCommands, InitByOneWhoMayNotUseTheDatabaseTellsWhatAnAdministratorRuns) {
   if (engine().kind != "MYSQL" || engine().odbc) return;
-  runOn(engine().server, "CREATE USER kt7_nobody@'127.0.0.1' IDENTIFIED BY 'nobody'");
+  test::execute(engine().server, "CREATE USER kt7_nobody@'127.0.0.1' IDENTIFIED BY 'nobody'");
   const Outcome refused = init("Uid=kt7_nobody;Pwd=nobody;" + db());
-  runOn(engine().server, "DROP USER kt7_nobody@'127.0.0.1'");
+  test::execute(engine().server, "DROP USER kt7_nobody@'127.0.0.1'");
   EXPECT_EQ(refused.exitCode, kFailed);
   EXPECT_TRUE(says(refused.err, "have an administrator run: CREATE DATABASE")) << refused.err;
 }

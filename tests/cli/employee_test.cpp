@@ -9,17 +9,11 @@ namespace {
 
 class Employees : public Commands {
  protected:
-  Employees() { EXPECT_EQ(ask({"init", "--sample"}).exitCode, kDone); }
+  Employees() { done({"init", "--sample"}); }
 
-  Outcome ask(std::vector<std::string> words, const std::string& name = "company.db") {
-    words.insert(words.end(), {"--db", database(name), "--now", "2026-02-15"});
-    return kt7hr(words);
-  }
-  void execute(const std::string& sql) {
-    const auto connection = data::createConnection();
-    connection->Open(database());
-    connection->Execute(sql);
-    connection->Close();
+  Outcome on2026(std::vector<std::string> words) const {
+    words.insert(words.end(), {"--now", "2026-02-15"});
+    return ask(words);
   }
   std::int64_t rowsOf(const std::string& code) {
     const auto connection = data::createConnection();
@@ -48,7 +42,7 @@ TEST_F(Employees, ShowGathersWhatIsKnownOnADay) {
   execute(
       "INSERT INTO KT7TEmpLeaveAllow (TELATEmpCode, TELaTLPDID, TELaTLvtCode, TELaAllowDay, "
       "TELaUsedDay) VALUES ('E0001', 2026, 'X', 6, 1.5), ('E0001', 2025, 'X', 7, 0)");
-  const Json sheet = Json::parse(ask({"employee", "show", "E0001", "--format", "json"}).out);
+  const Json sheet = Json::parse(on2026({"employee", "show", "E0001", "--format", "json"}).out);
   EXPECT_EQ(sheet["On"], "2026-02-15");
   EXPECT_EQ(sheet["Profile"]["LastName"], "ลำดับหนึ่ง");
   EXPECT_EQ(sheet["Profile"]["Salary"], "85000.0000");
@@ -67,23 +61,19 @@ TEST_F(Employees, ShowGathersWhatIsKnownOnADay) {
   EXPECT_EQ(sheet["Balances"]["Tax"], "1937.7500");
   EXPECT_EQ(sheet["Balances"]["Net"], "73687.5000");
 
-  const std::string text = ask({"employee", "show", "E0001", "--on", "2025-05-31"}).out;
+  const std::string text = on2026({"employee", "show", "E0001", "--on", "2025-05-31"}).out;
   for (const char* line :
        {"E0001  นาย สมมติ ลำดับหนึ่ง\n", "A day             2,833.33\n", "An hour           354.17\n",
         "Service           19 years 11 months on", "  1   2005-06-01  A ", "20,000.50\n",
         "Leave year 2025", "pay dates: 0\n"}) {
-    EXPECT_NE(text.find(line), std::string::npos) << line << "\n" << text;
+    EXPECT_TRUE(says(text, line)) << line << "\n" << text;
   }
 }
 
 TEST_F(Employees, RefuseWhatCannotBeShownOrRenamed) {
   execute("INSERT INTO KT7TTimeInput (TTIPCode) VALUES ('OLD')");
-  struct Case {
-    std::vector<std::string> words;
-    int exitCode;
-    const char* hint;
-  };
-  const std::vector<Case> cases{
+  const std::int64_t before = rowsOf("E0001");
+  expectRefused({
       {{"employee", "show", "E9999"}, kFailed, "no employee 'E9999'"},
       {{"employee", "show", "E'1"}, kWrongUse, "quote"},
       {{"employee", "show", "E0001", "--on", "31/1/2026"}, kWrongUse, "2026-01-31"},
@@ -94,27 +84,16 @@ TEST_F(Employees, RefuseWhatCannotBeShownOrRenamed) {
       {{"employee", "rename", "E9999", "X1", "--yes"}, kFailed, "no employee 'E9999'"},
       {{"employee", "rename", "E0001", "E0002", "--yes"}, kFailed, "taken: KT7TEmployee 1"},
       {{"employee", "rename", "E0001", "OLD", "--yes"}, kFailed, "taken: KT7TTimeInput 1"},
-  };
-  const std::int64_t before = rowsOf("E0001");
-  for (const Case& each : cases) {
-    const Outcome outcome = ask(each.words);
-    EXPECT_EQ(outcome.exitCode, each.exitCode) << outcome.err;
-    EXPECT_NE(outcome.err.find(each.hint), std::string::npos) << outcome.err;
-  }
+  });
   EXPECT_EQ(rowsOf("E0001"), before);
 }
 
 TEST_F(Employees, RenameAsksAPersonFirst) {
-  const std::string db = database();
   for (const auto& [answer, exitCode] :
        {std::pair{"n\n", kFailed}, {"", kFailed}, {"y\n", kDone}}) {
-    std::istringstream in(answer);
-    std::ostringstream out, err;
-    Console console{in, out, err};
-    console.inIsTerminal = true;
-    const char* argv[] = {"kt7hr", "employee", "rename", "E0001", "X1", "--db", db.c_str()};
-    EXPECT_EQ(run(std::size(argv), argv, console), exitCode) << err.str();
-    EXPECT_NE(err.str().find("Rename E0001 to X1 in 3 rows? [y/N]"), std::string::npos);
+    const Outcome outcome = ask({"employee", "rename", "E0001", "X1"}, answer, {.in = true});
+    EXPECT_EQ(outcome.exitCode, exitCode) << outcome.err;
+    EXPECT_TRUE(says(outcome.err, "Rename E0001 to X1 in 3 rows? [y/N]")) << outcome.err;
     EXPECT_EQ(rowsOf("X1"), exitCode == kDone ? 3 : 0);
   }
 }
@@ -135,7 +114,7 @@ TEST_F(Employees, RenameMovesEveryPlaceThatHoldsTheCode) {
   const std::int64_t others = rowsOf("E00011");
   const Outcome renamed = ask({"employee", "rename", "E0001", "เอ็กซ์ 1", "--yes"});
   ASSERT_EQ(renamed.exitCode, kDone) << renamed.err;
-  EXPECT_NE(renamed.out.find("TEATTEmpCode    1\n"), std::string::npos) << renamed.out;
+  EXPECT_TRUE(says(renamed.out, "TEATTEmpCode    1\n")) << renamed.out;
   EXPECT_EQ(rowsOf("E0001"), 0);
   EXPECT_EQ(rowsOf("เอ็กซ์ 1"), rows);
   EXPECT_EQ(rowsOf("E00011"), others);
@@ -151,7 +130,7 @@ TEST_F(Employees, ARenamingThatFailsLeavesEverything) {
             ") VALUES ('E0001')");
     const Outcome outcome = ask({"employee", "rename", "E0001", "X1", "--yes"});
     EXPECT_EQ(outcome.exitCode, kFailed);
-    EXPECT_NE(outcome.err.find("refused"), std::string::npos) << outcome.err;
+    EXPECT_TRUE(says(outcome.err, "refused")) << outcome.err;
     EXPECT_EQ(rowsOf("X1"), 0) << table;
     execute("DROP TRIGGER Refuse");
     execute(std::string("DELETE FROM ") + table);
@@ -161,7 +140,7 @@ TEST_F(Employees, ARenamingThatFailsLeavesEverything) {
 
 TEST_F(Employees, ACallWritesAllOrNothingAndTellsAMessage) {
   const auto rename = [&] {
-    return ask({"call", "RenameEmployeeCodeTR", R"({"FromCode":"E0001","ToCode":"X1"})"});
+    return on2026({"call", "RenameEmployeeCodeTR", R"({"FromCode":"E0001","ToCode":"X1"})"});
   };
   const std::int64_t before = rowsOf("E0001");
   execute(
@@ -179,14 +158,14 @@ TEST_F(Employees, ACallWritesAllOrNothingAndTellsAMessage) {
   execute(
       "CREATE TRIGGER Refuse BEFORE UPDATE ON KT7TEmployee BEGIN SELECT RAISE(ABORT, 'refused'); "
       "END");
-  const Outcome trapped = ask({"call", "UpdateEmployeeStatus", "{}"});
+  const Outcome trapped = on2026({"call", "UpdateEmployeeStatus", "{}"});
   EXPECT_EQ(trapped.exitCode, kFailed);
-  EXPECT_NE(trapped.err.find("refused"), std::string::npos) << trapped.err;
+  EXPECT_TRUE(says(trapped.err, "refused")) << trapped.err;
   const Json messages = Json::parse(trapped.out).at("messages");
   ASSERT_EQ(messages.size(), 1U);
   EXPECT_NE(messages[0].get<std::string>().find("refused"), std::string::npos);
   execute("DROP TRIGGER Refuse");
-  const Outcome silent = ask({"call", "UpdateEmployeeStatus", "{}"});
+  const Outcome silent = on2026({"call", "UpdateEmployeeStatus", "{}"});
   EXPECT_EQ(silent.exitCode, kDone);
   EXPECT_FALSE(Json::parse(silent.out).contains("messages"));
 }
@@ -195,7 +174,7 @@ TEST_F(Employees, ARenamedEmployeeIsPaidOnTheSame) {
   const auto pay = [&](const char* month, const std::string& name) {
     return kt7hr({"payroll", "--month", month, "--format", "csv", "--db", database(name)}).out;
   };
-  ASSERT_EQ(ask({"init", "--sample"}, "other.db").exitCode, kDone);
+  ASSERT_EQ(kt7hr({"init", "--sample", "--db", database("other.db")}).exitCode, kDone);
   for (const char* name : {"company.db", "other.db"}) pay("2026-01", name);
   ASSERT_EQ(ask({"employee", "rename", "E0001", "E0001X", "--yes"}).exitCode, kDone);
   std::string renamed = pay("2026-02", "company.db");

@@ -86,7 +86,7 @@ TEST_F(Rpc, RefusesWhatItCannotTakeInAndGoesOn) {
     const std::vector<Json> answers = rpc({line, sound});
     ASSERT_EQ(answers.size(), 2u) << why;
     const std::string told = answers[0].at("error").at("message");
-    EXPECT_NE(told.find(why), std::string::npos) << told.substr(0, 200);
+    EXPECT_TRUE(says(told, why)) << told.substr(0, 200);
     EXPECT_EQ(answers[1].at("result").at("value"), 1.0);
   }
 }
@@ -117,19 +117,15 @@ TEST_F(Rpc, TakesNoFailureForTheEndOfItsInput) {
   const auto serve = [&](const std::function<void()>& fail) {
     BrokenInput buffer({sound + "{", "}\n" + sound}, fail);
     std::istream in(&buffer);
-    std::ostringstream out, err;
-    Console console{in, out, err};
-    const char* argv[] = {"kt7hr", "rpc", "--db", database().c_str()};
-    const int exitCode = run(std::size(argv), argv, console);
-    return Outcome{exitCode, out.str(), err.str()};
+    return kt7hr({"rpc", "--db", database()}, in);
   };
   const Outcome scarce = serve([] { throw std::bad_alloc(); });
   EXPECT_EQ(scarce.exitCode, kDone) << scarce.err;
-  EXPECT_NE(scarce.out.find("not enough memory"), std::string::npos) << scarce.out;
+  EXPECT_TRUE(says(scarce.out, "not enough memory")) << scarce.out;
   EXPECT_EQ(std::count(scarce.out.begin(), scarce.out.end(), '\n'), 3) << scarce.out;
   const Outcome broken = serve([] { throw std::ios_base::failure("gone"); });
   EXPECT_EQ(broken.exitCode, kFailed);
-  EXPECT_NE(broken.err.find("could not be read to their end"), std::string::npos) << broken.err;
+  EXPECT_TRUE(says(broken.err, "could not be read to their end")) << broken.err;
 }
 
 TEST_F(Rpc, TheCallAfterALostConnectionIsAnswered) {

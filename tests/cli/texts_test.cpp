@@ -19,22 +19,9 @@ const std::vector<std::string> kObeyed{"\x1b[2J", "\x7f", "\t", "\u009b2J", "\u2
 
 class Texts : public Commands {
  protected:
-  Texts() { EXPECT_EQ(ask({"init", "--sample"}).exitCode, kDone); }
-  Outcome ask(std::vector<std::string> words) {
-    words.insert(words.end(), {"--db", database()});
-    return kt7hr(words);
-  }
-  Outcome onTerminal(std::vector<std::string> words) {
-    words.insert(words.begin(), "kt7hr");
-    words.insert(words.end(), {"--db", database()});
-    std::vector<const char*> argv;
-    argv.reserve(words.size());
-    for (const std::string& word : words) argv.push_back(word.c_str());
-    std::istringstream in;
-    std::ostringstream out, err;
-    Console console{in, out, err, true};
-    const int exitCode = run(static_cast<int>(argv.size()), argv.data(), console);
-    return {exitCode, out.str(), err.str()};
+  Texts() {
+    done({"init", "--sample"});
+    done({"user", "add", "7"});
   }
   std::string dump() {
     std::string rows;
@@ -43,14 +30,13 @@ class Texts : public Commands {
           "SELECT COUNT(*) FROM KT7TUserRight", "SELECT COUNT(*) FROM KT7TSetting",
           "SELECT COUNT(*) FROM KT7TEmpSlipDoc",
           "SELECT COUNT(*) FROM KT7TEmployee WHERE TEmpCode='E0001'"}) {
-      rows += data::askOne(database(), sql, {}).joinedText() + " ";
+      rows += asked(sql) + " ";
     }
     return rows;
   }
 };
 
 TEST_F(Texts, ThatOneEngineWouldRefuseComeInNowhere) {
-  ASSERT_EQ(ask({"user", "add", "7"}).exitCode, kDone);
   const std::string before = dump();
   std::vector<std::string> bad{"X#$2026-01-31#$", "X#$#$", "X\xff", "X\u200b",
                                std::string(1001, 'x')};
@@ -61,7 +47,7 @@ TEST_F(Texts, ThatOneEngineWouldRefuseComeInNowhere) {
         "EmployeeCode,PayDate,Kind,Quantity,Amount\nE0001,2026-01-31,\"" + text + "\",,5\n";
     const std::string pay = written("input.csv", input);
     const Outcome imported = ask({"import", "KT7TBranch", written("rows.csv", rows)});
-    EXPECT_NE(imported.err.find("line 3, column TBraCode"), std::string::npos) << imported.err;
+    EXPECT_TRUE(says(imported.err, "line 3, column TBraCode")) << imported.err;
     for (const Outcome& outcome :
          {imported, ask({"employee", "rename", "E0001", text, "--yes"}),
           ask({"user", "grant", "7", "--right", text}), ask({"user", "add", "8", "--name", text}),
@@ -75,11 +61,8 @@ TEST_F(Texts, ThatOneEngineWouldRefuseComeInNowhere) {
 }
 
 TEST_F(Texts, ThatStandThereReachNoTerminalRaw) {
-  ASSERT_EQ(ask({"user", "add", "7"}).exitCode, kDone);
   std::string all = "Z";
   for (const std::string& obeyed : kObeyed) all += obeyed + "|";
-  const auto connection = data::createConnection();
-  connection->Open(database());
   for (const std::string& sql :
        {"UPDATE KT7TEmployee SET TEmpFirstName='" + all + "', TEmpCode=TEmpCode||'" + all +
             "' WHERE TEmpCode<'E0003'",
@@ -88,9 +71,8 @@ TEST_F(Texts, ThatStandThereReachNoTerminalRaw) {
             "' WHERE TEm2TEmpCode<'E0003'",
         "UPDATE KT7TUser SET TUsrName='" + all + "'",
         "INSERT INTO KT7TUserRight (TUsRTUsrID, TUsRKey) VALUES (7, '" + all + "')"}) {
-    connection->Execute(sql);
+    execute(sql);
   }
-  connection->Close();
   const std::string code = "E0001" + all;
   for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
            {"payroll", "--month", "2026-01"},
@@ -107,14 +89,14 @@ TEST_F(Texts, ThatStandThereReachNoTerminalRaw) {
            {"import", all, "x"},
            {"import", "KT7TBranch", all},
            {"employee", "rename", code, "E0001", "--yes"}}) {
-    const Outcome outcome = onTerminal(words);
+    const Outcome outcome = ask(words, "", {.out = true});
     EXPECT_TRUE(isPrintable(outcome.out)) << outcome.out;
     EXPECT_TRUE(isPrintable(outcome.err)) << outcome.err;
     EXPECT_FALSE((outcome.out + outcome.err).empty()) << words[0];
   }
   // Elsewhere the codes are data.
   const std::string csv = ask({"payroll", "--month", "2026-01", "--format", "csv"}).out;
-  EXPECT_NE(csv.find("E0002" + all), std::string::npos) << csv;
+  EXPECT_TRUE(says(csv, "E0002" + all)) << csv;
 }
 
 }  // namespace

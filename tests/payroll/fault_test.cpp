@@ -9,6 +9,7 @@
 #include "host/trace/traced_data_obj.h"
 #include "host/trace/traced_platform.h"
 #include "paid_company.h"
+#include "support/opened.h"
 
 namespace kt7::payroll {
 
@@ -56,17 +57,12 @@ class FaultyRun : public PaidCompany {
   }
 
   std::vector<std::string> slips() {
-    OwnConnection connection(platform_, copy_->connectionString());
-    OpenRecordset rows(platform_,
-                       "SELECT TEpSTEmpCode||' '||TEpsTSaPDate||' '||TEPSNetTotal||' '||"
-                       "COALESCE(TEATNetTotal,'unposted')||' '||(SELECT SUM(TSmbDebit) FROM "
-                       "KT7TEmpSlipItem WHERE TSmbTEPSNo=TEPSNo) AS line FROM KT7TEmpSlipDoc LEFT "
-                       "JOIN KT7TEmpAmassType ON TEATTEmpCode=TEpSTEmpCode AND "
-                       "TEATPaymentDate=TEpsTSaPDate ORDER BY TEpSTEmpCode",
-                       *connection);
-    std::vector<std::string> result;
-    for (; !rows->Eof(); rows->MoveNext()) result.push_back(rows->get("line").joinedText());
-    return result;
+    return test::linesOf(copy_->connectionString(),
+                         "SELECT TEpSTEmpCode||' '||TEpsTSaPDate||' '||TEPSNetTotal||' '||"
+                         "COALESCE(TEATNetTotal,'unposted')||' '||(SELECT SUM(TSmbDebit) FROM "
+                         "KT7TEmpSlipItem WHERE TSmbTEPSNo=TEPSNo) AS line FROM KT7TEmpSlipDoc "
+                         "LEFT JOIN KT7TEmpAmassType ON TEATTEmpCode=TEpSTEmpCode AND "
+                         "TEATPaymentDate=TEpsTSaPDate ORDER BY TEpSTEmpCode");
   }
 
   std::optional<test::TemporaryDatabase> copy_;

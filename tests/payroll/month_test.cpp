@@ -91,11 +91,11 @@ TEST_F(Month2026, PaidTwiceIsPaidOnce) {
   const std::vector<InputRow> rows{input("E0001", "2026-01-31", "BONUS", "", "10000"),
                                    input("E0016", "2026-01-05", "LOAN", "", "100")};
   pay(1, rows);
-  const auto first = everything();
+  const auto first = books();
   EXPECT_EQ(pay(1, rows).outcome.removed, 0);
-  EXPECT_EQ(everything(), first);
+  EXPECT_EQ(books(), first);
   pay(1, rows, "D2");
-  EXPECT_EQ(everything(), first);
+  EXPECT_EQ(books(), first);
   // An item that is not given any more goes.
   pay(1);
   EXPECT_EQ(count("KT7TEmpSlipItem WHERE TSmbTAMTAlias IN ('BONUS','LOAN')"), 0);
@@ -157,11 +157,11 @@ TEST_F(Month2026, FrozenPeriodStaysAndCountsInTheMonth) {
   // A frozen period that closed the month keeps what was withheld; nothing is withheld twice.
   sql("UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0 WHERE TSaPTEmTCode='M1'");
   sql("UPDATE KT7TEmployeeType SET TEMTPaymentPeriod1=25 WHERE TEmTCode='M1'");
-  const auto before = everything();
+  const auto before = books();
   const Told third = pay(1);
   ASSERT_FALSE(third.reasons.empty());
   EXPECT_NE(third.reasons[0].find("overlap"), std::string::npos);
-  EXPECT_EQ(everything(), before);
+  EXPECT_EQ(books(), before);
 }
 
 TEST_F(Month2026, LeaverClosesWithTheLastSlip) {
@@ -209,6 +209,12 @@ TEST_F(Month2026, NothingRunsOnWrongRecords) {
   sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=NULL WHERE TEmTCode='M2'");
   stops(pay(1, {}, "M1"), "could not be generated");
   EXPECT_EQ(messages_.size(), 1u);
+  host::HostDataObj dataObj(database_.connectionString());
+  sql("UPDATE KT7TEmployeeType SET TEMTStartPeriod2=16 WHERE TEmTCode='M2'");
+  Told told;
+  platform_.setNow(Date::fromIsoText("2026-02-01"));
+  EXPECT_THROW(payMonth(platform_, dataObj, {Month(2026, 1), "H1", {}}, told), RunStopped);
+  EXPECT_TRUE(told.slips.empty()) << "the clock does not stand in the month";
 }
 
 TEST_F(Month2026, WhateverStandsInACodeIsPaidAsAnyOther) {

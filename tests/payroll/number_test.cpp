@@ -8,23 +8,12 @@ namespace kt7::payroll {
 
 namespace {
 
-class Numbers : public SharedCompany {
- protected:
-  RunOutcome payAlone(RunListener& told, const std::string& type, Interruption& interruption) {
-    Workplace place = placeWith(interruption);
-    return payMonth(*place.platform, *place.dataObj, {Month(2026, 1), type, {}}, told);
-  }
-  RunOutcome payAlone(const std::string& type) {
-    host::HostDataObj dataObj(database_.connectionString());
-    Told told;
-    return payMonth(platform_, dataObj, {Month(2026, 1), type, {}}, told);
-  }
-};
+using Numbers = SharedCompany;
 
 TEST_F(Numbers, RunsOnOnePayDateGiveWayToEachOther) {
   hire(80);
-  payAlone("W4");
-  payAlone("M1");
+  pay(1, {}, "W4");
+  pay(1, {}, "M1");
   const auto expected = amounts();
   for (const bool shared : {false, true}) {
     SCOPED_TRACE(shared);
@@ -32,11 +21,11 @@ TEST_F(Numbers, RunsOnOnePayDateGiveWayToEachOther) {
     sql("DELETE FROM KT7TRunLease");
     Interruption meanwhile = once(shared ? kPaying : "", [&] {
       Told told;
-      EXPECT_EQ((shared ? share(told, requestFor({}, "W4")) : payAlone("W4")).failed, 0);
+      EXPECT_EQ((shared ? share(told, requestFor({}, "W4")) : pay(1, {}, "W4").outcome).failed, 0);
     });
     Told told;
-    const RunOutcome outcome =
-        shared ? share(told, requestFor({}, "M1"), meanwhile) : payAlone(told, "M1", meanwhile);
+    const RunOutcome outcome = shared ? share(told, requestFor({}, "M1"), meanwhile)
+                                      : payAlone(told, {Month(2026, 1), "M1", {}}, meanwhile);
     EXPECT_EQ(told.failures, std::vector<std::string>{});
     EXPECT_GT(outcome.retries, 0);
     EXPECT_EQ(amounts(), expected);

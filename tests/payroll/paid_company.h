@@ -13,11 +13,8 @@
 #include <kt7/payroll/run_listener.h>
 #include <kt7/payroll/run_outcome.h>
 #include <kt7/payroll/run_request.h>
-#include "host/data/contract/database.h"
-#include "host/schema/state/schema.h"
 #include "schema/amass_columns.h"
 #include "support/company.h"
-#include "support/opened.h"
 
 namespace kt7::payroll {
 
@@ -81,12 +78,15 @@ class PaidCompany : public testing::Test {
   }
   Told payIn(const std::string& connectionString, int month, std::vector<InputRow> input,
              const std::string& type = "") {
+    return payOn(connectionString, {Month(2026, month), type, std::move(input)});
+  }
+  Told payOn(const std::string& connectionString, const RunRequest& request,
+             const NewWorkplace& newWorkplace = {}) {
     Told told;
-    const RunRequest request{Month(2026, month), type, std::move(input)};
-    platform_.setNow(request.month.lastDay());
     host::HostDataObj dataObj(connectionString);
+    platform_.setNow(request.month.lastDay());
     try {
-      told.outcome = payMonth(platform_, dataObj, request, told);
+      told.outcome = payMonth(platform_, dataObj, request, told, newWorkplace);
     } catch (const RunStopped& stopped) {
       told.reasons = stopped.reasons();
     }
@@ -94,36 +94,31 @@ class PaidCompany : public testing::Test {
     return told;
   }
 
-  void sql(const std::string& text) {
-    OwnConnection connection(platform_, database_.connectionString());
-    connection->Execute(text);
-  }
-
+  void sql(const std::string& text) { test::execute(database_.connectionString(), text); }
   /// The column "line" of every row.
   std::vector<std::string> lines(const std::string& query) {
-    OwnConnection connection(platform_, database_.connectionString());
-    OpenRecordset rows(platform_, query, *connection);
-    std::vector<std::string> result;
-    for (; !rows->Eof(); rows->MoveNext())
-      result.push_back(test::plainNumbers(rows->get("line").joinedText()));
-    return result;
+    return test::linesOf(database_.connectionString(), query);
   }
-  /// Every slip, item and balance, as text.
-  std::vector<std::string> everything() {
-    std::vector<std::string> all = lines(
-        "SELECT " +
-        joined({"TEPSNo", "TEpSTEmpCode", "TEPSTEmTCode", "TEPSSalaryPeriod", "TEpsTSaPDate",
-                "TEpsStartDate", "TEpsEndDate", "TEPSTotalWorkDay", "TEPSNetTotal", "TEPSFlag3"}) +
-        " AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo");
+  /// Everything that the run writes, as text, but for the keys that the engine gives.
+  std::vector<std::string> books() {
     std::string balance = joined({"TEATTEmpCode", "TEATTEmTCode", "TEATPaymentDate"});
     for (const std::string_view column : schema::kAmassMoneyColumns) {
       balance += "||'|'||" + std::string(column);
     }
+    std::vector<std::string> all;
     for (const std::string& query :
-         {joined({"TSmbTEPSNo", "TSmbLn", "TSmbTAMTAlias", "TSmbName", "TSmbQuantity",
+         {joined({"TEPSNo", "TEpSTEmpCode", "TEPSTEmTCode", "TEPSSalaryPeriod", "TEpsTSaPDate",
+                  "TEpsStartDate", "TEpsEndDate", "TEPSTotalWorkDay", "TEPSNetTotal",
+                  "TEPSFlag3"}) +
+              " AS line FROM KT7TEmpSlipDoc ORDER BY TEPSNo",
+          joined({"TSmbTEPSNo", "TSmbLn", "TSmbTAMTAlias", "TSmbName", "TSmbQuantity",
                   "TSmbCheckMoney", "TSmbDebit", "TSmbCrebit"}) +
               " AS line FROM KT7TEmpSlipItem ORDER BY TSmbTEPSNo, TSmbLn",
-          balance + " AS line FROM KT7TEmpAmassType ORDER BY TEATTEmpCode, TEATPaymentDate"}) {
+          balance + " AS line FROM KT7TEmpAmassType ORDER BY TEATTEmpCode, TEATPaymentDate",
+          joined({"TEHPTEmpCode", "TEHPLn", "TEHPStartDate", "TEHPSalary"}) +
+              " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn",
+          joined({"TEAATEmpCode", "TEAATSaPDate", "TEAAType"}) +
+              " AS line FROM KT7TEmpActiveAmass ORDER BY TEAATEmpCode, TEAATSaPDate"}) {
       const auto rows = lines("SELECT " + query);
       all.insert(all.end(), rows.begin(), rows.end());
     }
@@ -134,12 +129,11 @@ class PaidCompany : public testing::Test {
   void hire(int employees) {
     std::string people, more;
     for (int i = 0; i < employees; ++i) {
-      const std::string code = "'Z" + std::to_string(10000 + i) + "'";
-      const std::string values = i == 0 ? "" : ", ";
-      people.append(values).append("(").append(code).append(", 'Z', ");
-      people.append(i % 5 == 0 ? "'W4'" : "'M1'").append(", '2024-01-01', ");
-      people.append(std::to_string(i % 5 == 0 ? 500 : 15000 + i)).append(", '00')");
-      more.append(values).append("(").append(code).append(", 1)");
+      const std::string code = (i == 0 ? "('Z" : ", ('Z") + std::to_string(10000 + i) + "'";
+      const bool daily = i % 5 == 0;
+      people += code + ", 'Z', " + (daily ? "'W4'" : "'M1'") + ", '2024-01-01', " +
+                std::to_string(daily ? 500 : 15000 + i) + ", '00')";
+      more += code + ", 1)";
     }
     sql("INSERT INTO KT7TEmployee (TEmpCode, TEmpFirstName, TEmpTEmTCode, TEmpSignDate, "
         "TEmpSalary, TEmpTBraCode) VALUES " +
@@ -150,19 +144,6 @@ class PaidCompany : public testing::Test {
   Workplace workplace() {
     auto platform = std::make_unique<host::HostPlatform>(Month(2026, 1).lastDay());
     return {std::move(platform), std::make_unique<host::HostDataObj>(database_.connectionString())};
-  }
-  /// Everything that the run writes, but for the keys that the engine gives.
-  std::vector<std::string> books() {
-    std::vector<std::string> all = everything();
-    for (const std::string& query :
-         {joined({"TEHPTEmpCode", "TEHPLn", "TEHPStartDate", "TEHPSalary"}) +
-              " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn",
-          joined({"TEAATEmpCode", "TEAATSaPDate", "TEAAType"}) +
-              " AS line FROM KT7TEmpActiveAmass ORDER BY TEAATEmpCode, TEAATSaPDate"}) {
-      const auto rows = lines("SELECT " + query);
-      all.insert(all.end(), rows.begin(), rows.end());
-    }
-    return all;
   }
   /// As if the month had never been paid.
   void forgetTheMonth() {

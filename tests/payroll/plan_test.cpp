@@ -69,6 +69,7 @@ TEST_F(Plan2026, NobodyIsPaidByPeriodsThatWereNotPlanned) {
       {"another span", "UPDATE KT7TEmpSlipPeriod SET TSAPEndDate='2026-01-30'" + ofM1, 1},
       {"another pay date", "UPDATE KT7TEmpSlipPeriod SET TSAPDate='2026-01-30'" + ofM1, 1},
       {"frozen meanwhile", "UPDATE KT7TEmpSlipPeriod SET TSAPStatus=0" + ofM1, 1},
+      {"of another type", "UPDATE KT7TEmpSlipPeriod SET TSaPTEmTCode='X'" + ofM1, 1},
       {"gone", "DELETE FROM KT7TEmpSlipPeriod", 10},
       {"never generated", "", 10}};
   for (const Case& row : cases) {

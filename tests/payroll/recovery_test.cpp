@@ -2,8 +2,8 @@
 // same, and the run says what it met.
 #include <kt7/error.h>
 #include <kt7/payroll/run_outcome.h>
-#include "paid_company.h"
 #include "payroll/retry/failure.h"
+#include "shared_company.h"
 
 namespace kt7::payroll {
 
@@ -11,34 +11,26 @@ namespace {
 
 enum class When { BeforeItIsKept, AfterItWasKept };
 
-/// A data object whose n-th commit fails.
-class FailingDataObj : public DataObj {
+/// The n-th commit of a run fails.
+class FailingCommit : public trace::StepObserver {
  public:
-  FailingDataObj(const std::string& connectionString, int commit, When when, const Error& error)
-      : inner_(connectionString),
-        commit_(commit),
+  FailingCommit(int commit, When when, const Error& error)
+      : commit_(commit),
         when_(when),
         error_(error) {}  // NOLINT(bugprone-throw-keyword-missing): thrown by the commit
 
-  void CommitTransaction() override {
-    const bool fails = ++commits_ == commit_;
-    if (fails && when_ == When::BeforeItIsKept) throw error_;
-    inner_.CommitTransaction();
-    if (fails) throw error_;
+  void before(const trace::Step& step) override {
+    if (isCommit(step) && ++commits_ == commit_ && when_ == When::BeforeItIsKept) throw error_;
   }
-  ado::Connection& Connection() override { return inner_.Connection(); }
-  void OpenConnection() override { inner_.OpenConnection(); }
-  void CloseConnection() override { inner_.CloseConnection(); }
-  void BeginTransaction() override { inner_.BeginTransaction(); }
-  void ExecuteSql(const std::string& sql) override { inner_.ExecuteSql(sql); }
-  void ExecuteSqlEx(const std::string& sql, bool flag) override { inner_.ExecuteSqlEx(sql, flag); }
-  std::string DatabaseType() override { return inner_.DatabaseType(); }
-  std::string ConnectionString() override { return inner_.ConnectionString(); }
-
+  void after(const trace::Step& step) override {
+    if (isCommit(step) && commits_ == commit_) throw error_;
+  }
   int commits() const { return commits_; }
 
  private:
-  host::HostDataObj inner_;
+  static bool isCommit(const trace::Step& step) {
+    return step.kind == trace::StepKind::Commit && step.on == trace::kOnDataObject;
+  }
   int commit_;
   int commits_ = 0;
   When when_;
@@ -52,17 +44,14 @@ Error failureWith(const char* sqlState, std::int32_t code, bool connection) {
           {"COMMIT", code, sqlState}};
 }
 
-class Recovering : public PaidCompany {};
+using Recovering = SharedCompany;
 
 TEST_F(Recovering, WhateverTheEndOfAUnitMeetsEverybodyIsPaidOnce) {
-  FailingDataObj undisturbed(database_.connectionString(), 0, When::BeforeItIsKept,
-                             failureWith("", 0, false));
-  platform_.setNow(Month(2026, 1).lastDay());
+  FailingCommit undisturbed(0, When::BeforeItIsKept, failureWith("", 0, false));
+  const RunRequest january{Month(2026, 1), "", {}};
   Told clean;
-  payMonth(platform_, undisturbed, {Month(2026, 1), "", {}}, clean);
-  const auto expected = everything();
-  const auto history = lines("SELECT " + joined({"TEHPTEmpCode", "TEHPLn"}) +
-                             " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn");
+  payAlone(clean, january, undisturbed);
+  const auto expected = books();
   struct Case {
     const char* name;
     Error error;
@@ -81,19 +70,16 @@ TEST_F(Recovering, WhateverTheEndOfAUnitMeetsEverybodyIsPaidOnce) {
   for (const Case& row : cases) {
     SCOPED_TRACE(row.name);
     forgetTheMonth();
-    FailingDataObj dataObj(database_.connectionString(), 4, row.when, row.error);
+    FailingCommit failing(4, row.when, row.error);
     Told told;
-    const RunOutcome outcome = payMonth(platform_, dataObj, {Month(2026, 1), "", {}}, told);
+    const RunOutcome outcome = payAlone(told, january, failing);
     EXPECT_EQ(outcome.failed, 0);
     EXPECT_EQ(told.slips.size(), clean.slips.size());
     EXPECT_EQ(outcome.conflicts, row.conflicts);
     EXPECT_EQ(outcome.losses, row.losses);
     EXPECT_EQ(outcome.retries, 1);
-    EXPECT_EQ(dataObj.commits(), undisturbed.commits() + row.commitsMore);
-    EXPECT_EQ(everything(), expected);
-    EXPECT_EQ(lines("SELECT " + joined({"TEHPTEmpCode", "TEHPLn"}) +
-                    " AS line FROM KT7TEmpHisPosition ORDER BY TEHPTEmpCode, TEHPLn"),
-              history);
+    EXPECT_EQ(failing.commits(), undisturbed.commits() + row.commitsMore);
+    EXPECT_EQ(books(), expected);
   }
 }
 
@@ -107,13 +93,12 @@ TEST_F(Recovering, SlipsOfAnEarlierRunAreNotTakenForThoseOfThisOne) {
                           Case{"quantity", "KT7TEmpSlipItem SET TSmbQuantity=TSmbQuantity+0.25"}}) {
     SCOPED_TRACE(row.name);
     pay(1, {}, "M1");
-    const auto expected = everything();
+    const auto expected = books();
     sql(std::string("UPDATE ") + row.change);
-    FailingDataObj dataObj(database_.connectionString(), 1, When::BeforeItIsKept,
-                           failureWith("08007", 2013, true));
+    FailingCommit failing(1, When::BeforeItIsKept, failureWith("08007", 2013, true));
     Told told;
-    EXPECT_EQ(payMonth(platform_, dataObj, {Month(2026, 1), "M1", {}}, told).losses, 1);
-    EXPECT_EQ(everything(), expected);
+    EXPECT_EQ(payAlone(told, {Month(2026, 1), "M1", {}}, failing).losses, 1);
+    EXPECT_EQ(books(), expected);
   }
 }
 

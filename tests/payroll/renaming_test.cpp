@@ -8,6 +8,7 @@
 #include "host/records/employee_renaming.h"
 #include "payroll/ports/run_services.h"
 #include "shared_company.h"
+#include "support/opened.h"
 
 namespace kt7::payroll {
 
@@ -21,13 +22,6 @@ class Renaming : public SharedCompany {
     HRObject hr(platform);
     const OpenData open(dataObj);
     cli::renameEmployee(hr, dataObj, from, to);
-  }
-  Told payWith(Interruption& interruption, std::vector<InputRow> input = {}) {
-    Workplace place = placeWith(interruption);
-    Told told;
-    told.outcome =
-        payMonth(*place.platform, *place.dataObj, {Month(2026, 1), "", std::move(input)}, told);
-    return told;
   }
   /// Before the first step of that text.
   Interruption at(std::string part, std::function<void()> meanwhile) {
@@ -72,7 +66,8 @@ TEST_F(Renaming, NobodyIsLeftOutInSilence) {
                           {"E0006"}}}) {
     SCOPED_TRACE(row.name);
     Interruption meanwhile = at(row.step, [&] { rename("E0006", row.to); });
-    const Told told = payWith(meanwhile, row.input);
+    Told told;
+    payAlone(told, {Month(2026, 1), "", row.input}, meanwhile);
     ASSERT_EQ(told.failures.size(), row.unpaid.size());
     for (std::size_t i = 0; i < row.unpaid.size(); ++i) {
       EXPECT_TRUE(told.failures[i].starts_with(row.unpaid[i] + ": ")) << told.failures[i];
@@ -126,10 +121,8 @@ TEST_F(Renaming, FiftyAtTheSideOfARunChangeNothingInTheEnd) {
       }
     }
   });
-  Told told;
-  const RunRequest request{Month(2026, 1), "", {}, 2};
-  host::HostDataObj dataObj(database_.connectionString());
-  told.outcome = payMonth(platform_, dataObj, request, told, [this] { return workplace(); });
+  const Told told = payOn(database_.connectionString(), {Month(2026, 1), "", {}, 2},
+                          [this] { return workplace(); });
   const int unpaid = static_cast<int>(expected.size()) - count("KT7TEmpSlipDoc");
   renamer.join();
   EXPECT_EQ(strays(), 0);

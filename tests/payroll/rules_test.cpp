@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include <kt7/host/platform.h>
 #include <kt7/payroll/input_row.h>
 #include <kt7/payroll/register_amounts.h>
@@ -97,24 +99,29 @@ TEST(PeriodPlan, ClashesAreFoundBeforeAnythingRuns) {
 }
 
 TEST(EmployeeTypes, RowsThatCannotBePaidByAreNamed) {
-  const auto row = [](auto change) {
-    TypeRow sound{
-        "M1", std::int16_t{8},        std::int16_t{7}, std::int16_t{30}, std::int16_t{1}, 0,
-        0,    {periodDays(31, 1, 31)}};
-    change(sound);
-    return problemsOf(sound).size();
+  struct Case {
+    std::function<void(TypeRow& row)> change;
+    const char* problem;
   };
-  EXPECT_EQ(row([](TypeRow&) {}), 0u);
-  EXPECT_EQ(row([](TypeRow& t) { t.hoursPerDay.reset(); }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.hoursPerDay = std::int16_t{0}; }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.daysPerMonth = std::int16_t{32}; }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.daysPerWeek.reset(); }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.totalPeriods = std::int16_t{0}; }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.salaryType = 1; }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.calculateType = 2; }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.periods[0].salaryTo.reset(); }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.periods[0].payDay = 32; }), 1u);
-  EXPECT_EQ(row([](TypeRow& t) { t.periods[0].overtimeFrom = std::int16_t{0}; }), 1u);
+  for (const Case& c : std::vector<Case>{
+           {[](TypeRow& t) { t.hoursPerDay.reset(); }, "hours a day is empty"},
+           {[](TypeRow& t) { t.hoursPerDay = std::int16_t{0}; }, "hours a day is 0"},
+           {[](TypeRow& t) { t.daysPerMonth = std::int16_t{32}; }, "days a month is 32"},
+           {[](TypeRow& t) { t.daysPerWeek.reset(); }, "days a week is empty"},
+           {[](TypeRow& t) { t.totalPeriods = std::int16_t{0}; }, "the number of periods is 0"},
+           {[](TypeRow& t) { t.salaryType = 1; }, "salary type 1"},
+           {[](TypeRow& t) { t.calculateType = 2; }, "calculation type 2"},
+           {[](TypeRow& t) { t.periods[0].salaryTo.reset(); }, "last salary day of period 1"},
+           {[](TypeRow& t) { t.periods[0].payDay = 32; }, "the pay day of period 1 is 32"},
+           {[](TypeRow& t) { t.periods[0].overtimeFrom = std::int16_t{0}; }, "first overtime"}}) {
+    TypeRow row{"M1", std::int16_t{8},        std::int16_t{7}, std::int16_t{30}, std::int16_t{1}, 0,
+                0,    {periodDays(31, 1, 31)}};
+    EXPECT_TRUE(problemsOf(row).empty());
+    c.change(row);
+    const auto problems = problemsOf(row);
+    ASSERT_EQ(problems.size(), 1u) << c.problem;
+    EXPECT_NE(problems[0].find(c.problem), std::string::npos) << problems[0];
+  }
 }
 
 struct InputCase {

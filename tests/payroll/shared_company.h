@@ -49,14 +49,20 @@ class SharedCompany : public PaidCompany {
     return share(told, request);
   }
   /// The same by a process to which something happens on the way.
-  RunOutcome share(RunListener& told, const RunRequest& request, Interruption& interruption) {
-    return paySharedMonth(request, told, [&] { return placeWith(interruption); });
+  RunOutcome share(RunListener& told, const RunRequest& request, trace::StepObserver& observer) {
+    return paySharedMonth(request, told, [&] { return placeWith(observer); });
   }
-  Workplace placeWith(Interruption& interruption) {
+  Workplace placeWith(trace::StepObserver& observer) {
     return {std::make_unique<Observed<host::HostPlatform, trace::TracedPlatform>>(
-                interruption, Month(2026, 1).lastDay()),
+                observer, Month(2026, 1).lastDay()),
             std::make_unique<Observed<host::HostDataObj, trace::TracedDataObj>>(
-                interruption, database_.connectionString())};
+                observer, database_.connectionString())};
+  }
+
+  /// One alone, to whom something happens on the way.
+  RunOutcome payAlone(RunListener& told, const RunRequest& request, trace::StepObserver& observer) {
+    const Workplace place = placeWith(observer);
+    return payMonth(*place.platform, *place.dataObj, request, told);
   }
 
   /// Before the first unit of work after which the parts' rows are as `where` says.
@@ -73,9 +79,7 @@ class SharedCompany : public PaidCompany {
     sql("UPDATE KT7TRunLease SET TRLeUntil='2020-01-01 00:00:00' WHERE " + where);
   }
   std::vector<std::string> booksOfOneAlone() {
-    host::HostDataObj dataObj(database_.connectionString());
-    Told told;
-    payMonth(platform_, dataObj, {Month(2026, 1), "", {}}, told);
+    pay(1);
     std::vector<std::string> books = this->books();
     forgetTheMonth();
     return books;

@@ -5,6 +5,7 @@
 #include "payroll/ports/run_names.h"
 #include "payroll/ports/run_services.h"
 #include "shared_company.h"
+#include "support/opened.h"
 
 namespace kt7::payroll {
 

@@ -29,7 +29,7 @@ double yearTax(double net) {
 /// What the year's slips of an employee add up to, counted here.
 struct Year {
   std::string type;
-  double income = 0, socialSecurity = 0, fund = 0, tax = 0, net = 0;
+  double income = 0, socialSecurity = 0, fund = 0, tax = 0;
 };
 
 class Year2026 : public PaidCompany {
@@ -44,9 +44,6 @@ class Year2026 : public PaidCompany {
         if (item.kind == "STAX") year.socialSecurity += amount;
         if (item.kind == "SFUND") year.fund += amount;
         if (item.kind == "PTAX") year.tax += amount;
-        if (item.counts != Counts::Accumulation) {
-          year.net += item.counts == Counts::Income ? amount : -amount;
-        }
       }
     }
   }
@@ -60,8 +57,8 @@ class Year2026 : public PaidCompany {
       if (month == 6) rows.push_back(input("E0012", "2026-06-15", "BONUS", "", "50000"));
       if (month == 12) rows.push_back(input("E0003", "2026-12-31", "BONUS", "", "90000"));
       if (month == 7) {
-        OwnConnection connection(platform_, connectionString);
-        connection->Execute("UPDATE KT7TEmployee SET TEmpSalary=47500.25 WHERE TEmpCode='E0002'");
+        test::execute(connectionString,
+                      "UPDATE KT7TEmployee SET TEmpSalary=47500.25 WHERE TEmpCode='E0002'");
       }
       year.push_back(payIn(connectionString, month, rows));
       EXPECT_TRUE(year.back().failures.empty() && year.back().reasons.empty()) << month;
@@ -73,7 +70,8 @@ class Year2026 : public PaidCompany {
   /// The rows of a table without their ids, which engines give as they like.
   std::vector<std::string> rowsOf(const std::string& connectionString, const schema::Table& table) {
     std::vector<std::string> rows;
-    OwnConnection connection(platform_, connectionString);
+    const auto connection = data::createConnection();
+    connection->Open(connectionString);
     schema::dumpTable(*connection, table, schema::RowIds::LeftOut,
                       [&](std::string_view line) { rows.emplace_back(line); });
     std::ranges::sort(rows);
@@ -128,19 +126,6 @@ TEST_F(Year2026, WithheldTaxIsTheYearsTax) {
     ++checked;
   }
   EXPECT_EQ(checked, 23);
-
-  // What the balances of the year hold is what the slips paid.
-  for (const auto& [code, year] : years_) {
-    const auto balance = lines(
-        "SELECT ROUND(SUM(TEATAddTotal),2)||'|'||ROUND(SUM(TEATCutTAX),2)||'|'||"
-        "ROUND(SUM(TEATNetTotal),2) AS line FROM KT7TEmpAmassType WHERE TEATTEmpCode='" +
-        code + "'");
-    double income = 0, tax = 0, net = 0;
-    ASSERT_EQ(std::sscanf(balance.front().c_str(), "%lf|%lf|%lf", &income, &tax, &net), 3);
-    EXPECT_NEAR(income, year.income, 0.001) << code;
-    EXPECT_NEAR(tax, year.tax, 0.001) << code;
-    EXPECT_NEAR(net, year.net, 0.001) << code;
-  }
 
   expectTheSameOnTheEmbeddedEngine();
 

@@ -1,7 +1,5 @@
 #include "support/company.h"
 
-#include "support/opened.h"
-
 namespace kt7::test {
 
 namespace {
@@ -30,21 +28,30 @@ Company::Company(const char* now)
   hostData_.OpenConnection();
 }
 
-void Company::run(const std::string& sql) {
-  OwnConnection connection(host_, connectionString());
+void execute(const std::string& connectionString, const std::string& sql) {
+  const auto connection = data::createConnection();
+  connection->Open(connectionString);
   connection->Execute(sql);
-  connection.close();
+  connection->Close();
 }
 
-std::vector<std::string> Company::rows(const std::string& sql) {
-  OwnConnection connection(host_, connectionString());
-  OpenRecordset result(host_, "SELECT " + sql, *connection);
+std::vector<std::string> linesOf(const std::string& connectionString, const std::string& query) {
+  const auto connection = data::createConnection();
+  connection->Open(connectionString);
+  const auto rows = data::createRecordset();
+  rows->Open(query, *connection, ado::kStatic, ado::kReadOnly);
   std::vector<std::string> lines;
-  for (; !result->Eof(); result->MoveNext()) {
-    const Value line = result->get("line");
+  for (; !rows->Eof(); rows->MoveNext()) {
+    const Value line = rows->get("line");
     lines.push_back(line.isNull() ? "-" : plainNumbers(line.toText()));
   }
   return lines;
+}
+
+void Company::run(const std::string& sql) { execute(connectionString(), sql); }
+
+std::vector<std::string> Company::rows(const std::string& sql) {
+  return linesOf(connectionString(), "SELECT " + sql);
 }
 
 }  // namespace kt7::test

@@ -21,6 +21,11 @@ void makeEmptyCompany(const TemporaryDatabase& database);
 /// Makes the sample company.
 void makeSampleCompany(const TemporaryDatabase& database);
 
+/// Runs a statement on a connection of its own.
+void execute(const std::string& connectionString, const std::string& sql);
+/// The column "line" of every row as text, null as "-".
+std::vector<std::string> linesOf(const std::string& connectionString, const std::string& query);
+
 /// An empty company in a database of its own, the library on it, and every step it takes.
 class Company {
  public:

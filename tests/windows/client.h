@@ -71,5 +71,11 @@ void testMessages();
 void testSelfCalls();
 void testLifetimes(const Library& library);
 void testThreads();
+void testDatabase2Lifetimes(const Library& library, const std::string& database);
+
+/// Makes every call of the list and compares with what the native library answered on the same
+/// database, a line a call in both files. Answers the number of checks.
+int testAnswers(const std::string& callsFile, const std::string& answersFile,
+                const std::string& connectionString);
 
 }  // namespace kt7::client

@@ -1,12 +1,12 @@
-// A compiled client of KT7HRLib.dll. Ends with the line "N passed, M failed".
-//   client shell DLL                                       all that needs no database
-//   client early|late REQUESTS ANSWERS CONNECTION_STRING   every operation, against the answers of
-//                                                          kt7hr rpc
+// A compiled client of the automation components. Ends with the line "N passed, M failed".
+//   kt7client shell DLL                                 all that needs no database
+//   kt7client calls REQUESTS ANSWERS CONNECTION_STRING  every operation, against the answers of
+//                                                       kt7hr rpc
+//   kt7client lifetimes DLL DATABASE                    what is left of KT7Database2's objects
 
 #include <cstdio>
 #include <string>
 
-#include "answers.h"
 #include "checks.h"
 #include "client.h"
 #include "fronts/com/automation/text.h"
@@ -15,7 +15,8 @@ namespace {
 
 using namespace kt7::client;
 
-constexpr int kShellChecks = 540;
+constexpr int kShellChecks = 496;
+constexpr int kLifetimeChecks = 20;
 
 void testShell(const std::string& path) {
   const Library library(kt7::automation::toWide(path));
@@ -40,11 +41,14 @@ int main(int count, char** arguments) {
   int expected = kShellChecks;
   if (what == "shell" && count == 3) {
     testShell(arguments[2]);
-  } else if ((what == "early" || what == "late") && count == 5) {
-    expected = testAnswers(what == "early" ? Binding::Early : Binding::Late, arguments[2],
-                           arguments[3], arguments[4]);
+  } else if (what == "calls" && count == 5) {
+    expected = testAnswers(arguments[2], arguments[3], arguments[4]);
+  } else if (what == "lifetimes" && count == 4) {
+    testDatabase2Lifetimes(Library(kt7::automation::toWide(arguments[2])), arguments[3]);
+    expected = kLifetimeChecks;
   } else {
-    std::printf("client shell DLL | client early|late REQUESTS ANSWERS CONNECTION_STRING\n");
+    std::puts(
+        "kt7client shell DLL | calls REQUESTS ANSWERS CONNECTION_STRING | lifetimes DLL DATABASE");
     return 2;
   }
   const int status = summary(expected);
