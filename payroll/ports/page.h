@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <vector>
 
+#include <kt7/payroll/slip.h>
+#include "payroll/facts/employee.h"
 #include "payroll/facts/slip_period.h"
 
 namespace kt7::payroll {

@@ -88,7 +88,7 @@ TEST_F(Renaming, PaidAgainUnderACodeAheadCountsOnce) {
   // While the page behind the employee's is read.
   Interruption meanwhile = at("TEpSTEmpCode IN ('Z", [&] { rename("E0006", "ZZ006"); });
   Told told;
-  payAlone(told, {Month(2026, 1), "", {}}, meanwhile);
+  told.outcome = payAlone(told, {Month(2026, 1), "", {}}, meanwhile);
   EXPECT_EQ(told.slipsOf("E0006") + told.slipsOf("ZZ006"), 1);
   EXPECT_EQ(told.outcome.paid, count("KT7TEmpSlipDoc"));
   EXPECT_EQ(told.slips.size(), static_cast<std::size_t>(told.outcome.paid));
