@@ -6,9 +6,9 @@
 #include "profile/salary_rules.h"
 #include "rates/day_rate.h"
 #include "records/organisation_text.h"
+#include "support/raises.h"
 #include "tax/brackets.h"
 #include "tax/income_tax_rules.h"
-#include "support/raises.h"
 
 namespace kt7 {
 namespace {
