@@ -6,7 +6,7 @@
 #include "payroll/api/store_worker.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/share/shared_run.h"
-#include "payroll/work/pay_run.h"
+#include "payroll/workers/pay_run.h"
 
 namespace kt7::payroll {
 

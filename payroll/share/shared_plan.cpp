@@ -17,7 +17,7 @@
 #include "payroll/retry/wait_notice.h"
 #include "payroll/share/part_lease.h"
 #include "payroll/share/run_fingerprint.h"
-#include "payroll/work/month_end.h"
+#include "payroll/workers/month_end.h"
 
 namespace kt7::payroll {
 

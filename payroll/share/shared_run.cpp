@@ -4,10 +4,10 @@
 #include <kt7/payroll/run_errors.h>
 #include "payroll/share/shared_progress.h"
 #include "payroll/share/shared_worker.h"
-#include "payroll/work/month_end.h"
-#include "payroll/work/report_queue.h"
-#include "payroll/work/threads.h"
-#include "payroll/work/told_slips.h"
+#include "payroll/workers/month_end.h"
+#include "payroll/workers/report_queue.h"
+#include "payroll/workers/threads.h"
+#include "payroll/workers/told_slips.h"
 
 namespace kt7::payroll {
 

@@ -12,7 +12,7 @@
 #include "payroll/ports/run_services.h"
 #include "payroll/post/slip_change.h"
 #include "payroll/post/slip_numbers.h"
-#include "payroll/work/month_end.h"
+#include "payroll/workers/month_end.h"
 
 namespace kt7::payroll {
 

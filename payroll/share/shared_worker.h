@@ -9,8 +9,8 @@
 #include "payroll/retry/wait_notice.h"
 #include "payroll/share/part_lease.h"
 #include "payroll/share/shared_plan.h"
-#include "payroll/work/report_queue.h"
-#include "payroll/work/worker_threads.h"
+#include "payroll/workers/report_queue.h"
+#include "payroll/workers/worker_threads.h"
 
 namespace kt7::payroll {
 

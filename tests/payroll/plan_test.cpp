@@ -5,7 +5,7 @@
 #include "paid_company.h"
 #include "payroll/api/store_worker.h"
 #include "payroll/ports/run_services.h"
-#include "payroll/work/pay_run.h"
+#include "payroll/workers/pay_run.h"
 
 namespace kt7::payroll {
 

@@ -1,7 +1,7 @@
-#include "payroll/work/worker_threads.h"
+#include "payroll/workers/worker_threads.h"
 
 #include "payroll/ports/run_services.h"
-#include "payroll/work/threads.h"
+#include "payroll/workers/threads.h"
 
 namespace kt7::payroll {
 

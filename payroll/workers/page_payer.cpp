@@ -1,4 +1,4 @@
-#include "payroll/work/page_payer.h"
+#include "payroll/workers/page_payer.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "payroll/work/month_end.h"
+#include "payroll/workers/month_end.h"
 
 #include <kt7/payroll/run_listener.h>
 #include "payroll/facts/slip_period.h"

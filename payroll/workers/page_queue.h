@@ -10,7 +10,7 @@
 #include "payroll/month/month_plan.h"
 #include "payroll/ports/run_services.h"
 #include "payroll/post/report.h"
-#include "payroll/work/page_numbers.h"
+#include "payroll/workers/page_numbers.h"
 
 namespace kt7::payroll {
 

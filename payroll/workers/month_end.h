@@ -2,7 +2,7 @@
 
 #include <kt7/payroll/run_listener.h>
 #include "payroll/ports/run_services.h"
-#include "payroll/work/worker_threads.h"
+#include "payroll/workers/worker_threads.h"
 
 namespace kt7::payroll {
 

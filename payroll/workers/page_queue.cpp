@@ -1,4 +1,4 @@
-#include "payroll/work/page_queue.h"
+#include "payroll/workers/page_queue.h"
 
 #include <algorithm>
 #include <utility>

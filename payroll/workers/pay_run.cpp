@@ -1,11 +1,11 @@
-#include "payroll/work/pay_run.h"
+#include "payroll/workers/pay_run.h"
 
 #include <kt7/payroll/run_errors.h>
 #include "payroll/facts/slip_period.h"
 #include "payroll/month/competing_runs.h"
-#include "payroll/work/month_end.h"
-#include "payroll/work/told_slips.h"
-#include "payroll/work/worker_threads.h"
+#include "payroll/workers/month_end.h"
+#include "payroll/workers/told_slips.h"
+#include "payroll/workers/worker_threads.h"
 
 namespace kt7::payroll {
 

@@ -1,4 +1,4 @@
-#include "payroll/work/page_numbers.h"
+#include "payroll/workers/page_numbers.h"
 
 #include <algorithm>
 

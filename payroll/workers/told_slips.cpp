@@ -1,4 +1,4 @@
-#include "payroll/work/told_slips.h"
+#include "payroll/workers/told_slips.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "payroll/ports/run_services.h"
-#include "payroll/work/page_payer.h"
-#include "payroll/work/page_queue.h"
+#include "payroll/workers/page_payer.h"
+#include "payroll/workers/page_queue.h"
 
 namespace kt7::payroll {
 
