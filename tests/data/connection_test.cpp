@@ -301,7 +301,10 @@ TEST_F(ConnectionTest, ALostConnectionIsSaidAndNotUsedAgain) {
       ADD_FAILURE() << "a dead connection answered";
     } catch (const Error& error) {
       EXPECT_EQ(error.number(), error_number::kConnectionFailed) << error.what();
-      EXPECT_EQ(error.cause().sqlState, kOutcomeUnknown) << error.what();
+      // The client may see that the server is gone before it sends anything: then nothing ran.
+      constexpr std::int32_t kMysqlServerGone = 2006;
+      const bool neverSent = error.cause().nativeCode == kMysqlServerGone;
+      EXPECT_EQ(error.cause().sqlState, neverSent ? "08006" : kOutcomeUnknown) << error.what();
     }
     victim->Close();
     EXPECT_NO_THROW(victim->Open(connectionString()));
