@@ -41,6 +41,7 @@ void reportLostInput(const MonthPlan& plan, RunServices& services, PagePayer& pa
     std::map<std::string, std::int32_t> gone;
     for (; next != entered.end() && gone.size() < kEmployeesAtOnce; ++next) gone.insert(*next);
     std::vector<std::string> codes;
+    codes.reserve(gone.size());
     for (const auto& [code, payDate] : gone) codes.push_back(code);
     const auto standing = payer.retryOnLoss([&] { return services.company.employees(codes); });
     for (const Employee& employee : standing) gone.erase(employee.code);
