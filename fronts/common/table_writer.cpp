@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <ranges>
 
 #include "base/text.h"
 #include "fronts/common/display_text.h"
@@ -101,7 +100,8 @@ void TableWriter::makeRoom(std::vector<Place>& places) const {
     last.end = last.begin + displayWidth(last.text);
   }
   int room = last.end;
-  for (Place& place : std::views::reverse(places)) {
+  for (auto at = places.rbegin(); at != places.rend(); ++at) {
+    Place& place = *at;
     place.end = std::min(place.end, room);
     const int width = displayWidth(place.text);
     const int needed = place.least > 0 ? std::min(width, place.least) : width;

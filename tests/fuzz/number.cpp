@@ -12,7 +12,7 @@ void isReadAsWritten(double number) {
   char digits[32];
   const std::string written(digits, std::to_chars(digits, std::end(digits), number).ptr);
   require(std::isfinite(number), "a number is finite");
-  require(host::numberInText(written) == number, "a number reads as it was written", written);
+  require(roles::numberInText(written) == number, "a number reads as it was written", written);
   require(Value(written).toDouble() == number, "a value reads as it was written", written);
   // A joined text keeps 15 digits at least; what it keeps it keeps for good.
   const std::string joined = Value(number).toText();
@@ -32,7 +32,7 @@ void isNearest(Currency amount, const std::string& text) {
 
 void enter(std::string_view given) {
   const std::string text(given);
-  if (const auto number = unlessRefused([&] { return host::numberInText(text); })) {
+  if (const auto number = unlessRefused([&] { return roles::numberInText(text); })) {
     isReadAsWritten(*number);
   }
   if (const auto number = unlessRefused([&] { return Value(text).toDouble(); })) {
