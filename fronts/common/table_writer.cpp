@@ -100,8 +100,8 @@ void TableWriter::makeRoom(std::vector<Place>& places) const {
     last.end = last.begin + displayWidth(last.text);
   }
   int room = last.end;
-  for (auto at = places.rbegin(); at != places.rend(); ++at) {
-    Place& place = *at;
+  for (std::size_t i = places.size(); i-- > 0;) {
+    Place& place = places[i];
     place.end = std::min(place.end, room);
     const int width = displayWidth(place.text);
     const int needed = place.least > 0 ? std::min(width, place.least) : width;

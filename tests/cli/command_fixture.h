@@ -34,6 +34,7 @@ inline Outcome kt7hr(std::vector<std::string> words, std::istream& in, Terminal 
   unsetenv("KT7HR_DB");
   words.insert(words.begin(), "kt7hr");
   std::vector<const char*> argv;
+  argv.reserve(words.size());
   for (const std::string& word : words) argv.push_back(word.c_str());
   std::ostringstream out, err;
   Console console{in, out, err, terminal.out, terminal.err, terminal.in};

@@ -62,17 +62,16 @@ TEST_F(Texts, ThatOneEngineWouldRefuseComeInNowhere) {
 
 TEST_F(Texts, ThatStandThereReachNoTerminalRaw) {
   std::string all = "Z";
-  for (const std::string& obeyed : kObeyed) all += obeyed + "|";
-  for (const std::string& sql :
-       {"UPDATE KT7TEmployee SET TEmpFirstName='" + all + "', TEmpCode=TEmpCode||'" + all +
-            "' WHERE TEmpCode<'E0003'",
-        "UPDATE KT7TEmployee SET TEmpSignDate=NULL, TEmpCode='E" + all + "' WHERE TEmpCode='E0032'",
-        "UPDATE KT7TEmployee2 SET TEm2TEmpCode=TEm2TEmpCode||'" + all +
-            "' WHERE TEm2TEmpCode<'E0003'",
-        "UPDATE KT7TUser SET TUsrName='" + all + "'",
-        "INSERT INTO KT7TUserRight (TUsRTUsrID, TUsRKey) VALUES (7, '" + all + "')"}) {
-    execute(sql);
-  }
+  for (const std::string& obeyed : kObeyed) all.append(obeyed).append("|");
+  const std::vector<std::string> statements{
+      "UPDATE KT7TEmployee SET TEmpFirstName='" + all + "', TEmpCode=TEmpCode||'" + all +
+          "' WHERE TEmpCode<'E0003'",
+      "UPDATE KT7TEmployee SET TEmpSignDate=NULL, TEmpCode='E" + all + "' WHERE TEmpCode='E0032'",
+      "UPDATE KT7TEmployee2 SET TEm2TEmpCode=TEm2TEmpCode||'" + all +
+          "' WHERE TEm2TEmpCode<'E0003'",
+      "UPDATE KT7TUser SET TUsrName='" + all + "'",
+      "INSERT INTO KT7TUserRight (TUsRTUsrID, TUsRKey) VALUES (7, '" + all + "')"};
+  for (const std::string& sql : statements) execute(sql);
   const std::string code = "E0001" + all;
   for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
            {"payroll", "--month", "2026-01"},

@@ -223,9 +223,12 @@ TEST_F(Month2026, WhateverStandsInACodeIsPaidAsAnyOther) {
   sql("DELETE FROM KT7TEmpSlipPeriod");
   for (const std::string table : {"KT7TEmployee SET TEmpCode", "KT7TEmployee2 SET TEm2TEmpCode"}) {
     const std::string column = table.substr(table.find("SET ") + 4);
-    sql("UPDATE " + table + "='E#$2026-01-31#$' WHERE " + column + "='E0005'");
-    sql("UPDATE " + table + "='E#$#$' WHERE " + column + "='E0007'");
-    sql("UPDATE " + table + "='E\x1b[2J#$' WHERE " + column + "='E0016'");
+    for (const auto& [to, from] :
+         {std::pair{"E#$2026-01-31#$", "E0005"}, {"E#$#$", "E0007"}, {"E\x1b[2J#$", "E0016"}}) {
+      std::string text = "UPDATE ";
+      text.append(table).append("='").append(to).append("' WHERE ");
+      sql(text.append(column).append("='").append(from).append("'"));
+    }
   }
   sql("UPDATE KT7TEmployeeType SET TEmTCode='M#$2026-01-31#$' WHERE TEmTCode='M2'");
   sql("UPDATE KT7TEmployee SET TEmpTEmTCode='M#$2026-01-31#$' WHERE TEmpTEmTCode='M2'");

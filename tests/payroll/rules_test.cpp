@@ -164,6 +164,7 @@ TEST(Input, EveryBadRowIsNamedWithItsLine) {
       {{"E1", "2026-01-31", "SALARY", "", "1"}, "reckoned by the pay run"},
       {{"", "", "", "", ""}, "4 cells"}};
   std::vector<InputRow> rows;
+  rows.reserve(cases.size());
   for (const InputCase& c : cases) {
     rows.push_back({static_cast<int>(rows.size()) + 2, c.cells[0], c.cells[1], c.cells[2],
                     c.cells[3], c.cells[4], ""});

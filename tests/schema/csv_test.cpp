@@ -58,8 +58,8 @@ TEST(CsvReader, RowsMayLieAcrossBlocks) {
   std::string rows;
   for (int line = 1; line <= 20000; ++line) {
     const std::string number = std::to_string(line);
-    text += number + ",\"x" + number + "\"\n";
-    rows += number + ":" + number + "|x" + number + "/";
+    text.append(number).append(",\"x").append(number).append("\"\n");
+    rows.append(number).append(":").append(number).append("|x").append(number).append("/");
   }
   EXPECT_EQ(readAll(text), rows);
 }
